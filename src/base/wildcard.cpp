@@ -33,7 +33,7 @@ Folded foldedAt(std::string_view text, std::size_t position) {
 std::u32string compile(std::string_view mask) {
     const std::size_t last = mask.find_last_not_of(". ");
     if (last == std::string_view::npos) return {};
-    const bool droppedDot = mask.find('.', last + 1) != std::string_view::npos;
+    const bool closingDot = mask.back() == '.';
     mask = mask.substr(0, last + 1);
 
     std::u32string tokens;
@@ -41,13 +41,7 @@ std::u32string compile(std::string_view mask) {
         const char c = mask[i];
         const char next = i + 1 < mask.size() ? mask[i + 1] : '\0';
         if (c == '*') {
-            // "*.*" is "*": the dot may be the end.
-            const std::size_t n = tokens.size();
-            if (n >= 2 && tokens[n - 1] == dotOrEnd && tokens[n - 2] == star) {
-                tokens.pop_back();
-            } else if (n == 0 || tokens.back() != star) {
-                tokens += star;
-            }
+            if (tokens.empty() || tokens.back() != star) tokens += star;
             ++i;
         } else if (c == '?') {
             tokens += one;
@@ -61,7 +55,11 @@ std::u32string compile(std::string_view mask) {
             i += folded.size;
         }
     }
-    if (droppedDot && tokens.back() == star) tokens.back() = starNoDot;
+    // "*.*" is "*": the dot may be the end.
+    std::size_t n = tokens.size();
+    while (n >= 3 && tokens[n - 1] == star && tokens[n - 2] == dotOrEnd && tokens[n - 3] == star) n -= 2;
+    tokens.resize(n);
+    if (closingDot && tokens.back() == star) tokens.back() = starNoDot;
     return tokens;
 }
 
