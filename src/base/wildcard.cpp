@@ -30,6 +30,10 @@ Folded foldedAt(std::string_view text, std::size_t position) {
     return {c.valid ? upperCharacter(c.value) : rawByte + c.value, c.size};
 }
 
+bool isStar(char32_t token) {
+    return token == star || token == starNoDot;
+}
+
 std::u32string compile(std::string_view mask) {
     const std::size_t last = mask.find_last_not_of(". ");
     if (last == std::string_view::npos) return {};
@@ -41,7 +45,7 @@ std::u32string compile(std::string_view mask) {
         const char c = mask[i];
         const char next = i + 1 < mask.size() ? mask[i + 1] : '\0';
         if (c == '*') {
-            if (tokens.empty() || tokens.back() != star) tokens += star;
+            tokens += star;
             ++i;
         } else if (c == '?') {
             tokens += one;
@@ -55,12 +59,17 @@ std::u32string compile(std::string_view mask) {
             i += folded.size;
         }
     }
-    // "*.*" is "*": the dot may be the end.
-    std::size_t n = tokens.size();
-    while (n >= 3 && tokens[n - 1] == star && tokens[n - 2] == dotOrEnd && tokens[n - 3] == star) n -= 2;
-    tokens.resize(n);
     if (closingDot && tokens.back() == star) tokens.back() = starNoDot;
-    return tokens;
+
+    // What a star in front can take over: further stars, and at the end of the mask ".*", since the dot may be the end.
+    std::u32string shorter;
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        const bool afterStar = !shorter.empty() && shorter.back() == star;
+        const bool closingDotStar = i + 2 == tokens.size() && tokens[i] == dotOrEnd && isStar(tokens[i + 1]);
+        if (afterStar && closingDotStar) break;
+        if (!afterStar || !isStar(tokens[i])) shorter += tokens[i];
+    }
+    return shorter;
 }
 
 bool isAscii(char32_t token) {
