@@ -1,0 +1,110 @@
+#include "settings/modLanguage.h"
+
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+#include "base/numbers.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "forms/simple_controls.h"
+#include "settings/caption_table.h"
+#include "settings/file_list.h"
+#include "settings/modFormINI.h"
+
+namespace tidvane::settings {
+
+namespace {
+
+// The index takes the first three signs of a line, the fourth is never looked at.
+constexpr std::size_t kIndexLength = 3;
+constexpr std::size_t kTextStart = 4;
+
+// Takes the next line off. CR or CR LF ends a line; a lone LF belongs to the text.
+std::string_view takeLine(std::string_view& rest) {
+    const std::size_t end = rest.find('\r');
+    const std::string_view line = rest.substr(0, end);
+    if (end == std::string_view::npos) {
+        rest = {};
+    } else {
+        const bool pair = end + 1 < rest.size() && rest[end + 1] == '\n';
+        rest.remove_prefix(end + (pair ? 2 : 1));
+    }
+    return line;
+}
+
+void storeLine(Program& program, std::string_view line) {
+    if (line.find_first_not_of(" \t") == std::string_view::npos || line.front() == ';') return;
+    const double number = base::roundHalfEven(base::val(line.substr(0, kIndexLength)));
+    if (!(number >= 0 && number < LangTable::kSize)) return;
+    std::string text(line.size() > kTextStart ? line.substr(kTextStart) : std::string_view());
+    for (char& sign : text) {
+        if (sign == '_') sign = '\r';
+    }
+    program.LangText.set(static_cast<int>(number), program.codePage().toUtf8(text));
+}
+
+void assign(forms::Control& control, const CaptionRow& row, const std::string& text) {
+    switch (row.slot) {
+        case CaptionSlot::Caption:
+            control.Caption = text;
+            break;
+        case CaptionSlot::Tip:
+            control.ToolTipText = text;
+            break;
+        case CaptionSlot::Tab:
+            if (control.kind == forms::ControlKind::TabStrip) {
+                auto& strip = static_cast<forms::TabStrip&>(control);
+                if (row.tab < strip.Tabs()) strip.setTabCaption(row.tab, text);
+            }
+            break;
+    }
+}
+
+}  // namespace
+
+std::span<const CaptionRow> captionRows() {
+    return kCaptionRows;
+}
+
+void ApplyLanguage(Program& program) {
+    for (const CaptionRow& row : kCaptionRows) {
+        // A window whose load handler is running is found as it is. The options window loads the files again in its own
+        // handler and so comes here a second time, inside the first: both passes run whole.
+        forms::Form* form = program.windows.get(row.window);
+        if (form == nullptr) continue;
+        if (forms::Control* control = form->control(row.control)) assign(*control, row, program.LangText(row.text));
+    }
+}
+
+int LoadLanguageFile(Program& program, const std::string& path) {
+    if (!plainFileExists(program, path)) return 1;
+    std::string bytes;
+    // Ignored on purpose: a file that cannot be read counts as one without entries.
+    (void)program.platform.files.ReadFileBytes(path, bytes);
+    for (std::string_view rest = bytes; !rest.empty();) storeLine(program, takeLine(rest));
+    try {
+        ApplyLanguage(program);
+    } catch (const base::RuntimeError&) {
+        // A window that could not be loaded ends the pass; the language file was read all the same.
+    }
+    return 0;
+}
+
+void LoadAllLanguageFiles(Program& program) {
+    forms::Form* main = program.windows.get("frmMain");
+    forms::Control* control = main == nullptr ? nullptr : main->control("File1");
+    forms::Form withoutMain("withoutMain");
+    forms::FileList ownList(withoutMain, "File1");
+    auto& list = control != nullptr && control->kind == forms::ControlKind::FileList
+                     ? static_cast<forms::FileList&>(*control)
+                     : ownList;
+    list.Path = program.programFolder();
+    list.Pattern = "*.lng";
+    refreshFileList(program, list);
+    // A copy: a load handler on the way fills the list anew.
+    const std::vector<std::string> names = list.List;
+    for (const std::string& name : names) (void)LoadLanguageFile(program, program.inProgramFolder(name));
+}
+
+}  // namespace tidvane::settings
