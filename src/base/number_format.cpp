@@ -88,7 +88,7 @@ class Writer {
 public:
     Writer(const Section& section, Decimal number, bool showSign, const Locale& locale)
         : section_(section), locale_(locale) {
-        number.point += 2 * section.percents - 3 * section.thousandsDropped;
+        if (!number.isZero()) number.point += 2 * section.percents - 3 * section.thousandsDropped;
         number.roundHalfAway(section.fractionPlaces);
         integer_ = number.integerPart();
         const auto fewest = static_cast<std::size_t>(section.fewestInteger);

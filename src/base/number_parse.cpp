@@ -8,6 +8,8 @@ namespace tidvane::base {
 
 namespace {
 
+// Halfway from the largest single to the next power of two: from here on a double rounds to infinity.
+constexpr double kSingleLimit = 0x1.ffffffp127;
 constexpr int kExponentLimit = 99999;  // larger ones are as good as this
 
 struct Scanned {
@@ -91,6 +93,7 @@ private:
 
     bool exponent() {
         if (rest_.empty() || std::string_view("EeDd").find(rest_.front()) == std::string_view::npos) return true;
+        if (currency_) return false;  // "$1E9" is no number, "1E9$" is one
         rest_.remove_prefix(1);
         const bool negative = startsWith('-');
         if (negative || startsWith('+')) rest_.remove_prefix(1);
@@ -201,8 +204,17 @@ std::optional<std::int32_t> toInt32(std::string_view text, const Locale& locale)
 
 std::optional<float> toSingle(std::string_view text, const Locale& locale) {
     const std::optional<double> value = parseNumber(text, locale);
-    if (!value || std::fabs(*value) > static_cast<double>(std::numeric_limits<float>::max())) return std::nullopt;
-    return static_cast<float>(*value);
+    if (!value || std::fabs(*value) >= kSingleLimit) return std::nullopt;
+    const auto single = static_cast<float>(*value);
+    if (single == 0.0F && *value != 0.0)
+        return std::nullopt;  // too small is out of range as well, in the system's terms
+    return single;
+}
+
+std::optional<Currency> toCurrency(std::string_view text, const Locale& locale) {
+    const std::optional<Scanned> scanned = Scanner(text, locale).scan();
+    if (!scanned || scanned->bitPattern) return std::nullopt;  // "&H1F" is no amount
+    return Currency::fromDouble(scanned->value);
 }
 
 }  // namespace tidvane::base

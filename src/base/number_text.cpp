@@ -18,10 +18,11 @@ std::string written(const Decimal& number, int fractionDigits, const Locale& loc
     return text;
 }
 
-std::string exponentForm(const Decimal& number, const Locale& locale) {
+// Written with a point in every locale: intended, the system does not translate this form.
+std::string exponentForm(const Decimal& number) {
     std::string text = number.negative ? "-" : "";
     text += number.digits[0];
-    if (number.digits.size() > 1) text += locale.decimal + number.digits.substr(1);
+    if (number.digits.size() > 1) text += "." + number.digits.substr(1);
     const int exponent = number.point - 1;
     const std::string figures = std::to_string(std::abs(exponent));
     return text + (exponent < 0 ? "E-" : "E+") + (figures.size() < 2 ? "0" : "") + figures;
@@ -30,9 +31,9 @@ std::string exponentForm(const Decimal& number, const Locale& locale) {
 std::string realText(double value, int significantDigits, const Locale& locale) {
     if (std::isnan(value)) return "-1.#IND";
     if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
-    Decimal number = Decimal::fromDouble(value, significantDigits);
+    const Decimal number = Decimal::fromDouble(value, significantDigits);
     if (number.isZero()) return "0";  // a negative zero loses its sign
-    if (number.point > significantDigits || number.point < -kMostLeadingZeros) return exponentForm(number, locale);
+    if (number.point > significantDigits || number.point < -kMostLeadingZeros) return exponentForm(number);
     return written(number, static_cast<int>(number.digits.size()) - number.point, locale);
 }
 

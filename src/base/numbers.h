@@ -34,6 +34,7 @@ bool isNumeric(std::string_view text, const Locale& locale);
 std::optional<std::int16_t> toInt16(std::string_view text, const Locale& locale);
 std::optional<std::int32_t> toInt32(std::string_view text, const Locale& locale);
 std::optional<float> toSingle(std::string_view text, const Locale& locale);
+std::optional<Currency> toCurrency(std::string_view text, const Locale& locale);  // &H and &O are not read
 
 // The leading number of a text: blanks, tabs and line feeds are skipped anywhere, only "." is a decimal point, &H and &O
 // start hexadecimal and octal, and reading stops at the first sign that cannot belong. Nothing read gives 0.
