@@ -1,0 +1,90 @@
+#include "platform/machine/file_attributes.h"
+
+#include <fcntl.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <charconv>
+#include <cstdlib>
+
+#include "platform/file_system.h"
+#include "platform/machine/directory_handle.h"
+#include "platform/machine/tree_removal.h"
+
+namespace tidvane::platform::machine {
+
+namespace {
+
+constexpr const char* kStored = "user.DOSATTRIB";
+constexpr unsigned kStoredBits = attribute::Hidden | attribute::System | attribute::Archive;
+
+// There is no call that reads an extended attribute below a directory handle on the kernels in use.
+std::string handlePath(int handle) {
+    return "/proc/self/fd/" + std::to_string(handle);
+}
+
+Status storeAttributes(int parent, const std::string& name, unsigned bits) {
+    const Handle handle(::openat(parent, name.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+    if (!handle) return statusOf(errno);
+    const std::string path = handlePath(handle.get());
+    if (bits == 0) {
+        const bool gone = ::removexattr(path.c_str(), kStored) == 0 || errno == ENODATA || errno == ENOTSUP;
+        return gone ? Status::Ok : statusOf(errno);
+    }
+    char text[16] = "0x";
+    char* const end = std::to_chars(text + 2, text + sizeof text, bits, 16).ptr;
+    if (::setxattr(path.c_str(), kStored, text, static_cast<std::size_t>(end - text), 0) == 0) return Status::Ok;
+    // A volume without extended attributes: an archive bit may get lost, a hidden file may not become a visible one.
+    if (errno == ENOTSUP && bits == attribute::Archive) return Status::Ok;
+    return errno == ENOTSUP ? Status::Failed : statusOf(errno);
+}
+
+}  // namespace
+
+unsigned storedAttributes(int parent, const std::string& name) {
+    char text[32];
+    const ssize_t length = ::lgetxattr((handlePath(parent) + "/" + name).c_str(), kStored, text, sizeof text - 1);
+    if (length < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return 0;
+    unsigned bits = 0;
+    (void)std::from_chars(text + 2, text + length, bits, 16);
+    return bits & kStoredBits;
+}
+
+bool linksToFolder(int parent, const std::string& name) {
+    struct stat target {};
+    return ::fstatat(parent, name.c_str(), &target, AT_NO_AUTOMOUNT) == 0 && S_ISDIR(target.st_mode);
+}
+
+unsigned attributesOf(int parent, const std::string& name, const struct stat& info) {
+    if (S_ISLNK(info.st_mode)) {
+        return attribute::ReparsePoint | (parent >= 0 && linksToFolder(parent, name) ? attribute::Directory : 0u);
+    }
+    unsigned bits = S_ISDIR(info.st_mode) ? attribute::Directory : 0u;
+    if (isReadOnlyMode(info.st_mode)) bits |= attribute::ReadOnly;
+    if (parent >= 0 && (S_ISREG(info.st_mode) || S_ISDIR(info.st_mode))) bits |= storedAttributes(parent, name);
+    return bits == 0 ? attribute::Normal : bits;
+}
+
+Status changeAttributes(int parent, const std::string& name, const struct stat& info, unsigned attributes) {
+    if (!S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode)) return Status::Denied;
+    const bool readOnly = (attributes & attribute::ReadOnly) != 0;
+    const unsigned stored = storedAttributes(parent, name);
+    const unsigned wanted = attributes & kStoredBits;
+    const mode_t mode = info.st_mode & 07777;
+    // Made writable first and read-only last: on a read-only file the extended attribute cannot be changed.
+    if (!readOnly && isReadOnlyMode(mode) &&
+        ::fchmodat(parent, name.c_str(), mode | S_IWUSR, AT_SYMLINK_NOFOLLOW) != 0) {
+        return statusOf(errno);
+    }
+    if (stored != wanted) {
+        if (const Status status = storeAttributes(parent, name, wanted); !ok(status)) return status;
+    }
+    if (readOnly && !isReadOnlyMode(mode) &&
+        ::fchmodat(parent, name.c_str(), mode & ~mode_t{0222}, AT_SYMLINK_NOFOLLOW) != 0) {
+        return statusOf(errno);
+    }
+    return Status::Ok;
+}
+
+}  // namespace tidvane::platform::machine
