@@ -74,6 +74,8 @@ Status parseWindowsPath(std::string_view path, WindowsPath& parsed) {
             if (rest.empty() && onlyBlanksAndDots(name)) parsed.emptyLastPart = true;
         }
     }
+    // "C:\x\.." has come back to the root, which has no last part.
+    if (parsed.names.empty()) parsed.emptyLastPart = true;
     return Status::Ok;
 }
 

@@ -12,7 +12,8 @@ namespace tidvane::platform {
 struct WindowsPath {
     std::string root;                // "C:" (upper case) or "\\server\share"
     std::vector<std::string> names;  // below the root, as they were spelled; none of them is ".", ".." or empty
-    bool emptyLastPart = false;      // there was nothing, or blanks and dots alone, behind the last separator
+    bool emptyLastPart =
+        false;  // there was nothing, or blanks and dots alone, behind the last separator; true for a root
 
     // The path again, without a trailing backslash but for a root ("C:\").
     [[nodiscard]] std::string text() const;

@@ -36,9 +36,9 @@ std::string childKeyPath(const std::string& folderKey, const std::string& childK
     return folderKey + "\\" + childKey;
 }
 
-// A name with one of these cannot be told by a path.
+// A name with one of these cannot be told by a path, or would stand for its neighbours in a mask.
 bool isListable(const std::string& name) {
-    return name.find_first_of("\\:") == std::string::npos;
+    return name.find_first_of("\\:*?") == std::string::npos;
 }
 
 unsigned attributesOfNode(const Node& node) {

@@ -46,7 +46,7 @@ public:
     void putHardLink(const std::string& path, const std::string& existing);
     // A fifo, socket or device.
     void putOther(const std::string& path);
-    // An entry whose name no path can tell, with "\" or ":" in it.
+    // A file whose name no path can tell, with "\", ":", "*" or "?" in it.
     void putRawName(const std::string& folder, const std::string& name, std::string_view bytes = {});
     // A folder that holds another volume.
     void putMountPoint(const std::string& path);
