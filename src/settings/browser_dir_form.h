@@ -1,0 +1,69 @@
+// What the four windows with a browser's folders have in common.
+#pragma once
+
+#include <string>
+
+#include "controls/is_button.h"
+#include "forms/form.h"
+#include "forms/simple_controls.h"
+#include "forms/text_box.h"
+#include "settings/frmOptions.h"
+#include "settings/program.h"
+
+namespace tidvane::settings {
+
+// The paths that the tasks of a browser read. Found by the options window at its load, or set here by the user.
+class BrowserDirForm : public forms::Form {
+public:
+    void Form_Load() override;
+
+protected:
+    // Names of the controls, and what differs between the browsers.
+    struct Names {
+        const char* window;
+        const char* browser;
+        TaskPage page;
+        int browserText;  // the browser's entry in the language table
+        int profileText;  // the caption of lblProfile
+        const char* fileDir;
+        const char* secondDir;
+        const char* cmdSecondDir;
+        const char* cacheDir;
+        const char* usable;
+        const char* disableAutoDetect;
+        const char* success;
+        const char* fail;
+        // The tasks join a file name to the box without a separator: a chosen folder gets its backslash.
+        bool fileDirEndsInBackslash;
+        bool cacheDirEndsInBackslash;
+    };
+
+    BrowserDirForm(settings::Program& program, const Names& names);
+
+private:
+    const Names names_;
+    settings::Program& program_;
+
+public:
+    forms::Frame frmFolders;
+    forms::Label lblProfile{*this, "lblProfile", "Profilordner"};
+    forms::TextBox fileDir;
+    controls::isButton cmdFileFolderPath{*this, "cmdFileFolderPath", "..."};
+    forms::TextBox secondDir;
+    controls::isButton cmdSecondFolderPath;
+    forms::Label lblCache{*this, "lblCache", "Cacheordner"};
+    forms::TextBox cacheDir;
+    controls::isButton cmdCacheFolderPath{*this, "cmdCacheFolderPath", "..."};
+    forms::CheckBox usable;  // the folders are known: the browser's tasks are on offer
+    forms::CheckBox disableAutoDetect;
+    forms::Image imageSuccess;
+    forms::Image imageFail;
+    controls::isButton cmdOK{*this, "cmdOK", "OK"};
+    controls::isButton cmdAbort{*this, "cmdAbort", "Abbrechen"};
+
+private:
+    void browse(forms::TextBox& box, bool endsInBackslash);
+    void cmdOK_Click();
+};
+
+}  // namespace tidvane::settings

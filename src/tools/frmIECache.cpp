@@ -1,0 +1,108 @@
+#include "tools/frmIECache.h"
+
+#include <cstdio>
+#include <vector>
+
+#include "base/date_time.h"
+#include "base/numbers.h"
+#include "settings/modFormINI.h"
+
+namespace tidvane::tools {
+
+namespace {
+
+constexpr std::uint32_t kNormalEntry = 1;
+
+std::string timeOf(std::uint64_t lastAccess) {
+    const base::DateTime at = base::fromFileTime(lastAccess);
+    char text[64];
+    std::snprintf(text, sizeof text, "%02d.%02d.%d %02d:%02d:%02d", at.day, at.month, at.year, at.hour, at.minute,
+                  at.second);
+    return text;
+}
+
+// Behind the first bar; the address may have bars of its own.
+std::string urlOf(const std::string& row) {
+    return row.substr(row.find('|') + 1);
+}
+
+}  // namespace
+
+frmIECache::frmIECache(settings::Program& program) : Form(kName), program_(program) {
+    Caption.design("Internet Explorer Browser Cache Manager");
+    cmdDeleteAll.Click.connect([this] { deleteAll(); });
+    mnuselectall.Click.connect([this] { selectAll(true); });
+    mnudeselectall.Click.connect([this] { selectAll(false); });
+    mnudeleteall.Click.connect([this] { deleteAll(); });
+    mnudeleteselected.Click.connect([this] { deleteSelected(); });
+    mnurefreshcache.Click.connect([this] { Refresh(); });
+    mnusavecachefile.Click.connect([this] { save(); });
+    tmrCache.Tick.connect([this] { tmrCache_Timer(); });
+}
+
+void frmIECache::Form_Load() {
+    const settings::LangTable& text = program_.LangText;
+    mnurefreshcache.Caption = text(810);
+    mnuselectall.Caption = text(811);
+    mnudeselectall.Caption = text(812);
+    mnudeleteall.Caption = text(813);
+    cmdDeleteAll.Caption = text(813);
+    mnudeleteselected.Caption = text(814);
+    mnusavecachefile.Caption = text(815);
+    chkAllCookies.Caption = text(816);
+    if (!settings::LoadFormINI(program_, *this)) chkAllCookies.Value = 0;
+    Refresh();
+}
+
+void frmIECache::Form_Unload() {
+    settings::SaveFormINI(program_, *this);
+}
+
+void frmIECache::Refresh() {
+    lstCache.Clear();
+    for (const platform::UrlCacheEntry& entry : program_.platform.browserCache.entries()) {
+        if ((entry.type & kNormalEntry) != 0) lstCache.AddItem(timeOf(entry.lastAccess) + "|" + entry.sourceUrlName);
+    }
+}
+
+void frmIECache::selectAll(bool selected) {
+    for (int row = 0; row < lstCache.ListCount(); ++row) lstCache.setSelected(row, selected);
+}
+
+void frmIECache::deleteAll() {
+    for (int row = 0; row < lstCache.ListCount(); ++row) {
+        const std::string& text = lstCache.List(row);
+        if (text.find("Cookie") != std::string::npos && !chkAllCookies.ticked()) continue;
+        (void)program_.platform.browserCache.DeleteUrlCacheEntry(urlOf(text));
+    }
+    Refresh();
+}
+
+void frmIECache::deleteSelected() {
+    // The current row alone, a cookie too: the marks of "select all" play no part. Intended.
+    const int row = lstCache.ListIndex();
+    if (row >= 0) (void)program_.platform.browserCache.DeleteUrlCacheEntry(urlOf(lstCache.List(row)));
+    Refresh();
+}
+
+void frmIECache::save() {
+    forms::FileQuestion question;
+    question.filter = "*.txt|*.txt";
+    question.save = true;
+    const std::string file = program_.display.askFile(question);
+    if (file.empty()) return;
+    std::string lines;
+    for (int row = 0; row < lstCache.ListCount(); ++row) lines += lstCache.List(row) + "\r\n";
+    // No error is shown.
+    (void)program_.platform.files.WriteFileBytes(file, program_.codePage().fromUtf8(lines));
+}
+
+void frmIECache::tmrCache_Timer() {
+    lblfoundCache.Caption = base::numberText(std::int64_t{lstCache.ListCount()}) + " " + program_.LangText(500);
+    const bool any = lstCache.ListCount() > 0;
+    for (forms::Menu* menu : {&mnudeselectall, &mnudeleteall, &mnudeleteselected, &mnusavecachefile}) {
+        menu->Enabled = any;
+    }
+}
+
+}  // namespace tidvane::tools
