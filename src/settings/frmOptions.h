@@ -15,20 +15,20 @@
 
 namespace tidvane::settings {
 
-// The two standard update servers. Reserved names until the project has its own: they never resolve.
-inline constexpr const char* kFirstUpdateServer = "https://update.tidvane.invalid/de/";
-inline constexpr const char* kSecondUpdateServer = "https://update.tidvane.invalid/en/";
+// The two standard update servers; placeholders under a reserved domain until the project has its own.
+inline constexpr const char* kFirstUpdateServer = "https://tidvane.example/update/de/";
+inline constexpr const char* kSecondUpdateServer = "https://tidvane.example/update/en/";
 
 // The pages with task boxes, numbered as their master boxes are.
 enum class TaskPage { Windows = 0, IE = 1, Mozilla = 2, Opera = 3, Chrome = 4, Safari = 5, MsOffice = 6 };
 inline constexpr int kTaskPages = 7;
 
-// One task box of a page: what it is called, and whether its page's master box leaves it alone.
+// One task box of a page.
 struct TaskBox {
     forms::CheckBox* box;
-    int caption;         // number of the language entry
-    const char* suffix;  // stands behind the entry
-    bool inDepth;        // not touched by the master box
+    int caption = 0;          // number of the language entry; 0: the caption stays as designed
+    const char* suffix = "";  // stands behind the entry
+    bool inDepth = false;     // the master box leaves it alone
 };
 
 // Controls stand in the order of the window, which is the order of the file and of the walks over it: a page's master
@@ -302,54 +302,74 @@ public:
     forms::Timer tmrCustom{*this, "tmrCustom", 1, true};
 
 private:
-    // The three lists that live in files of their own.
+    // A list that lives in a file of its own.
     struct ListFile {
         const char* fileName;
         forms::ListBox* list;
         bool keepFile = false;  // it was there and could not be read: writing it would lose it
     };
 
+    // frmOptions.cpp
     void designStates();
-    void buildTaskTable();
-    void connectDependencies();
-    void connectPages();
-    void connectLists();
-    void connectActions();
-
-    // The parts of the load handler, in their order.
     void setOwnTexts();
-    void reloadLanguage();
     void buildTaskPane();
     void setTaskCaptions();
     void setMemoryModule();
     void fillKillMethods();
     void fillDrives();
-    void loadLists();
     void firstStart();
     void captionExtendedSettings();
+    void saveAndClose();
+    void closeWithoutSaving();
 
+    // option_tasks.cpp
+    void buildTaskTable();
+    void connectTaskPages();
+
+    // option_dependencies.cpp
+    void connectDependencies();
+    void connectNumberBoxes();
+    void connectUpdateServers();
     void killMethodChanged();
     void trashChanged();
-    void taskPaneClicked(int group, int item);
-    void openModal(const char* window);
-    void closeWithoutSaving();
-    void saveAndClose();
-    void saveLists();
+    int chosenKillMethod() const;  // -1 when the text is none of the three
 
-    void infoBox(int entry);
-    // Adds a text to a list unless it is banned, and then empties the entry line.
-    void addChecked(forms::TextBox& entry, forms::ListBox& list);
+    // option_lists.cpp
+    void connectLists();
+    void loadLists();
+    void saveLists();
     bool isBanned(const std::string& text);
-    void addOwnEntry(forms::TextBox& entry, forms::ListBox& list);
+    bool survivesReading(const std::string& text);
+    void addChecked(forms::TextBox& entry, forms::ListBox& list);
+    void addPath(forms::TextBox& entry, forms::ListBox& list);
+    void addMask();
     void removeSelected(forms::ListBox& list, int messageWhenNone);
     void editSelected(forms::ListBox& list, forms::TextBox& entry);
+    void drop(const std::string& path, forms::ListBox& list);
+    void showRowCounts();
+
+    // known_junk.cpp
     void addKnownFolders();
     void addKnownFiles();
+    void addKnown(const std::string& path, forms::ListBox& list);
+
+    // option_actions.cpp
+    void connectActions();
+    void taskPaneClicked(int group, int item);
+    void openModal(const char* window);
+    void openExtendedSettings();
+    void openMaintenance();
+    void checkVolume();
+    void freeMemory();
+    void browseRegistryAddIn();
+    void resetMenuOrder(const char* menu, int failureEntry);
+    void tell(const std::string& text, int style);
 
     settings::Program& program_;
     std::array<std::vector<TaskBox>, kTaskPages> tasks_;
     std::array<ListFile, 3> lists_;
-    bool loading_ = false;  // the stored values are being put in
+    bool loading_ = false;  // the load handler runs: no change is a user's
+    bool missingBansTold_ = false;
 };
 
 }  // namespace tidvane::settings

@@ -1,0 +1,282 @@
+#include "settings/frmOptions.h"
+
+#include <algorithm>
+
+#include "base/numbers.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "settings/frmMoreToConfigure.h"
+#include "settings/log_font_file.h"
+#include "settings/modFormINI.h"
+#include "settings/modLanguage.h"
+#include "settings/modOS.h"
+#include "settings/themes.h"
+
+namespace tidvane::settings {
+
+namespace {
+
+constexpr const char* kGeometrySection = "WindowStateOptions";
+constexpr const char* kMemoryModule = "memtrim.exe";
+constexpr const char* kLogLimit = "60000";  // characters
+
+// Check boxes that a first start leaves as the window was designed.
+constexpr std::array kNotTouchedByFirstStart{
+    "chkAutoSearchJunkFolders",
+    "chkAutoSearchJunkFiles",
+    "chkAddInRegClean",
+    "chkVolumeCheck",
+    "chkSmallAppsFontSize",
+    "chkPurgeSound",
+    "chkOpenRecycleBinAsPreview",
+    "chkCreateRestorePoint",
+    "chkIEIndexDatFiles",
+    "chkIEAutoCompleteForms",
+    "chkLastSaveOpen",
+    "chkLastApply",
+    "chkSafariSavedForms",
+};
+
+// Captions of the extended settings that this window assigns.
+struct ExtendedCaption {
+    const char* control;
+    int entry;
+};
+constexpr std::array kExtendedCaptions{
+    ExtendedCaption{"chkEnableCustomApp", 396},  ExtendedCaption{"chkRunCustomAppAfterTidvane", 397},
+    ExtendedCaption{"chkEnableAutoUpdate", 394}, ExtendedCaption{"chkOpenChangelogAfterUpdate", 398},
+    ExtendedCaption{"chkInfoServer", 399},
+};
+
+// The load handler passes over errors step by step: a step that fails is left where it is.
+template <class Step>
+void passOverErrors(Step step) {
+    try {
+        step();
+    } catch (const base::RuntimeError&) {
+    }
+}
+
+}  // namespace
+
+frmOptions::frmOptions(settings::Program& program)
+    : Form(kName),
+      program_(program),
+      lists_{ListFile{"td_folders.dat", &lstFolders}, ListFile{"td_fkeys.dat", &lstFiles},
+             ListFile{"td_ftypes.dat", &lstSearchMasks}} {
+    designStates();
+    buildTaskTable();
+    connectTaskPages();
+    connectDependencies();
+    connectNumberBoxes();
+    connectUpdateServers();
+    connectLists();
+    connectActions();
+    cmdOK.Click.connect([this] { saveAndClose(); });
+    viewChanged.connect([this] {
+        if (State.get() == forms::WindowState::Minimized) return;
+        if (Width < kMinWidth) Width = kMinWidth;
+        if (Height < kMinHeight) Height = kMinHeight;
+    });
+}
+
+// What an event for "off" would set, since no value changes on a first start and so no event comes.
+void frmOptions::designStates() {
+    Width.design(kMinWidth);
+    Height.design(kMinHeight);
+    for (forms::Control* control : std::initializer_list<forms::Control*>{&chkIEIndexDatFiles,
+                                                                          &chkMozillaINDepthCleanOfflineCache,
+                                                                          &chkMozillaINDepthCleanTestPilotErrorLogs,
+                                                                          &chkOperaINDepthClean,
+                                                                          &chkChromeINDepthClean,  //
+                                                                          &chkAutoSearchJunkFolders,
+                                                                          &lstFolders,
+                                                                          &cmdDeleteSelected,
+                                                                          &cmdDeleteAll,
+                                                                          &cmdEditFolders,  //
+                                                                          &optDeleteFolder,
+                                                                          &optDeleteFolderContent,
+                                                                          &txtAddFolderPath,
+                                                                          &cmdAddFolderPath,
+                                                                          &cmdAddFolder,  //
+                                                                          &chkAutoSearchJunkFiles,
+                                                                          &lstFiles,
+                                                                          &cmdDeleteSelected2,
+                                                                          &cmdDeleteAll2,
+                                                                          &cmdEditFiles,  //
+                                                                          &txtAddFilePath,
+                                                                          &cmdAddFilePath,
+                                                                          &cmdAddFile,  //
+                                                                          &chkAllFixedDrives,
+                                                                          &cboDrives,
+                                                                          &lstSearchMasks,
+                                                                          &cmdRemoveAllSearchMasks,
+                                                                          &cmdRemoveSearchMask,
+                                                                          &txtSearchMask,
+                                                                          &cmdAddSearchMask,
+                                                                          &cmdLoadSearchMasks,  //
+                                                                          &txtAddInRegCleanPath,
+                                                                          &cmdAddInRegCleanBrowse,
+                                                                          &cboAutoStart,  //
+                                                                          &txtPurgeSound,
+                                                                          &cmdPurgeSound,
+                                                                          &cmdPurgeSoundTest,
+                                                                          &chkOpenRecycleBinAsPreview}) {
+        designedOff(*control);
+    }
+    chkOpenRecycleBinAsPreview.Visible.design(false);
+    optDeleteFolder.design(true);
+    optGerUpdateServer.design(true);
+}
+
+void frmOptions::Form_Load() {
+    struct Loading {
+        bool& flag;
+        explicit Loading(bool& f) : flag(f) { flag = true; }
+        ~Loading() { flag = false; }
+    } loading(loading_);
+
+    passOverErrors([&] { setOwnTexts(); });
+    passOverErrors([&] { LoadAllLanguageFiles(program_); });
+    passOverErrors([&] { buildTaskPane(); });
+    passOverErrors([&] { loadWindowNumbers(program_, kGeometrySection, rectangleOf(*this), false); });
+    passOverErrors([&] { setTaskCaptions(); });
+    passOverErrors([&] { setMemoryModule(); });
+    passOverErrors([&] { fillKillMethods(); });
+    // The search for the browsers' folders joins here with the windows that keep them.
+    passOverErrors([&] { (void)DetectWindows(program_); });
+    passOverErrors([&] { fillDrives(); });
+    passOverErrors([&] { loadLists(); });
+    // From here on stored ticks may come back to boxes that a missing module or the version has just cleared.
+    if (!LoadFormINISkippingErrors(program_, *this)) passOverErrors([&] { firstStart(); });
+    passOverErrors([&] { captionExtendedSettings(); });
+    // Once more: a master box that is ticked by now raises no event any more, so the single boxes of its page stand.
+    if (!LoadFormINISkippingErrors(program_, *this)) txtLogAutoTruncated.setText(kLogLimit);
+}
+
+void frmOptions::Form_Unload() {
+    saveWindowNumbers(program_, kGeometrySection, rectangleOf(*this));
+}
+
+void frmOptions::setOwnTexts() {
+    Caption = program_.LangText(299) + " Tidvane";
+    const std::string folder = base::withoutBackslash(program_.programFolder());
+    txtTidvaneLog.setText(folder);
+    txtPurgeSound.setText(folder);
+    cboAutoStart.Clear();
+    cboAutoStart.AddItem("HKEY_LOCAL_MACHINE");
+    cboAutoStart.AddItem("HKEY_CURRENT_USER");
+    // By row, so that the stored position always names a root.
+    cboAutoStart.setListIndex(0);
+}
+
+void frmOptions::buildTaskPane() {
+    const LangTable& text = program_.LangText;
+    ExplorerBar2.DeleteAllGroups();
+    const int settings = ExplorerBar2.AddSpecialGroup(text(320), {}, "special group");
+    ExplorerBar2.AddItem(settings, text(173), {}, "sConfiguration");
+    ExplorerBar2.AddItem(settings, text(301), {}, "sAbort");
+    ExplorerBar2.AddItem(settings, text(300), {}, "sSave");
+    const int managers = ExplorerBar2.AddNormalGroup(text(118), {}, "manager");
+    ExplorerBar2.AddItem(managers, "Temp Manager", {}, "sTempManager");
+    ExplorerBar2.AddItem(managers, "Cookie Manager", {}, "sCookieManager");
+    ExplorerBar2.AddItem(managers, "Cache Manager", {}, "sCacheManager");
+    ExplorerBar2.AddItem(managers, text(743), {}, "sResources");
+    ExplorerBar2.AddItem(managers, text(179), {}, "sTuneup");
+    ExplorerBar2.AddItem(managers, text(302), {}, "sWizard");
+
+    const auto* extended = static_cast<frmMoreToConfigure*>(program_.windows.get(frmMoreToConfigure::kName));
+    if (extended == nullptr) return;
+    if (extended->chkOpenOneGroupOnly.ticked()) ExplorerBar2.OpenOneGroupOnly = true;
+    // What is no number sets nothing.
+    const auto part = [this](const forms::TextBox& box) {
+        return static_cast<int>(base::toInt32(box.Text(), program_.locale()).value_or(-1));
+    };
+    applyTheme(ExplorerBar2, extended->cboTheme.Text(), false, part(extended->CustomThemeR),
+               part(extended->CustomThemeG), part(extended->CustomThemeB));
+}
+
+void frmOptions::setTaskCaptions() {
+    for (const std::vector<TaskBox>& page : tasks_) {
+        for (const TaskBox& task : page) {
+            if (task.caption != 0) task.box->Caption = program_.LangText(task.caption) + task.suffix;
+        }
+    }
+}
+
+void frmOptions::setMemoryModule() {
+    if (program_.platform.files.FileExists(program_.inProgramFolder(kMemoryModule))) {
+        chkCleanRAM.Enabled = true;
+        cmdCleanRAM.Enabled = true;
+        cmdCleanRAM.Caption = program_.LangText(375);
+        return;
+    }
+    chkCleanRAM.Value = 0;
+    chkCleanRAM.Enabled = false;
+    cmdCleanRAM.Enabled = false;
+    cmdCleanRAM.Caption = program_.LangText(496);
+}
+
+void frmOptions::fillKillMethods() {
+    cboKillMethod.Clear();
+    for (const int entry : {732, 733, 734}) cboKillMethod.AddItem(program_.LangText(entry));
+    cboKillMethod.setListIndex(0);
+}
+
+void frmOptions::fillDrives() {
+    cboDrives.Clear();
+    for (const platform::Drive& drive : program_.platform.files.Drives()) {
+        if (drive.type != platform::DriveType::Fixed) continue;
+        const std::string row{drive.letter, ':'};
+        cboDrives.AddItem(row);
+        cboDrives.setText(row);
+    }
+}
+
+void frmOptions::firstStart() {
+    for (forms::Control* control : Controls()) {
+        if (control->kind != forms::ControlKind::CheckBox) continue;
+        const auto exempt = std::find(kNotTouchedByFirstStart.begin(), kNotTouchedByFirstStart.end(), control->Name);
+        if (exempt == kNotTouchedByFirstStart.end()) static_cast<forms::CheckBox*>(control)->Value = 0;
+    }
+    optDeleteFolder.setValue(-1);
+    txtLogAutoTruncated.setText(kLogLimit);
+    cboKillMethod.setText(program_.LangText(732));
+    txtUpdateServer.setText(kFirstUpdateServer);
+    const std::string folder = base::withoutBackslash(program_.programFolder());
+    txtTidvaneLog.setText(folder);
+    txtPurgeSound.setText(folder);
+    for (forms::TextBox* box : {&txtAddFolderPath, &txtAddFilePath, &txtSearchMask, &txtAddInRegCleanPath}) {
+        box->setText({});
+    }
+}
+
+void frmOptions::captionExtendedSettings() {
+    forms::Form* extended = program_.windows.get("frmMoreToConfigure");
+    if (extended == nullptr) return;
+    extended->Caption = program_.LangText(389);
+    for (const ExtendedCaption& row : kExtendedCaptions) {
+        if (forms::Control* control = extended->control(row.control)) control->Caption = program_.LangText(row.entry);
+    }
+}
+
+void frmOptions::saveAndClose() {
+    if (!cmdOK.Enabled) return;
+    cmdOK.Enabled = false;
+    SaveFormINI(program_, *this);
+    RunReport& report = program_.report();
+    report.rebuildTaskRows();
+    report.clearTaskStatuses();
+    saveLists();
+    // Without a main window nobody knows the font, and the file keeps the last one.
+    if (const forms::FontChoice font = report.logFont(); !font.name.empty()) (void)writeLogFont(program_, font);
+    // The entry that starts the program with Windows joins here.
+    report.resetTaskIcons();
+    program_.windows.unload(*this);
+}
+
+void frmOptions::closeWithoutSaving() {
+    program_.windows.unload(*this);
+}
+
+}  // namespace tidvane::settings

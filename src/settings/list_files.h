@@ -1,0 +1,29 @@
+// The small text files of the options window's own lists: one entry a line, in the system's code page, lines ended by
+// CR LF.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/status.h"
+#include "settings/program.h"
+
+namespace tidvane::settings {
+
+struct ListItems {
+    std::vector<std::string> items;       // without empty ones
+    std::vector<std::string> splitLines;  // lines of which more than one item came
+};
+
+// Takes a text apart as list input does: a comma ends an item, a double quote opens a quoted item, blanks in front of
+// an item are dropped. A line ends at CR or CR LF, and with it every item; a lone LF is text.
+ListItems parseListItems(std::string_view text);
+
+// Ok: read. NotFound: there is no such file, the list is empty. Anything else: it is there and cannot be read.
+platform::Status readListFile(Program& program, const std::string& file, ListItems& content);
+
+// Rows as they stand, commas and quotes too: reading is not the reverse of writing, on purpose.
+platform::Status writeListFile(Program& program, const std::string& file, const std::vector<std::string>& rows);
+
+}  // namespace tidvane::settings

@@ -1,0 +1,200 @@
+// The user's own lists: the commands that edit them, and the files they live in.
+#include <string_view>
+
+#include "settings/bans.h"
+#include "settings/frmOptions.h"
+#include "settings/list_files.h"
+
+namespace tidvane::settings {
+
+namespace {
+
+constexpr char32_t kEnter = 13;
+constexpr char32_t kEscape = 27;
+
+constexpr const char* kBanFile = "td_ban.dat";
+
+std::vector<std::string> rowsOf(const forms::ListBox& list) {
+    std::vector<std::string> rows;
+    for (int row = 0; row < list.ListCount(); ++row) rows.push_back(list.List(row));
+    return rows;
+}
+
+}  // namespace
+
+void frmOptions::connectLists() {
+    cmdAddFolderPath.Click.connect([this] { addPath(txtAddFolderPath, lstFolders); });
+    cmdAddFilePath.Click.connect([this] { addPath(txtAddFilePath, lstFiles); });
+    cmdAddSearchMask.Click.connect([this] {
+        if (!txtSearchMask.Text().empty()) addMask();
+    });
+    cmdDeleteAll.Click.connect([this] { lstFolders.Clear(); });
+    cmdDeleteAll2.Click.connect([this] { lstFiles.Clear(); });
+    cmdRemoveAllSearchMasks.Click.connect([this] { lstSearchMasks.Clear(); });
+    cmdDeleteSelected.Click.connect([this] { removeSelected(lstFolders, 382); });
+    cmdDeleteSelected2.Click.connect([this] { removeSelected(lstFiles, 382); });
+    cmdRemoveSearchMask.Click.connect([this] { removeSelected(lstSearchMasks, 385); });
+    cmdEditFolders.Click.connect([this] { editSelected(lstFolders, txtAddFolderPath); });
+    cmdEditFiles.Click.connect([this] { editSelected(lstFiles, txtAddFilePath); });
+    const auto editOnDoubleClick = [this](forms::ListBox& list, forms::TextBox& entry) {
+        list.DblClick.connect([this, &list, &entry] {
+            if (list.SelCount() == 0) list.setSelected(list.ListIndex(), true);
+            editSelected(list, entry);
+        });
+    };
+    editOnDoubleClick(lstFolders, txtAddFolderPath);
+    editOnDoubleClick(lstFiles, txtAddFilePath);
+
+    txtSearchMask.keyFilter = [this](char32_t key) {
+        keyPress(key, txtSearchMask.Name);
+        return key != kEnter && key != kEscape;
+    };
+    tmrSearchMasks.Tick.connect(
+        [this] { cmdAddSearchMask.Enabled = chkSearchTasks.ticked() && !txtSearchMask.Text().empty(); });
+    tmrCustom.Tick.connect([this] { showRowCounts(); });
+
+    chkAutoSearchJunkFolders.Click.connect([this] {
+        if (chkAutoSearchJunkFolders.ticked() && !loading_) addKnownFolders();
+    });
+    chkAutoSearchJunkFiles.Click.connect([this] {
+        if (chkAutoSearchJunkFiles.ticked() && !loading_) addKnownFiles();
+    });
+}
+
+void frmOptions::keyPress(char32_t key, const std::string& focusedControl) {
+    if (key == kEscape) closeWithoutSaving();
+    // Enter does not ask whether the line is empty: intended.
+    if (key == kEnter && focusedControl == txtSearchMask.Name) addMask();
+}
+
+void frmOptions::showRowCounts() {
+    const auto show = [this](int tab, int entry, const forms::ListBox& list) {
+        SSTab3.setTabCaption(tab, program_.LangText(entry) + " (" + std::to_string(list.ListCount()) + ")");
+    };
+    show(0, 313, lstFolders);
+    show(1, 314, lstFiles);
+    show(2, 315, lstSearchMasks);
+}
+
+bool frmOptions::isBanned(const std::string& text) {
+    const std::string file = program_.inProgramFolder(kBanFile);
+    if (!missingBansTold_ && !program_.platform.files.FileExists(file)) {
+        missingBansTold_ = true;
+        program_.display.warn(
+            "td_ban.dat is missing from the program's folder: only the places that are protected "
+            "everywhere are refused.");
+    }
+    return FindInFile(program_, file, text, kBanBlockSize) || isProtectedRegistryEntry(text);
+}
+
+// A comma or a quote makes other entries of a text when the list is read again. Only whoever has seen them adds it.
+bool frmOptions::survivesReading(const std::string& text) {
+    if (text.find_first_of(",\"") == std::string::npos) return true;
+    const ListItems read = parseListItems(text);
+    if (read.items.size() == 1 && read.items.front() == text) return true;
+    std::string question = "A comma or a quotation mark takes this entry apart when the list is loaded again:\r\n";
+    for (const std::string& item : read.items) question += "\r\n" + item;
+    question += "\r\n\r\nAdd it all the same?";
+    const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
+    return program_.display.MsgBox(question, style, "Tidvane") == forms::msgbox::Yes;
+}
+
+void frmOptions::addChecked(forms::TextBox& entry, forms::ListBox& list) {
+    const std::string text = entry.Text();
+    if (isBanned(text)) {
+        tell(kBanMessage, forms::msgbox::Critical);
+        return;
+    }
+    if (!survivesReading(text)) return;
+    list.AddItem(text);
+    entry.setText({});
+}
+
+void frmOptions::addPath(forms::TextBox& entry, forms::ListBox& list) {
+    if (entry.Text().empty()) {
+        tell(program_.LangText(384), forms::msgbox::Information);
+        return;
+    }
+    addChecked(entry, list);
+}
+
+void frmOptions::addMask() {
+    addChecked(txtSearchMask, lstSearchMasks);
+}
+
+void frmOptions::removeSelected(forms::ListBox& list, int messageWhenNone) {
+    if (list.SelCount() == 0) {
+        tell(program_.LangText(messageWhenNone), forms::msgbox::Information);
+        return;
+    }
+    for (int row = list.ListCount() - 1; row >= 0; --row) {
+        if (list.Selected(row)) list.RemoveItem(row);
+    }
+}
+
+// Of several selected rows the topmost ends up in the line and the others are gone: intended.
+void frmOptions::editSelected(forms::ListBox& list, forms::TextBox& entry) {
+    if (list.SelCount() == 0) {
+        tell(program_.LangText(383), forms::msgbox::Information);
+        return;
+    }
+    for (int row = list.ListCount() - 1; row >= 0; --row) {
+        if (!list.Selected(row)) continue;
+        entry.setText(list.List(row));
+        list.RemoveItem(row);
+    }
+}
+
+void frmOptions::drop(const std::string& path, forms::ListBox& list) {
+    if (isBanned(path)) {
+        tell(kBanMessage, forms::msgbox::Critical);
+    } else if (survivesReading(path)) {
+        list.AddItem(path);
+    }
+}
+
+void frmOptions::dropOnFolders(const std::vector<std::string>& paths) {
+    if (!lstFolders.Enabled) return;
+    for (const std::string& path : paths) {
+        if (program_.platform.files.FolderExists(path)) drop(path, lstFolders);
+    }
+}
+
+void frmOptions::dropOnFiles(const std::vector<std::string>& paths) {
+    if (!lstFiles.Enabled) return;
+    for (const std::string& path : paths) {
+        if (program_.platform.files.FileExists(path)) drop(path, lstFiles);
+    }
+}
+
+void frmOptions::loadLists() {
+    for (ListFile& file : lists_) {
+        ListItems content;
+        const platform::Status status = readListFile(program_, program_.inProgramFolder(file.fileName), content);
+        file.keepFile = !platform::ok(status) && status != platform::Status::NotFound;
+        file.list->Clear();
+        for (const std::string& item : content.items) file.list->AddItem(item);
+        if (file.keepFile) {
+            program_.display.warn(std::string(file.fileName) + " cannot be read. It is kept as it is.");
+        }
+        for (const std::string& line : content.splitLines) {
+            program_.display.warn(std::string(file.fileName) +
+                                  ": a comma or a quotation mark makes several entries of "
+                                  "the line " +
+                                  line);
+        }
+    }
+}
+
+void frmOptions::saveLists() {
+    for (const ListFile& file : lists_) {
+        if (file.keepFile) {
+            program_.display.warn(std::string(file.fileName) + " could not be read and is not written.");
+            continue;
+        }
+        // A file that cannot be written keeps its old content.
+        (void)writeListFile(program_, program_.inProgramFolder(file.fileName), rowsOf(*file.list));
+    }
+}
+
+}  // namespace tidvane::settings
