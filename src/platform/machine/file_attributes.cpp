@@ -24,6 +24,11 @@ std::string handlePath(int handle) {
     return "/proc/self/fd/" + std::to_string(handle);
 }
 
+std::string storedText(unsigned bits) {
+    char digits[16];
+    return "0x" + std::string(digits, std::to_chars(digits, digits + sizeof digits, bits, 16).ptr);
+}
+
 Status storeAttributes(int parent, const std::string& name, unsigned bits) {
     const Handle handle(::openat(parent, name.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
     if (!handle) return statusOf(errno);
@@ -32,9 +37,8 @@ Status storeAttributes(int parent, const std::string& name, unsigned bits) {
         const bool gone = ::removexattr(path.c_str(), kStored) == 0 || errno == ENODATA || errno == ENOTSUP;
         return gone ? Status::Ok : statusOf(errno);
     }
-    char text[16] = "0x";
-    char* const end = std::to_chars(text + 2, text + sizeof text, bits, 16).ptr;
-    if (::setxattr(path.c_str(), kStored, text, static_cast<std::size_t>(end - text), 0) == 0) return Status::Ok;
+    const std::string text = storedText(bits);
+    if (::setxattr(path.c_str(), kStored, text.data(), text.size(), 0) == 0) return Status::Ok;
     // A volume without extended attributes: an archive bit may get lost, a hidden file may not become a visible one.
     if (errno == ENOTSUP && bits == attribute::Archive) return Status::Ok;
     return errno == ENOTSUP ? Status::Failed : statusOf(errno);
@@ -49,6 +53,13 @@ unsigned storedAttributes(int parent, const std::string& name) {
     unsigned bits = 0;
     (void)std::from_chars(text + 2, text + length, bits, 16);
     return bits & kStoredBits;
+}
+
+void giveStoredAttributes(int file, unsigned stored) {
+    if (stored == 0) return;
+    const std::string text = storedText(stored);
+    // A volume that cannot hold them had none to give.
+    (void)::fsetxattr(file, kStored, text.data(), text.size(), 0);
 }
 
 bool linksToFolder(int parent, const std::string& name) {

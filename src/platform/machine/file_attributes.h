@@ -21,6 +21,9 @@ unsigned attributesOf(int parent, const std::string& name, const struct stat& in
 
 Status changeAttributes(int parent, const std::string& name, const struct stat& info, unsigned attributes);
 
+// Gives a new file that is open for writing the stored bits of the one it replaces, as far as the volume can hold them.
+void giveStoredAttributes(int file, unsigned stored);
+
 // Whether the link at this place points to a folder. The target is looked at and nothing more.
 bool linksToFolder(int parent, const std::string& name);
 

@@ -15,6 +15,8 @@
 
 namespace tidvane::platform::machine {
 
+class FileReplacement;
+
 class MachineFiles final : public FileSystem {
 public:
     explicit MachineFiles(RemovalCounter& counter) : counter_(counter) {}
@@ -66,6 +68,7 @@ private:
         struct stat info {};
     };
 
+    static Status startReplacement(const Target& target, FileReplacement& replacement);
     Status findFile(const std::string& path, FoundEntry& entry);
     Status findTarget(const std::string& path, Target& target);
     Status removeFound(const FoundEntry& entry);

@@ -92,17 +92,23 @@ Status MachineFiles::ReadFileBytes(const std::string& file, std::string& bytes, 
     return readWholeFile(opened.get(), bytes, limit);
 }
 
+Status MachineFiles::startReplacement(const Target& target, FileReplacement& replacement) {
+    if (!target.exists) {
+        if (!isCreatableName(target.name)) return Status::InvalidName;
+        return replacement.start(target.folder.get(), nullptr);
+    }
+    if (!S_ISREG(target.info.st_mode) || isReadOnlyMode(target.info.st_mode)) return Status::Denied;
+    const Status status = replacement.start(target.folder.get(), &target.info);
+    if (ok(status)) giveStoredAttributes(replacement.handle(), storedAttributes(target.folder.get(), target.name));
+    return status;
+}
+
 Status MachineFiles::WriteFileBytes(const std::string& file, std::string_view bytes) {
     Target target;
     if (const Status status = findTarget(file, target); !ok(status))
         return status == Status::Exists ? Status::Denied : status;
-    if (target.exists && (!S_ISREG(target.info.st_mode) || isReadOnlyMode(target.info.st_mode))) return Status::Denied;
-    if (!target.exists && !isCreatableName(target.name)) return Status::InvalidName;
     FileReplacement replacement;
-    if (const Status status = replacement.start(target.folder.get(), target.exists ? &target.info : nullptr);
-        !ok(status)) {
-        return status;
-    }
+    if (const Status status = startReplacement(target, replacement); !ok(status)) return status;
     if (const Status status = replacement.write(bytes); !ok(status)) return status;
     return replacement.publish(target.name, target.exists);
 }
@@ -119,14 +125,9 @@ Status MachineFiles::CopyFileBytes(const std::string& from, const std::string& t
     Target target;
     if (const Status status = findTarget(to, target); !ok(status))
         return status == Status::Exists ? Status::Denied : status;
-    if (target.exists && (!S_ISREG(target.info.st_mode) || isReadOnlyMode(target.info.st_mode))) return Status::Denied;
     if (target.exists && target.info.st_ino == info.st_ino && target.info.st_dev == info.st_dev) return Status::InUse;
-    if (!target.exists && !isCreatableName(target.name)) return Status::InvalidName;
     FileReplacement replacement;
-    if (const Status status = replacement.start(target.folder.get(), target.exists ? &target.info : nullptr);
-        !ok(status)) {
-        return status;
-    }
+    if (const Status status = startReplacement(target, replacement); !ok(status)) return status;
     std::string block(256 * 1024, '\0');
     for (;;) {
         const ssize_t got = ::read(source.get(), block.data(), block.size());

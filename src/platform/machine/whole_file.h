@@ -32,6 +32,7 @@ public:
     // `old`: the state of the file that is replaced, or null. It gives its rights and its owner.
     Status start(int folder, const struct stat* old);
     Status write(std::string_view bytes);
+    [[nodiscard]] int handle() const { return file_.get(); }
     Status publish(const std::string& name, bool replace);
 
 private:
