@@ -9,6 +9,7 @@ namespace {
 
 // Years of one or two figures: 29 is 2029, 30 is 1930.
 constexpr int kFirstYearOf1900 = 30;
+constexpr int kAnyLeapYear = 2000;
 
 struct Figures {
     int value = 0;
@@ -147,7 +148,11 @@ private:
         if (date_.size() < 2) return false;
         const Figures& first = date_[0];
         const Figures& second = date_[1];
-        if (date_.size() == 2) return dayAndMonth(currentYear_, first, second) || monthAndYear(first, second);
+        if (date_.size() == 2) {
+            // "25/12" is a day without its year, not December 2025.
+            if (currentYear_ == 0 && dayAndMonth(kAnyLeapYear, first, second)) return false;
+            return dayAndMonth(currentYear_, first, second) || monthAndYear(first, second);
+        }
         const Figures& third = date_[2];
         if (first.count > 2 || locale_.yearFirst) {
             if (take(fullYear(first), second, third) || take(fullYear(first), third, second)) return true;

@@ -1,5 +1,6 @@
 #include "base/date_time.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/calendar.h"
@@ -12,6 +13,9 @@ constexpr int kSecondsOfDay = 86400;
 constexpr std::uint64_t kStepsOfSecond = 10'000'000;  // 100 nanoseconds each
 // 1601-01-01, where file times start, as days from 1899-12-30.
 constexpr int kFileTimeDay = -109205;
+// 0100-01-01 and 9999-12-31: what a serial can stand for.
+constexpr int kFirstDay = -657434;
+constexpr int kLastDay = 2958465;
 
 DateTime at(int serialDay, int secondOfDay) {
     DateTime moment = dateOfDay(serialDay);
@@ -35,6 +39,8 @@ double toSerial(const DateTime& moment) {
 }
 
 DateTime fromSerial(double serial) {
+    if (!(serial > kFirstDay)) return at(kFirstDay, 0);
+    if (serial >= kLastDay + 1) return at(kLastDay, kSecondsOfDay - 1);
     double day = std::trunc(serial);
     int seconds = static_cast<int>(std::lround(std::fabs(serial - day) * kSecondsOfDay));
     if (seconds == kSecondsOfDay) {
@@ -50,7 +56,8 @@ int dayDifference(const DateTime& from, const DateTime& to) {
 
 DateTime fromFileTime(std::uint64_t fileTime) {
     const std::uint64_t seconds = fileTime / kStepsOfSecond;
-    return at(kFileTimeDay + static_cast<int>(seconds / kSecondsOfDay), static_cast<int>(seconds % kSecondsOfDay));
+    const int day = std::min(kFileTimeDay + static_cast<int>(seconds / kSecondsOfDay), kLastDay);
+    return at(day, static_cast<int>(seconds % kSecondsOfDay));
 }
 
 std::uint64_t toFileTime(const DateTime& moment) {

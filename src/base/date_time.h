@@ -22,7 +22,8 @@ struct DateTime {
     auto operator<=>(const DateTime&) const = default;
 };
 
-// Serial dates: days since 1899-12-30, the time as the fraction of a day.
+// Serial dates: days since 1899-12-30, the time as the fraction of a day, rounded to whole seconds. A serial before the
+// year 100 or behind the year 9999 becomes the nearest moment within.
 double toSerial(const DateTime& moment);
 DateTime fromSerial(double serial);
 // Calendar days from one date to another; the times of day do not matter.
@@ -39,8 +40,8 @@ std::string timeText(const DateTime& moment, const Locale& locale);
 std::string dateTimeText(const DateTime& moment, const Locale& locale);
 
 // Reads a date, a time or both, by the locale's order of day and month where the text leaves it open.
-// Names of months are not read. A year of one or two figures lies in 1930 to 2029. A text without a year ("25/12") takes
-// `currentYear`; without one it cannot be read. A time alone is on day 0.
+// Names of months are not read. A year of one or two figures lies in 1930 to 2029. A text without a year ("25/12")
+// takes `currentYear`; without one it cannot be read. A time alone is on day 0.
 std::optional<DateTime> parseDateTime(std::string_view text, const Locale& locale, int currentYear = 0);
 
 }  // namespace tidvane::base

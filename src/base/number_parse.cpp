@@ -109,16 +109,13 @@ private:
         const bool signedBefore = signed_;
         for (;;) {
             if (takeSpace()) continue;
-            if (!signedBefore && startsWith('-')) {
-                negative_ = true;
-                rest_.remove_prefix(1);
-            } else if (!signedBefore && startsWith('+')) {
+            const bool sign = !signedBefore && (startsWith('-') || startsWith('+'));
+            if (sign || startsWith(locale_.thousands)) {
+                negative_ = negative_ || startsWith('-');
                 rest_.remove_prefix(1);
             } else if (parenthesis_ && take(")")) {
                 parenthesis_ = false;
                 negative_ = true;
-            } else if (startsWith(locale_.thousands)) {
-                rest_.remove_prefix(1);
             } else if (!take(locale_.currency)) {
                 return;
             }
