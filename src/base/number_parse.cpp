@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 #include "base/numbers.h"
 

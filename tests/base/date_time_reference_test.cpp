@@ -1,6 +1,7 @@
 // Recorded conversions of dates, row by row.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 

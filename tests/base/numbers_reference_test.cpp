@@ -1,6 +1,7 @@
 // Recorded conversions between numbers and texts, row by row.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
