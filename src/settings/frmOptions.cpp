@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/numbers.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "settings/frmMoreToConfigure.h"
@@ -10,7 +9,6 @@
 #include "settings/modFormINI.h"
 #include "settings/modLanguage.h"
 #include "settings/modOS.h"
-#include "settings/themes.h"
 
 namespace tidvane::settings {
 
@@ -188,12 +186,7 @@ void frmOptions::buildTaskPane() {
     const auto* extended = static_cast<frmMoreToConfigure*>(program_.windows.get(frmMoreToConfigure::kName));
     if (extended == nullptr) return;
     if (extended->chkOpenOneGroupOnly.ticked()) ExplorerBar2.OpenOneGroupOnly = true;
-    // What is no number sets nothing.
-    const auto part = [this](const forms::TextBox& box) {
-        return static_cast<int>(base::toInt32(box.Text(), program_.locale()).value_or(-1));
-    };
-    applyTheme(ExplorerBar2, extended->cboTheme.Text(), false, part(extended->CustomThemeR),
-               part(extended->CustomThemeG), part(extended->CustomThemeB));
+    applyChosenTheme(program_, ExplorerBar2, false);
 }
 
 void frmOptions::setTaskCaptions() {
