@@ -90,7 +90,7 @@ std::string dataOf(const std::string& type, const std::string& text) {
         return bytes + '\0';
     }
     if (type == "dword") {
-        const auto number = static_cast<std::uint32_t>(std::stoul(text));
+        const auto number = static_cast<std::uint32_t>(std::stoul(text, nullptr, 0));
         std::string bytes;
         for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>((number >> shift) & 0xFF);
         return bytes;
