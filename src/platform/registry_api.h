@@ -36,8 +36,8 @@ inline constexpr std::uint32_t kKeyAllAccess = 63;
 using RegResult = long;
 
 // Key paths and names are UTF-8 without a closing NUL. Value data are bytes as the ANSI calls see them: texts in the
-// system's code page with their closing NUL. Names compare without regard to case. Values come in the order in which they
-// were made, subkeys sorted.
+// system's code page with their closing NUL. Names compare without regard to case. Values come in the order in which
+// they were made, subkeys sorted.
 class RegistryApi {
 public:
     virtual ~RegistryApi() = default;
@@ -54,8 +54,8 @@ public:
     virtual RegResult SHDeleteKeyA(HKey parent, const std::string& path) = 0;
     virtual RegResult RegDeleteValueA(HKey key, const std::string& name) = 0;
 
-    // Without `data` only type and size are asked for. `size`: in, room in bytes; out, bytes there are. 234: the room is
-    // too small, nothing was copied.
+    // Without `data` only type and size are asked for. `size`: in, room in bytes; out, bytes there are. 234: the room
+    // is too small, nothing was copied.
     virtual RegResult RegQueryValueExA(HKey key, const std::string& name, std::uint32_t& type, std::string* data,
                                        std::uint32_t& size) = 0;
     virtual RegResult RegSetValueExA(HKey key, const std::string& name, std::uint32_t type, std::string_view data) = 0;
@@ -73,8 +73,8 @@ public:
     };
     virtual RegResult RegQueryInfoKeyA(HKey key, KeyInfo& info) = 0;
 
-    // Asked once before a tree is emptied step by step, from its leaves up: the refusal of the last step, the key itself,
-    // would come too late. False: nothing below this key may be touched (a protected place, already reported).
+    // Asked once before a tree is emptied step by step, from its leaves up: the refusal of the last step, the key
+    // itself, would come too late. False: nothing below this key may be touched (a protected place, already reported).
     virtual bool mayClearTree(HKey hive, const std::string& path) {
         (void)hive;
         (void)path;

@@ -1,0 +1,13 @@
+# Compiler switches that every target shares. Warnings are errors: a warning nobody reads is a bug nobody sees.
+add_library(tidvane_options INTERFACE)
+target_compile_options(tidvane_options INTERFACE -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Wno-missing-field-initializers)
+if(TIDVANE_SANITIZE)
+  target_compile_options(tidvane_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tidvane_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(NOT WIN32 AND NOT TIDVANE_SANITIZE)
+  find_program(LLD ld.lld)
+  if(LLD)
+    target_link_options(tidvane_options INTERFACE -fuse-ld=lld)
+  endif()
+endif()

@@ -1,0 +1,41 @@
+// A cleaning run, from the button to the end.
+#pragma once
+
+#include <string>
+
+#include "settings/program.h"
+
+namespace tidvane::app {
+
+class frmMain;
+
+class CleaningRun {
+public:
+    explicit CleaningRun(frmMain& main);
+    void run();
+
+private:
+    void prepare();
+    void warnWhenNothingIsTicked();
+    void openRecycleBinAsPreview();
+    void announce();
+    // Every step is called, also after a stop: each worker tests that by itself.
+    void walk();
+    void enableEntryPoints(bool enabled);
+    void summarise();
+    // What follows the summary. False: the routine is left here, with the button still pressed.
+    bool finish();
+    bool runCustomApplication();
+    std::string now() const;
+
+    frmMain& main_;
+    settings::Program& program_;
+    float freeBefore_ = 0;
+    double startTime_ = 0;
+};
+
+// The time of a run as its summary tells it: "1,50 <minutes> " above 60 seconds (with a comma in every locale), else
+// seconds rounded to three decimals.
+std::string elapsedText(settings::Program& program, float seconds);
+
+}  // namespace tidvane::app

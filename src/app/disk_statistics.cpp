@@ -1,0 +1,86 @@
+#include "app/disk_statistics.h"
+
+#include <cmath>
+
+#include "app/decorations.h"
+#include "app/frmDiskSizeStats.h"
+#include "app/frmMain.h"
+#include "app/modFreeSpace.h"
+#include "base/numbers.h"
+#include "settings/frmMoreToConfigure.h"
+
+namespace tidvane::app {
+
+namespace {
+
+float asSingle(const std::string& text, const base::Locale& locale) {
+    return base::toSingle(text, locale).value_or(0.0F);
+}
+
+// The gain from which on it is told in GB. Read by the locale's rules, as intended: 1000 where the decimal sign is a
+// point, 1 where it is a comma.
+constexpr const char* kGigabyteGain = "1,000";
+
+}  // namespace
+
+float noteFreeSpaceBefore(settings::Program& program, const std::string& drive) {
+    auto& window = program.get<frmDiskSizeStats>();
+    window.lblFreeSpace.Caption = GetFreeSpaceText(program, drive);
+    return asSingle(window.lblFreeSpace.Caption, program.locale());
+}
+
+void reportDiskStatistics(settings::Program& program, const std::string& drive, float before,
+                          const std::string& heading) {
+    settings::RunReport& report = program.report();
+    auto& window = program.get<frmDiskSizeStats>();
+    if (program.get<settings::frmMoreToConfigure>().chkDisksizeInfo.ticked()) {
+        program.display.Show(window, &program.get<frmMain>(), false);
+    }
+
+    const std::string total = GetTotalSpaceText(program, drive);
+    window.lblSpaceTotal.Caption = total;
+    const std::string afterText = GetFreeSpaceText(program, drive);
+    window.lblFreeSpaceAfter.Caption = afterText;
+    const float after = asSingle(afterText, program.locale());
+    const std::string beforeText = base::numberText(before, program.locale());
+    const float gain = after - before;
+
+    report.AddLogHeading(heading);
+    const std::string totalLine = drive.substr(0, 1) + ":\\ " + total;
+    report.AddLogHeading(program.LangText(433) + " " + totalLine);
+    window.lblSpaceTotal.Caption = totalLine;
+
+    if (!(before < after)) {
+        window.lblFreeSpace.ForeColor = frmDiskSizeStats::kCleanColour;
+        window.ImgFreedSpace.Visible = false;
+        window.ImgSysClean.Visible = true;
+        report.AddLogHeading(kWideRule);
+        report.AddLogHeading(program.LangText(437));
+        window.lblFreedSpace.Caption = program.LangText(437);
+        window.lblFreeSpace.Caption = beforeText + " GB";
+        report.AddLogHeading(kWideRule);
+        // The drive may have lost room meanwhile: nothing negative is shown.
+        window.lblFreeSpaceAfter.Caption = window.lblFreeSpace.Caption.get();
+        return;
+    }
+
+    const bool gigabytes = gain >= base::toSingle(kGigabyteGain, program.locale()).value_or(1.0F);
+    const double absolute = std::fabs(static_cast<double>(gain));
+    const std::string number = gigabytes ? base::formatNumber(absolute, "###0.0000", program.locale())
+                                         : base::formatNumber(absolute * 1024, "###0.00", program.locale());
+    const std::string unit = gigabytes ? " GB" : " MB";
+    // The numbers are labelled GB whatever unit they are in: intended.
+    report.AddLogHeading(program.LangText(434) + " " + beforeText + " GB");
+    report.AddLogHeading(program.LangText(435) + " " + afterText + " GB");
+    report.AddLogHeading(kWideRule);
+    report.AddLogHeading(program.LangText(436) + " " + number + unit);
+    window.lblFreeSpace.Caption = beforeText + " GB";
+    window.lblFreeSpaceAfter.Caption = afterText + " GB";
+    window.lblFreeSpace.ForeColor = frmDiskSizeStats::kGainColour;
+    window.ImgFreedSpace.Visible = true;
+    window.ImgSysClean.Visible = false;
+    window.lblFreedSpace.Caption = number + unit + " (" + program.LangText(439) + ")";
+    report.AddLogHeading(kWideRule);
+}
+
+}  // namespace tidvane::app

@@ -1,0 +1,78 @@
+#include "app/frmDiskSizeStats.h"
+
+#include "app/frmMain.h"
+#include "app/log_font.h"
+#include "settings/log_font_file.h"
+#include "settings/modFormINI.h"
+
+namespace tidvane::app {
+
+namespace {
+constexpr const char* kSection = "WindowStateDiskSize";
+constexpr const char* kCommunityAddress = "https://tidvane.invalid/community";
+constexpr int kLogHeight = 3600;  // twips that the window grows by when the log is shown
+constexpr unsigned kLinkColour = 0x00FF0000u;
+constexpr unsigned kHoverColour = 0x000000FFu;
+}  // namespace
+
+frmDiskSizeStats::frmDiskSizeStats(settings::Program& program) : forms::Form(kName), program_(program) {
+    Width.design(7200);
+    Height.design(4200);
+    txtLog.Visible.design(false);
+    lblFacebook.ForeColor.design(kLinkColour);
+
+    cmdOK.Click.connect([this] { program_.windows.unload(*this); });
+    cmdReclean.Click.connect([this] {
+        program_.windows.unload(*this);
+        auto& main = program_.get<frmMain>();
+        program_.display.Show(main, nullptr, false);
+        main.tmrCleanButton.Enabled = true;
+    });
+    cmdBackground.Click.connect([this] {
+        program_.get<frmMain>().toBackground();
+        program_.windows.unload(*this);
+    });
+    cmdExit.Click.connect([this] {
+        program_.get<frmMain>().RemoveTrayIcon();
+        program_.UnloadAllForms();
+    });
+    lblFreedSpace.Click.connect([this] { toggleLog(); });
+    lblFacebook.Click.connect([this] { openCommunity(); });
+    ImgFB.Click.connect([this] { openCommunity(); });
+}
+
+void frmDiskSizeStats::Form_Load() {
+    Caption = "Tidvane - " + program_.LangText(432);
+    cmdClean.Caption = program_.LangText(432);
+    lblDiskSizeTotal.Caption = program_.LangText(433);
+    lblDiskSizeFree.Caption = program_.LangText(434);
+    lblDiskSizeFreeAfter.Caption = program_.LangText(435);
+    lblDiskSizeFreed.Caption = program_.LangText(436);
+    cmdExit.Caption = program_.LangText(110);
+    cmdBackground.Caption = program_.LangText(127);
+    cmdReclean.Caption = program_.LangText(401);
+    settings::loadWindowNumbers(program_, kSection, settings::rectangleOf(*this),
+                                State == forms::WindowState::Minimized);
+    if (const auto font = settings::readLogFont(program_, program_.report().logFont())) applyFont(txtLog, *font);
+}
+
+void frmDiskSizeStats::Form_Unload() {
+    settings::saveWindowNumbers(program_, kSection, settings::rectangleOf(*this));
+}
+
+void frmDiskSizeStats::toggleLog() {
+    const bool show = !txtLog.Visible;
+    if (show) txtLog.setText(program_.get<frmMain>().txtLog.Text());
+    txtLog.Visible = show;
+    Height = Height + (show ? kLogHeight : -kLogHeight);
+}
+
+void frmDiskSizeStats::openCommunity() {
+    program_.platform.shell.ShellExecuteA("open", kCommunityAddress, "", "", 1);
+}
+
+void frmDiskSizeStats::hoverCommunity(bool inside) {
+    lblFacebook.ForeColor = inside ? kHoverColour : kLinkColour;
+}
+
+}  // namespace tidvane::app

@@ -1,0 +1,123 @@
+#include "app/task_catalogue.h"
+
+#include <algorithm>
+#include <array>
+
+#include "tasks/not_there_yet.h"
+#include "tasks/windows_tasks.h"
+
+namespace tidvane::app {
+
+namespace {
+
+using namespace tidvane::tasks;
+
+// clang-format off
+constexpr std::array kCatalogue{
+    // step, text of the name, fixed name, gate of the worker, gate of the row, group, worker
+    CleaningTask{1, 222, nullptr, {"frmOptions", "chkSearchTasks"}, {"frmOptions", "chkSearchTasks"}, Group::Search, notThereYetSilent},
+    CleaningTask{2, 220, nullptr, {"frmOptions", "chkActivateOwnFolder"}, {"frmOptions", "chkActivateOwnFolder"}, Group::Custom, notThereYetOwnFolders},  // one row for both
+    CleaningTask{3, 220, nullptr, {"frmOptions", "chkActivateOwnFiles"}, {"frmOptions", "chkActivateOwnFiles"}, Group::Custom, notThereYetOwnFiles},  // one row for both
+    CleaningTask{4, 200, nullptr, {"frmOptions", "chkRecentDocuments"}, {"frmOptions", "chkRecentDocuments"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{5, 201, nullptr, {"frmOptions", "chkSearchList"}, {"frmOptions", "chkSearchList"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{6, 202, nullptr, {"frmOptions", "chkComputerList"}, {"frmOptions", "chkComputerList"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{7, 203, nullptr, {"frmOptions", "chkRunList"}, {"frmOptions", "chkRunList"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{8, 204, nullptr, {"frmOptions", "chkRegKey"}, {"frmOptions", "chkRegKey"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{9, 205, nullptr, {"frmOptions", "chkLastSaveOpen"}, {"frmOptions", "chkLastSaveOpen"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{10, 206, nullptr, {"frmOptions", "chkWinUserAssist"}, {"frmOptions", "chkWinUserAssist"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{11, 207, nullptr, {"frmOptions", "chkLastApply"}, {"frmOptions", "chkLastApply"}, Group::Windows, cleanRecentOfficeFiles},
+    CleaningTask{12, 208, nullptr, {"frmOptions", "chkSearchWizard"}, {"frmOptions", "chkSearchWizard"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{13, 209, nullptr, {"frmOptions", "chkRASAutoDial"}, {"frmOptions", "chkRASAutoDial"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{14, 210, nullptr, {"frmOptions", "chkTrash"}, {"frmOptions", "chkTrash"}, Group::Windows, emptyRecycleBin},
+    CleaningTask{15, 211, nullptr, {"frmOptions", "chkClipboard"}, {"frmOptions", "chkClipboard"}, Group::Windows, emptyClipboard},
+    CleaningTask{16, 212, nullptr, {"frmOptions", "chkTempFolder"}, {"frmOptions", "chkTempFolder"}, Group::Windows, cleanWindowsTemp},
+    CleaningTask{17, 213, nullptr, {"frmOptions", "chkUserTemp"}, {"frmOptions", "chkUserTemp"}, Group::Windows, cleanUserTemp},
+    CleaningTask{18, 214, nullptr, {"frmOptions", "chkPrefetchFolder"}, {"frmOptions", "chkPrefetchFolder"}, Group::Windows, cleanPrefetch},
+    CleaningTask{19, 215, nullptr, {"frmOptions", "chkRecentWordPad"}, {"frmOptions", "chkRecentWordPad"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{20, 216, nullptr, {"frmOptions", "chkRecentPaint"}, {"frmOptions", "chkRecentPaint"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{21, 217, nullptr, {"frmOptions", "chkRecentMediaPlayer"}, {"frmOptions", "chkRecentMediaPlayer"}, Group::Windows, cleanWindowsRegistry},
+    CleaningTask{22, 218, nullptr, {"frmOptions", "chkAlphabetizeStartMenu"}, {"frmOptions", "chkAlphabetizeStartMenu"}, Group::Windows, sortMenuOrder},
+    CleaningTask{23, 219, nullptr, {"frmOptions", "chkAlphabetizeFavorites"}, {"frmOptions", "chkAlphabetizeFavorites"}, Group::Windows, sortMenuOrder},
+    CleaningTask{24, 231, nullptr, {"frmIEInDepthClean", "chkIEINDepthCleanAll"}, {nullptr, nullptr}, Group::InternetExplorer, notThereYetSilent},
+    CleaningTask{25, 223, nullptr, {"frmOptions", "chkIEHistory"}, {"frmOptions", "chkIEHistory"}, Group::InternetExplorer, notThereYet},
+    CleaningTask{26, 224, nullptr, {"frmOptions", "chkIECookies"}, {"frmOptions", "chkIECookies"}, Group::InternetExplorer, notThereYet},
+    CleaningTask{27, 225, nullptr, {"frmOptions", "chkIECache"}, {"frmOptions", "chkIECache"}, Group::InternetExplorer, notThereYet},
+    CleaningTask{28, 226, nullptr, {"frmOptions", "chkIEURL"}, {"frmOptions", "chkIEURL"}, Group::InternetExplorer, notThereYet},
+    CleaningTask{29, 227, nullptr, {"frmOptions", "chkIEAutoCompleteForms"}, {"frmOptions", "chkIEAutoCompleteForms"}, Group::InternetExplorer, notThereYet},
+    CleaningTask{30, 228, nullptr, {"frmOptions", "chkIEDownloadedProgramFiles"}, {"frmOptions", "chkIEDownloadedProgramFiles"}, Group::InternetExplorer, notThereYet},
+    CleaningTask{31, 229, nullptr, {"frmOptions", "chkIEOfflineSites"}, {"frmOptions", "chkIEOfflineSites"}, Group::InternetExplorer, notThereYet},
+    CleaningTask{32, 230, nullptr, {"frmOptions", "chkIEAlexa"}, {"frmOptions", "chkIEAlexa"}, Group::InternetExplorer, notThereYet},
+    CleaningTask{33, 237, nullptr, {"frmOptions", "chkMozillaHistory"}, {"frmOptions", "chkMozillaHistory"}, Group::Firefox, notThereYet},
+    CleaningTask{34, 238, nullptr, {"frmOptions", "chkMozillaCookies"}, {"frmOptions", "chkMozillaCookies"}, Group::Firefox, notThereYet},
+    CleaningTask{35, 239, nullptr, {"frmOptions", "chkMozillaCache"}, {"frmOptions", "chkMozillaCache"}, Group::Firefox, notThereYet},
+    CleaningTask{36, 240, nullptr, {"frmOptions", "chkMozillaAutoComplete"}, {"frmOptions", "chkMozillaAutoComplete"}, Group::Firefox, notThereYet},
+    CleaningTask{37, 241, nullptr, {"frmOptions", "chkMozillaDownloads"}, {"frmOptions", "chkMozillaDownloads"}, Group::Firefox, notThereYet},
+    CleaningTask{38, 242, nullptr, {"frmOptions", "chkMozillaGoogleToolbar"}, {"frmOptions", "chkMozillaGoogleToolbar"}, Group::Firefox, notThereYet},
+    CleaningTask{39, 243, nullptr, {"frmOptions", "chkMozillaCrashReports"}, {"frmOptions", "chkMozillaCrashReports"}, Group::Firefox, notThereYet},
+    CleaningTask{40, 244, nullptr, {"frmOptions", "chkMozillaSearchHistory"}, {"frmOptions", "chkMozillaSearchHistory"}, Group::Firefox, notThereYet},
+    CleaningTask{41, 245, nullptr, {"frmOptions", "chkMozillaSession"}, {"frmOptions", "chkMozillaSession"}, Group::Firefox, notThereYet},
+    CleaningTask{42, 246, nullptr, {"frmOptions", "chkOperaHistory"}, {"frmOptions", "chkOperaHistory"}, Group::Opera, notThereYet},
+    CleaningTask{43, 247, nullptr, {"frmOptions", "chkOperaCookies"}, {"frmOptions", "chkOperaCookies"}, Group::Opera, notThereYet},
+    CleaningTask{44, 248, nullptr, {"frmOptions", "chkOperaCache"}, {"frmOptions", "chkOperaCache"}, Group::Opera, notThereYet},
+    CleaningTask{45, 249, nullptr, {"frmOptions", "chkOperaURL"}, {"frmOptions", "chkOperaURL"}, Group::Opera, notThereYet},
+    CleaningTask{46, 250, nullptr, {"frmOptions", "chkOperaDownloads"}, {"frmOptions", "chkOperaDownloads"}, Group::Opera, notThereYet},
+    CleaningTask{47, 251, nullptr, {"frmOptions", "chkOperaWebsiteIcons"}, {"frmOptions", "chkOperaWebsiteIcons"}, Group::Opera, notThereYet},
+    CleaningTask{48, 252, nullptr, {"frmOptions", "chkChromeHistory"}, {"frmOptions", "chkChromeHistory"}, Group::Chrome, notThereYet},
+    CleaningTask{49, 253, nullptr, {"frmOptions", "chkChromeCookies"}, {"frmOptions", "chkChromeCookies"}, Group::Chrome, notThereYet},
+    CleaningTask{50, 254, nullptr, {"frmOptions", "chkChromeCache"}, {"frmOptions", "chkChromeCache"}, Group::Chrome, notThereYet},
+    CleaningTask{51, 255, nullptr, {"frmOptions", "chkChromeSession"}, {"frmOptions", "chkChromeSession"}, Group::Chrome, notThereYet},
+    CleaningTask{52, 256, nullptr, {"frmOptions", "chkChromeDownloads"}, {"frmOptions", "chkChromeDownloads"}, Group::Chrome, notThereYet},
+    CleaningTask{53, 257, nullptr, {"frmOptions", "chkSafariHistory"}, {"frmOptions", "chkSafariHistory"}, Group::Safari, notThereYet},
+    CleaningTask{54, 258, nullptr, {"frmOptions", "chkSafariCookies"}, {"frmOptions", "chkSafariCookies"}, Group::Safari, notThereYet},
+    CleaningTask{55, 259, nullptr, {"frmOptions", "chkSafariCache"}, {"frmOptions", "chkSafariCache"}, Group::Safari, notThereYet},
+    CleaningTask{56, 260, nullptr, {"frmOptions", "chkSafariCache"}, {"frmOptions", "chkSafariSavedForms"}, Group::Safari, notThereYet},  // row and worker ask different boxes: intended
+    CleaningTask{57, 0, "Microsoft Office Access", {"frmOptions", "chkMSAccess"}, {"frmOptions", "chkMSAccess"}, Group::Office, notThereYet},
+    CleaningTask{58, 0, "Microsoft Office Excel", {"frmOptions", "chkMSExcel"}, {"frmOptions", "chkMSExcel"}, Group::Office, notThereYet},
+    CleaningTask{59, 0, "Microsoft Office PowerPoint", {"frmOptions", "chkMSPowerPoint"}, {"frmOptions", "chkMSPowerPoint"}, Group::Office, notThereYet},
+    CleaningTask{60, 0, "Microsoft Office Word", {"frmOptions", "chkMSWord"}, {"frmOptions", "chkMSWord"}, Group::Office, notThereYet},
+    CleaningTask{61, 0, "Microsoft Office Front Page", {"frmOptions", "chkMSFrontPage"}, {"frmOptions", "chkMSFrontPage"}, Group::Office, notThereYet},
+    CleaningTask{62, 104, nullptr, {nullptr, nullptr}, {nullptr, nullptr}, Group::PlugIns, notThereYetPlugIns},
+};
+// clang-format on
+static_assert(kCatalogue.size() == kSteps, "a row was lost or added: the walk has 62 steps");
+
+struct GroupRow {
+    Group group;
+    const char* name;
+    int icon;
+};
+constexpr std::array kGroups{
+    GroupRow{Group::Search, "search", 1},   GroupRow{Group::Custom, "custom", 1},
+    GroupRow{Group::Windows, "windows", 2}, GroupRow{Group::InternetExplorer, "ie", 3},
+    GroupRow{Group::Firefox, "firefox", 4}, GroupRow{Group::Opera, "opera", 5},
+    GroupRow{Group::Chrome, "chrome", 6},   GroupRow{Group::Safari, "safari", 7},
+    GroupRow{Group::Office, "office", 8},   GroupRow{Group::PlugIns, "plugins", 0},
+};
+
+const GroupRow& groupRow(Group group) {
+    return *std::find_if(kGroups.begin(), kGroups.end(), [&](const GroupRow& row) { return row.group == group; });
+}
+
+// The one table of what is not there yet: these stand-ins report an unticked step.
+constexpr std::array kStandIns{notThereYet, notThereYetSilent, notThereYetOwnFolders, notThereYetOwnFiles,
+                               notThereYetPlugIns};
+
+}  // namespace
+
+std::span<const CleaningTask> taskCatalogue() {
+    return kCatalogue;
+}
+
+bool isNotThereYet(const CleaningTask& task) {
+    return std::find(kStandIns.begin(), kStandIns.end(), task.worker) != kStandIns.end();
+}
+
+const char* groupName(Group group) {
+    return groupRow(group).name;
+}
+
+int groupIcon(Group group) {
+    return groupRow(group).icon;
+}
+
+}  // namespace tidvane::app

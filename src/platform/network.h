@@ -1,0 +1,26 @@
+// Downloads and restore points: what only a running Windows, or a network, can give.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace tidvane::platform {
+
+class Network {
+public:
+    virtual ~Network() = default;
+    // 0 when the file is there. `progress` gets bytes so far and in total and answers false to give up.
+    virtual long URLDownloadToFileA(const std::string& url, const std::string& file,
+                                    const std::function<bool(std::uint64_t, std::uint64_t)>& progress) = 0;
+    virtual bool DoFileDownload(const std::string& url) = 0;
+};
+
+class RestorePoints {
+public:
+    virtual ~RestorePoints() = default;
+    // 0 when made. `result` stays untouched where restore points cannot be reached at all.
+    virtual void createRestorePoint(const std::string& description, int type, int event, long& result) = 0;
+};
+
+}  // namespace tidvane::platform

@@ -1,0 +1,67 @@
+// Everything that a window or a worker may reach: the platform, the display, the windows, the texts, the main window's
+// ears. One object, made by the entry point, handed to every window at its making.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/code_page.h"
+#include "forms/windows.h"
+#include "platform/platform.h"
+#include "settings/lang_text.h"
+#include "settings/run_report.h"
+
+namespace tidvane::settings {
+
+struct ProductVersion {
+    int major = 1;
+    int minor = 0;
+    int revision = 0;
+};
+
+class Program {
+public:
+    Program(platform::Platform services, forms::Display& screen);
+
+    platform::Platform platform;
+    forms::Display& display;
+    forms::Windows windows;
+    LangTable LangText;
+    ProductVersion version;
+    // The user's temporary folder as the shell told it when the main window was loaded.
+    std::string temporaryFolder;
+    // Files of this run that the recycle bin refused and a second attempt removed for good. The front end warns once.
+    std::uint64_t removedForGood = 0;
+
+    // The window, loaded if it was not.
+    template <class F>
+    F& get() {
+        return windows.get<F>();
+    }
+
+    // The main window's ears; before it exists and after it is gone, reports go nowhere.
+    RunReport& report();
+    void setReport(RunReport* report) { report_ = report; }
+
+    const base::Locale& locale() const { return platform.system.locale(); }
+    const base::CodePage& codePage() const { return codePage_; }
+
+    // The program's folder on the machine, with its trailing backslash.
+    const std::string& programFolder() const { return programFolder_; }
+    std::string inProgramFolder(std::string_view fileName) const { return programFolder_ + std::string(fileName); }
+
+    // Which of the three ways of removing a file the user has chosen: the text of cboKillMethod compared with entries
+    // 732, 733, 734 in that order. -1: it equals none of them, and the caller removes nothing.
+    int selectedKillMethod();
+
+    // Unloads every window and ends the program.
+    void UnloadAllForms();
+
+private:
+    base::CodePage codePage_;
+    std::string programFolder_;
+    RunReport* report_ = nullptr;
+};
+
+}  // namespace tidvane::settings

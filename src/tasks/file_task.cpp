@@ -1,0 +1,45 @@
+#include "tasks/file_task.h"
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "removal/folder_stats.h"
+#include "removal/folder_sweep.h"
+#include "settings/frmOptions.h"
+
+namespace tidvane::tasks {
+
+void logFolderAndCounts(settings::Program& program, const std::string& name, const std::string& folder,
+                        std::uint64_t files, std::uint64_t bytes) {
+    program.report().AddLogLine(name + ": " + folder);
+    program.report().AddLogLine(name + " " + base::numberText(static_cast<std::int64_t>(files)) + " " +
+                                program.LangText(500) + " (" + removal::FormatSize(bytes, program.locale()) + ")");
+}
+
+void logFilesIfWanted(settings::Program& program, const std::string& folder) {
+    if (!program.get<settings::frmOptions>().chkMoreLogDetails.ticked()) return;
+    std::vector<platform::FolderEntry> entries;
+    if (!ok(program.platform.files.ReadFolder(folder, entries))) return;
+    const std::string prefix = base::withBackslash(folder);
+    for (const platform::FolderEntry& entry : entries) {
+        if (entry.kind != platform::EntryKind::Folder) program.report().AddLogLine(prefix + entry.name + " <OK>");
+    }
+}
+
+void endFolderNotFound(settings::Program& program, const CleaningTask& task) {
+    program.report().AddLogLine(taskName(program, task) + " <Nicht gefunden>");
+    endRow(program, task, 498, kIconNotFound);
+}
+
+void runFolderTask(settings::Program& program, const CleaningTask& task, const std::string& folder,
+                   const BeginWords& words) {
+    if (beginTask(program, task, words) != Begin::Go) return;
+    removal::FolderCounters counters;
+    removal::FolderStats(program.platform.files, folder, counters);
+    if (!program.platform.files.FolderExists(folder)) return endFolderNotFound(program, task);
+    logFolderAndCounts(program, taskName(program, task), folder, counters.files, counters.bytes);
+    logFilesIfWanted(program, folder);
+    removal::PurgeFolder(program, folder);
+    endCleaned(program, task);
+}
+
+}  // namespace tidvane::tasks

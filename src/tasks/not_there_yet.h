@@ -1,0 +1,19 @@
+// Stand-ins for workers that are not there yet. Each takes the unticked branch of its step and does nothing else, so
+// the log never claims work that was not done.
+#pragma once
+
+#include "tasks/cleaning_task.h"
+
+namespace tidvane::tasks {
+
+// Most steps: name and the word for "not ticked".
+void notThereYet(settings::Program& program, const CleaningTask& task);
+// The junk search and the clearing of all Internet Explorer traces at once: without a word, as when they are off.
+void notThereYetSilent(settings::Program& program, const CleaningTask& task);
+// The own folders and the own files: their names are entries 524 and 527, not that of their common row.
+void notThereYetOwnFolders(settings::Program& program, const CleaningTask& task);
+void notThereYetOwnFiles(settings::Program& program, const CleaningTask& task);
+// The plug-ins: head line, then "no plug-in was ticked".
+void notThereYetPlugIns(settings::Program& program, const CleaningTask& task);
+
+}  // namespace tidvane::tasks

@@ -1,0 +1,25 @@
+#include "tasks/registry_task.h"
+
+#include "registry/delete_all_keys.h"
+
+namespace tidvane::tasks {
+
+void runRegistryTask(settings::Program& program, const CleaningTask& task, std::span<const RegistryTarget> targets,
+                     const RegistryWords& words) {
+    if (beginTask(program, task, words.begin) != Begin::Go) return;
+    long result = 0;
+    for (const RegistryTarget& target : targets) {
+        if (target.step != task.step) continue;
+        registry::DeleteAllKeys(program.platform.registry, target.root, target.key, target.subKey, result);
+    }
+    const std::string name = taskName(program, task);
+    if (result == 0) {
+        program.report().AddLogLine(name + (words.cleanedWord ? " " + program.LangText(504) : std::string()) + " <OK>");
+        endRow(program, task, 507, kIconDone);
+    } else {
+        program.report().AddLogLine(name + " " + program.LangText(words.missingText));
+        endRow(program, task, words.missingStatus, kIconNotFound);
+    }
+}
+
+}  // namespace tidvane::tasks
