@@ -216,6 +216,11 @@ bool MemoryFiles::hasFolder(const std::string& path) const {
     return node != nullptr && node->isFolder();
 }
 
+bool MemoryFiles::hasRawName(const std::string& folder, const std::string& name) const {
+    Node* node = peek(folder);
+    return node != nullptr && childOf(*node, base::upperCase(name)) != nullptr;
+}
+
 bool MemoryFiles::isLink(const std::string& path) const {
     const Node* node = peek(path);
     return node != nullptr && node->kind == EntryKind::Link;
@@ -375,7 +380,7 @@ MemoryFiles::Place MemoryFiles::find(const std::string& path, unsigned operation
     place = resolve(parsed);
     if (!ok(place.status)) return place;
     if (parsed.emptyLastPart && !place.node->isFolder()) {
-        place.status = Status::InvalidName;
+        place.status = Status::NotFound;
     } else {
         place.status = refusal(place.key, operationOfCall);
     }
@@ -414,8 +419,10 @@ Status MemoryFiles::GetAttributes(const std::string& path, unsigned& attributes)
 
 Status MemoryFiles::SetAttributes(const std::string& path, unsigned attributes) {
     const Place place = find(path, operation::Attributes, true);
-    if (ok(place.status)) place.node->content->attributes = attributes & kSettableAttributes;
-    return place.status;
+    if (!ok(place.status)) return place.status;
+    if (place.node->kind != EntryKind::File && !place.node->isFolder()) return Status::Denied;
+    place.node->content->attributes = attributes & kSettableAttributes;
+    return Status::Ok;
 }
 
 Status MemoryFiles::GetSize(const std::string& path, std::uint64_t& bytes) {
@@ -601,6 +608,7 @@ Status MemoryFiles::DeleteFolder(const std::string& folder, bool force) {
         const Place above = find(path.text(), operation::List, true);
         if (above.status == Status::NotFound) return Status::PathNotFound;
         if (!ok(above.status)) return above.status;
+        if (!above.node->isFolder()) return Status::PathNotFound;
         std::vector<std::string> names;
         for (const auto& [key, child] : above.node->children) {
             if (child->isFolder() && isListable(child->name) && base::wildcardMatch(mask, child->name)) {
@@ -615,6 +623,7 @@ Status MemoryFiles::DeleteFolder(const std::string& folder, bool force) {
     }
     const Place place = find(folder, 0, false);
     if (!ok(place.status)) return place.status;
+    if (place.node->kind == EntryKind::Link) return counted(Status::Denied);
     if (!place.node->isFolder()) return Status::PathNotFound;
     return counted(removeEntry(place, force));
 }
@@ -761,6 +770,7 @@ Status MemoryFiles::CopyFileBytes(const std::string& from, const std::string& to
     if (!ok(source.status)) return source.status;
     if (source.node->kind != EntryKind::File) return Status::Denied;
     const std::shared_ptr<Content> content = source.node->content;
+    if (const Node* target = peek(to); target != nullptr && target->content == content) return Status::InUse;
     return replaceContent(to, content->bytes, content->length);
 }
 

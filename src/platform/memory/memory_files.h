@@ -66,6 +66,7 @@ public:
 
     [[nodiscard]] bool has(const std::string& path) const;
     [[nodiscard]] bool hasFolder(const std::string& path) const;
+    [[nodiscard]] bool hasRawName(const std::string& folder, const std::string& name) const;
     [[nodiscard]] bool isLink(const std::string& path) const;
     // Empty when there is no such file.
     [[nodiscard]] std::optional<std::string> bytesOf(const std::string& path) const;
