@@ -1,0 +1,159 @@
+#include "platform/machine/machine.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+
+#include "base/text.h"
+#include "platform/machine/wine_server.h"
+
+namespace tidvane::platform::machine {
+
+namespace {
+
+std::string quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+bool isPlace(int directory, const char* name, mode_t type) {
+    struct stat info {};
+    return ::fstatat(directory, name, &info, AT_SYMLINK_NOFOLLOW) == 0 && (info.st_mode & S_IFMT) == type;
+}
+
+bool hasShape(int directory) {
+    return isPlace(directory, "dosdevices", S_IFDIR) && isPlace(directory, "system.reg", S_IFREG) &&
+           isPlace(directory, "user.reg", S_IFREG);
+}
+
+Handle openDirectory(const std::string& directory) {
+    return Handle(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+// The real place of a directory on the host; empty if there is none.
+std::string realPlace(const std::string& path) {
+    char* const place = ::realpath(path.c_str(), nullptr);
+    if (place == nullptr) return {};
+    std::string text = place;
+    std::free(place);
+    return text;
+}
+
+bool mayWrite(int directory) {
+    constexpr int kFlags = AT_EACCESS;
+    return ::faccessat(directory, ".", W_OK | X_OK, kFlags) == 0 &&
+           ::faccessat(directory, "system.reg", W_OK, kFlags) == 0 &&
+           ::faccessat(directory, "user.reg", W_OK, kFlags) == 0;
+}
+
+std::string inUse(const std::string& directory) {
+    return "The registry of " + quoted(directory) +
+           " is in use by a running Wine server; end its programs (wineserver -k), then start again.";
+}
+
+}  // namespace
+
+bool Machine::isMachine(const std::string& directory) {
+    const Handle handle = openDirectory(directory);
+    return handle && hasShape(handle.get());
+}
+
+std::unique_ptr<Machine> Machine::open(const std::string& directory, Access access, std::string& error) {
+    std::unique_ptr<Machine> machine(new Machine);
+    machine->access_ = access;
+    machine->directory_ = realPlace(directory);
+    machine->handle_ = openDirectory(directory);
+    if (!machine->handle_) {
+        const bool denied = errno == EACCES;
+        error =
+            quoted(directory) + (denied ? " may not be read; check its rights, or run as its owner."
+                                        : " is not a directory; name a Wine prefix or create a machine there first.");
+        return nullptr;
+    }
+    const int handle = machine->handle_.get();
+    if (!hasShape(handle)) {
+        error =
+            quoted(directory) +
+            " is not a Windows system: dosdevices, system.reg and user.reg are not there; name a Wine prefix or create "
+            "a machine in an empty directory.";
+        return nullptr;
+    }
+    if (access == Access::Write) {
+        if (!mayWrite(handle)) {
+            error = quoted(directory) + " may not be written to; check its rights, or run as its owner.";
+            return nullptr;
+        }
+        if (hasWineServer(machine->directory_)) {
+            error = inUse(directory);
+            return nullptr;
+        }
+        if (::flock(handle, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+            error = "The registry of " + quoted(directory) +
+                    " is in use by another Tidvane; wait until it has finished, then start again.";
+            return nullptr;
+        }
+    }
+    std::string problem;
+    if (!machine->registry_.read(handle, problem)) {
+        error = "The registry of " + quoted(directory) + " cannot be used: " + problem;
+        return nullptr;
+    }
+    if (!machine->findDrives(problem)) {
+        error = quoted(directory) + " is not a Windows system: " + problem;
+        return nullptr;
+    }
+    return machine;
+}
+
+DriveType Machine::driveType(char letter) const {
+    const std::string name{static_cast<char>(letter | 0x20), ':'};
+    const std::string type = registry_.text("Machine\\Software\\Wine\\Drives", name).value_or("");
+    if (base::equalNoCase(type, "cdrom")) return DriveType::CdRom;
+    if (base::equalNoCase(type, "floppy")) return DriveType::Removable;
+    if (base::equalNoCase(type, "network")) return DriveType::Remote;
+    return DriveType::Fixed;
+}
+
+// A drive counts if it is a directory below the machine's own. One that points elsewhere (a prefix mostly has "z:" for
+// the whole host) is no part of the machine, and neither is the machine's directory itself, which holds the registry.
+bool Machine::findDrives(std::string& error) {
+    const std::string devices = directory_ + "/dosdevices";
+    for (char letter = 'a'; letter <= 'z'; ++letter) {
+        const std::string place = realPlace(devices + "/" + letter + ":");
+        struct stat info {};
+        if (place.empty() || ::stat(place.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) continue;
+        const bool inside = place.size() > directory_.size() + 1 &&
+                            place.compare(0, directory_.size(), directory_) == 0 && place[directory_.size()] == '/';
+        const bool isDevices = place == devices || place.compare(0, devices.size() + 1, devices + "/") == 0;
+        if (!inside || isDevices) continue;
+        const char upper = static_cast<char>(letter & ~0x20);
+        drives_.push_back({upper, driveType(upper), place});
+    }
+    for (const MachineDrive& drive : drives_) {
+        if (drive.letter == 'C') return true;
+    }
+    error = "its drive C: is missing or lies outside of it; name another one, or mend dosdevices/c:.";
+    return false;
+}
+
+Status Machine::commit(std::string& error) {
+    if (!registry_.changed()) return Status::Ok;
+    if (access_ != Access::Write) {
+        error = "The machine was opened for reading only.";
+        return Status::Denied;
+    }
+    if (hasWineServer(directory_)) {
+        error = inUse(directory_);
+        return Status::InUse;
+    }
+    std::string problem;
+    const Status status = registry_.write(handle_.get(), problem);
+    if (!ok(status)) error = "The registry of " + quoted(directory_) + " was not written back: " + problem;
+    return status;
+}
+
+}  // namespace tidvane::platform::machine

@@ -1,0 +1,62 @@
+// A Windows system in a directory of the host: a Wine prefix, or a machine of Tidvane's own of the same shape.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+#include "platform/machine/machine_registry.h"
+
+namespace tidvane::platform::machine {
+
+struct MachineDrive {
+    char letter;  // upper case
+    DriveType type;
+    std::string hostFolder;
+};
+
+// What a new machine is told about itself.
+struct NewMachine {
+    std::string user = "User";
+    std::string computer = "TIDVANE";
+};
+
+class Machine {
+public:
+    // Read: the registry is never written back, and who else has the machine open does not matter.
+    enum class Access { Read, Write };
+
+    // Null: the directory is no Windows system, may not be written to, or somebody else has its registry open. `error`
+    // is then one sentence that says what to do. For writing, the machine is locked against a second Tidvane until the
+    // object goes.
+    static std::unique_ptr<Machine> open(const std::string& directory, Access access, std::string& error);
+
+    // Makes an empty machine (Windows 7) in a directory that does not exist yet or is empty. It appears complete or not
+    // at all.
+    static bool create(const std::string& directory, std::string& error, const NewMachine& description = {});
+
+    // Whether the directory has the shape of a machine that can be opened.
+    static bool isMachine(const std::string& directory);
+
+    [[nodiscard]] const std::string& directory() const { return directory_; }
+    [[nodiscard]] const std::vector<MachineDrive>& drives() const { return drives_; }
+    MachineRegistry& registry() { return registry_; }
+
+    // Writes the changed registry files back, each atomically. InUse, and nothing is written: another program changed
+    // one of them, or has the registry open by now. Denied: opened for reading.
+    Status commit(std::string& error);
+
+private:
+    Machine() = default;
+    bool findDrives(std::string& error);
+    DriveType driveType(char letter) const;
+
+    std::string directory_;
+    Handle handle_;
+    Access access_ = Access::Read;
+    MachineRegistry registry_;
+    std::vector<MachineDrive> drives_;
+};
+
+}  // namespace tidvane::platform::machine

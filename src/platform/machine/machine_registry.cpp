@@ -1,0 +1,120 @@
+#include "platform/machine/machine_registry.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+
+#include "base/text.h"
+#include "platform/common/utf16.h"
+#include "platform/machine/whole_file.h"
+
+namespace tidvane::platform::machine {
+
+namespace {
+
+std::uint64_t fileTimeNow() {
+    constexpr std::uint64_t kStepsTo1970 = 116'444'736'000'000'000u;
+    const auto since1970 = std::chrono::system_clock::now().time_since_epoch();
+    return kStepsTo1970 +
+           static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::nanoseconds>(since1970).count()) / 100u;
+}
+
+bool sameFile(const struct stat& a, const struct stat& b) {
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
+           a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
+}  // namespace
+
+std::optional<std::string> valueText(const RegistryValue* value) {
+    if (value == nullptr || (value->type != 1 && value->type != 2)) return std::nullopt;
+    std::string text = utf8FromUtf16le(value->data);
+    text.resize(std::min(text.find('\0'), text.size()));
+    return text;
+}
+
+bool MachineRegistry::readFile(int directory, const std::string& name, bool required, std::string& error) {
+    Handle handle;
+    File file;
+    file.name = name;
+    const Status opened = openPlainFile(directory, name, O_RDONLY, handle, file.read);
+    if (!required && opened == Status::NotFound) return true;
+    if (!ok(opened)) {
+        error = opened == Status::Denied && handle
+                    ? name + " is not a plain file; restore it from a backup."
+                    : name + " cannot be read; check that it exists and who may read it.";
+        return false;
+    }
+    std::string bytes;
+    if (!ok(readWholeFile(handle.get(), bytes, UINT64_MAX))) {
+        error = name + " cannot be read.";
+        return false;
+    }
+    RegistryTextError problem;
+    file.content = std::make_unique<RegistryTextFile>();
+    if (!file.content->read(std::move(bytes), problem)) {
+        error = name + " is damaged (line " + std::to_string(problem.line) + ": " + problem.text +
+                "); restore it from a backup.";
+        return false;
+    }
+    files_.push_back(std::move(file));
+    return true;
+}
+
+bool MachineRegistry::read(int directory, std::string& error) {
+    files_.clear();
+    if (!readFile(directory, "system.reg", true, error) || !readFile(directory, "user.reg", true, error)) return false;
+    std::string ignored;  // the defaults of new users are no part of what is cleaned: they may be missing or damaged
+    if (!readFile(directory, "userdef.reg", false, ignored)) ignored.clear();
+
+    std::string sid = "S-1-5-21-0-0-0-1000";
+    if (base::startsWithNoCase(files_[1].content->place(), "User\\")) sid = files_[1].content->place().substr(5);
+    tree_ = std::make_unique<RegistryTree>(sid);
+    tree_->mount("Machine", files_[0].content->root());
+    tree_->mount("User\\" + sid, files_[1].content->root());
+    if (files_.size() > 2) tree_->mount("User\\.Default", files_[2].content->root());
+    return true;
+}
+
+bool MachineRegistry::changed() const {
+    for (const File& file : files_) {
+        if (file.content->changed()) return true;
+    }
+    return false;
+}
+
+Status MachineRegistry::write(int directory, std::string& error) {
+    for (const File& file : files_) {
+        if (!file.content->changed()) continue;
+        struct stat now {};
+        if (::fstatat(directory, file.name.c_str(), &now, AT_SYMLINK_NOFOLLOW) != 0 || !sameFile(now, file.read)) {
+            error = file.name + " was changed by another program meanwhile; it was left as it is.";
+            return Status::InUse;
+        }
+    }
+    for (File& file : files_) {
+        if (!file.content->changed()) continue;
+        FileReplacement replacement;
+        Status status = replacement.start(directory, &file.read);
+        if (ok(status)) status = replacement.write(file.content->serialize(fileTimeNow()));
+        if (ok(status)) status = replacement.publish(file.name, true);
+        if (!ok(status)) {
+            error = file.name + " could not be written (" +
+                    (status == Status::DiskFull ? "the disk is full" : std::strerror(errno)) +
+                    "); the old one is still there.";
+            return status;
+        }
+        file.content->markWritten();
+        (void)::fstatat(directory, file.name.c_str(), &file.read, AT_SYMLINK_NOFOLLOW);
+    }
+    return Status::Ok;
+}
+
+std::optional<std::string> MachineRegistry::text(const std::string& key, const std::string& name) const {
+    const RegistryKeyPtr found = tree_->find(key);
+    return found ? valueText(found->findValue(name)) : std::nullopt;
+}
+
+}  // namespace tidvane::platform::machine

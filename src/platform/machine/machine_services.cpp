@@ -1,0 +1,57 @@
+#include "platform/machine/machine_services.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <chrono>
+#include <ctime>
+#include <thread>
+
+namespace tidvane::platform::machine {
+
+namespace {
+
+// INET_E_RESOURCE_NOT_FOUND, as the call answers without a network.
+constexpr long kResourceNotFound = static_cast<int>(0x800C0005u);
+
+std::tm localTime(long& nanoseconds) {
+    struct timespec moment {};
+    ::clock_gettime(CLOCK_REALTIME, &moment);
+    std::tm parts{};
+    ::localtime_r(&moment.tv_sec, &parts);
+    nanoseconds = moment.tv_nsec;
+    return parts;
+}
+
+}  // namespace
+
+base::DateTime HostClock::now() {
+    long nanoseconds = 0;
+    const std::tm parts = localTime(nanoseconds);
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
+}
+
+double HostClock::timer() {
+    long nanoseconds = 0;
+    const std::tm parts = localTime(nanoseconds);
+    return parts.tm_hour * 3600.0 + parts.tm_min * 60.0 + parts.tm_sec + static_cast<double>(nanoseconds) / 1e9;
+}
+
+void HostClock::Sleep(int milliseconds) {
+    if (milliseconds > 0) std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+bool MachineProcesses::takeInstanceLock() {
+    if (lock_) return true;
+    Handle folder(::open(programFolder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder || ::flock(folder.get(), LOCK_EX | LOCK_NB) != 0) return false;
+    lock_ = std::move(folder);
+    return true;
+}
+
+long MachineNetwork::URLDownloadToFileA(const std::string& /*url*/, const std::string& /*file*/,
+                                        const std::function<bool(std::uint64_t, std::uint64_t)>& /*progress*/) {
+    return kResourceNotFound;
+}
+
+}  // namespace tidvane::platform::machine
