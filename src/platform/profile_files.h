@@ -7,16 +7,17 @@
 
 namespace tidvane::platform {
 
-// The rules of the calls of the same names. Sections and keys are found without regard to case; blanks around keys and
-// values are dropped, and one pair of enclosing quotes of a value too. Texts are UTF-8 here; sizes count bytes of the
-// code page, the closing NUL included. A file that cannot be read behaves as an empty one.
+// The rules of the calls of the same names. Sections and keys are found without regard to the case of ASCII letters;
+// blanks around keys and values are dropped, and one pair of enclosing quotes of a value too. Texts are UTF-8 here; sizes
+// count bytes of the code page, the closing NUL included. A file that cannot be read behaves as an empty one.
 class ProfileFiles {
 public:
     virtual ~ProfileFiles() = default;
 
     // What the call would have put into a buffer of `size` bytes, NULs inside kept; its length in code-page bytes is
     // the result of the call. A missing `section` lists all section names, a missing `key` all keys of the section,
-    // each followed by a NUL. A text that does not fit is cut to size - 1 bytes (lists: size - 2).
+    // each followed by a NUL. A text that does not fit is cut to size - 1 bytes (lists: size - 2, also when only
+    // their closing NUL would not fit).
     virtual std::string GetPrivateProfileStringA(const std::optional<std::string>& section,
                                                  const std::optional<std::string>& key, const std::string& fallback,
                                                  std::size_t size, const std::string& file) = 0;
