@@ -14,6 +14,9 @@ namespace tidvane::platform {
 namespace {
 
 constexpr std::size_t kValuesToIndex = 16;  // below it a plain search is faster
+constexpr std::size_t kCrowd = 1000;        // subkeys from which on one more is not put into its place at once
+// More signs than the longest path of the deepest key can take.
+constexpr std::size_t kLongestPath = kDeepestKey * (kLongestKeyName + 1) * 4;
 
 std::string_view withoutLineEnd(std::string_view line) {
     if (line.ends_with('\n')) line.remove_suffix(1);
@@ -83,8 +86,16 @@ bool readEscaped(std::string_view line, std::size_t& at, char end, std::string& 
             if (++at >= line.size()) return false;
             appendUnit(units, escapedUnit(line, at));
         } else if (static_cast<unsigned char>(line[at]) < 0x80) {
-            units.push_back(line[at++]);
-            units.push_back('\0');
+            // Nearly all of a file is plain text: whole runs of it are widened at once.
+            const char* const start = line.data() + at;
+            const char* const lineEnd = line.data() + line.size();
+            const char* run = start;
+            while (run != lineEnd && *run != end && *run != '\\' && static_cast<unsigned char>(*run) < 0x80) ++run;
+            const std::size_t before = units.size();
+            units.resize(before + 2 * static_cast<std::size_t>(run - start), '\0');
+            char* unit = units.data() + before;
+            for (const char* sign = start; sign != run; ++sign, unit += 2) *unit = *sign;
+            at += static_cast<std::size_t>(run - start);
         } else {
             const std::size_t start = at;
             (void)nextCodePoint(line, at);
@@ -169,6 +180,7 @@ bool RegistryTextReader::read(RegistryTextError& error) {
             }
         }
     }
+    for (const auto& crowd : crowded_) crowd.first->sortChildren();
     error = error_;
     return good;
 }
@@ -220,8 +232,9 @@ bool RegistryTextReader::readSectionHead(std::string_view line) {
 }
 
 void RegistryTextReader::enterKey(const std::string& path) {
-    const std::vector<std::string_view> parts = keyPathParts(path);
-    if (parts.size() > kDeepestKey) {
+    const std::vector<std::string_view> parts =
+        path.size() > kLongestPath ? std::vector<std::string_view>() : keyPathParts(path);
+    if (path.size() > kLongestPath || parts.size() > kDeepestKey) {
         key_ = nullptr;
         return;
     }
@@ -231,10 +244,21 @@ void RegistryTextReader::enterKey(const std::string& path) {
     wayNames_.resize(shared);
     key_ = shared == 0 ? file_.root_ : way_.back();
     for (std::size_t i = shared; i < parts.size(); ++i) {
-        key_ = key_->findOrAdd(parts[i]);
+        key_ = child(*key_, parts[i]);
         way_.push_back(key_);
         wayNames_.emplace_back(parts[i]);
     }
+}
+
+RegistryKeyPtr RegistryTextReader::child(RegistryKey& parent, std::string_view name) {
+    if (parent.children().size() < kCrowd) return parent.findOrAdd(name);
+    auto& known = crowded_[&parent];
+    if (known.empty()) {
+        for (const RegistryKeyPtr& key : parent.children()) known.emplace(foldedName(key->name()), key);
+    }
+    RegistryKeyPtr& key = known[foldedName(name)];
+    if (!key) key = parent.appendRead(std::string(name));
+    return key;
 }
 
 bool RegistryTextReader::readValue(std::string_view line) {

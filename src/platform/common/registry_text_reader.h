@@ -23,6 +23,7 @@ private:
     bool readProlog();
     bool readSectionHead(std::string_view line);
     void enterKey(const std::string& path);
+    RegistryKeyPtr child(RegistryKey& parent, std::string_view name);
     bool readValue(std::string_view line);
     bool readData(std::string_view rest, RegistryValue& value, bool& known);
     bool readHexData(std::string_view rest, std::string& data, bool& known);
@@ -39,6 +40,8 @@ private:
     std::vector<RegistryKeyPtr> way_;
     std::vector<std::string> wayNames_;
     std::vector<std::size_t> sectionOfKey_{0};  // by origin: its last section
+    // Subkeys by folded name, of keys that have very many. They are put in order at the end.
+    std::unordered_map<RegistryKey*, std::unordered_map<std::string, RegistryKeyPtr>> crowded_;
     // Folded names of the key's values and their positions, once there are many.
     std::unordered_map<std::string, std::size_t> valueIndex_;
 };

@@ -79,6 +79,18 @@ RegistryKeyPtr RegistryKey::findOrAdd(std::string_view childName) {
     return child;
 }
 
+RegistryKeyPtr RegistryKey::appendRead(std::string childName) {
+    auto child = std::make_shared<RegistryKey>(std::move(childName));
+    child->parent_ = this;
+    children_.push_back(child);
+    return child;
+}
+
+void RegistryKey::sortChildren() {
+    std::sort(children_.begin(), children_.end(),
+              [](const RegistryKeyPtr& a, const RegistryKeyPtr& b) { return a->folded_ < b->folded_; });
+}
+
 void RegistryKey::attach(RegistryKeyPtr child, std::string childName) {
     child->name_ = std::move(childName);
     child->folded_ = foldedName(child->name_);

@@ -53,7 +53,11 @@ public:
     // Text types take UTF-8 without a closing NUL, which is added.
     void setText(std::string_view valueName, std::string_view text, std::uint32_t type = 1);
     bool removeValue(std::string_view valueName);
-    // For readers of files, who see to it that no name comes twice: adds, or replaces by position.
+    // For readers of files, who see to it that no name comes twice. Keys added so are out of order until they are
+    // sorted, and cannot be found before: a large file would take hours if each went to its place.
+    RegistryKeyPtr appendRead(std::string childName);
+    void sortChildren();
+    // Adds a value, or replaces one by position.
     void addRead(RegistryValue value) { values_.push_back(std::move(value)); }
     void replaceRead(std::size_t index, RegistryValue value) { values_[index] = std::move(value); }
 

@@ -1,5 +1,7 @@
 #include "platform/guard/guarded_registry.h"
 
+#include <algorithm>
+
 #include "platform/guard/protected_keys.h"
 
 namespace tidvane::platform {
@@ -41,9 +43,21 @@ GuardedRegistry::Place GuardedRegistry::placeOf(HKey parent, const std::string& 
     return place;
 }
 
-bool GuardedRegistry::refused(HKey parent, const std::string& path) {
+bool GuardedRegistry::isThere(const Place& place, const std::string* valueName) {
+    HKey key = 0;
+    const std::size_t start = std::min(place.path.find_first_not_of('\\'), place.path.size());
+    if (registry_.RegOpenKeyExA(place.hive, place.path.substr(start), kKeyQueryValue, key) != 0) return false;
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    const bool there = valueName == nullptr || registry_.RegQueryValueExA(key, *valueName, type, nullptr, size) == 0;
+    (void)registry_.RegCloseKey(key);
+    return there;
+}
+
+bool GuardedRegistry::refused(HKey parent, const std::string& path, const std::string* valueName) {
     const Place place = placeOf(parent, path);
     if (!isProtectedKey(place.hive, place.path)) return false;
+    if (isThere(place, valueName)) ++counter_.totals.failed;
     // The path may have been joined with backslashes too many.
     std::string target = hiveName(place.hive);
     bool separated = false;
@@ -104,7 +118,7 @@ RegResult GuardedRegistry::SHDeleteKeyA(HKey parent, const std::string& path) {
 
 RegResult GuardedRegistry::RegDeleteValueA(HKey key, const std::string& name) {
     if (key == 0) return kBadHandle;
-    return refused(key, "") ? kDenied : registry_.RegDeleteValueA(key, name);
+    return refused(key, "", &name) ? kDenied : registry_.RegDeleteValueA(key, name);
 }
 
 RegResult GuardedRegistry::RegQueryValueExA(HKey key, const std::string& name, std::uint32_t& type, std::string* data,

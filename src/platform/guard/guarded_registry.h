@@ -10,13 +10,18 @@
 #include <utility>
 
 #include "platform/registry_api.h"
+#include "platform/removal_counter.h"
 #include "platform/warnings.h"
 
 namespace tidvane::platform {
 
 class GuardedRegistry final : public RegistryApi {
 public:
-    GuardedRegistry(RegistryApi& registry, WarningSink warn) : registry_(registry), warn_(std::move(warn)) {}
+    // A refused target that is there counts as failed. The sink may be empty.
+    GuardedRegistry(RegistryApi& registry, RemovalCounter& counter, WarningSink warn)
+        : registry_(registry), counter_(counter), warn_(std::move(warn)) {}
+
+    void setSink(WarningSink warn) { warn_ = std::move(warn); }
 
     RegResult RegOpenKeyExA(HKey parent, const std::string& path, std::uint32_t access, HKey& key) override;
     RegResult RegCreateKeyExA(HKey parent, const std::string& path, std::uint32_t access, HKey& key,
@@ -41,9 +46,12 @@ private:
         std::string path;
     };
     [[nodiscard]] Place placeOf(HKey parent, const std::string& path) const;
-    [[nodiscard]] bool refused(HKey parent, const std::string& path);
+    // With `valueName` only that value was to go.
+    [[nodiscard]] bool refused(HKey parent, const std::string& path, const std::string* valueName = nullptr);
+    [[nodiscard]] bool isThere(const Place& place, const std::string* valueName);
 
     RegistryApi& registry_;
+    RemovalCounter& counter_;
     WarningSink warn_;
     std::unordered_map<HKey, Place> places_;
 };
