@@ -218,6 +218,7 @@ TEST(ProfileText, ReadsAHugeFileOnce) {
     file += "[last]\r\nk=v\r\n";
     EXPECT_EQ(get(file, "last", "k"), "v");
     EXPECT_EQ(get(std::string(100'000'000, '['), "last", "k"), "");
+    EXPECT_EQ(get(std::string(10'000'000, '\r'), "last", "k"), "");
     EXPECT_EQ(get(std::string(100'000'000, '\0'), "last", "k"), "");
     EXPECT_EQ(withProfileString(file, "last", "k", "w").size(), file.size());
 }

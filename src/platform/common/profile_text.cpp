@@ -50,14 +50,19 @@ struct Line {
 
 class Lines {
 public:
-    explicit Lines(Text file) : file_(file) {}
+    explicit Lines(Text file)
+        : file_(file),
+          nextLf_(std::min(file.find('\n'), file.size())),
+          nextCr_(std::min(file.find('\r'), file.size())) {}
 
     bool next(Line& line) {
         if (position_ >= file_.size()) return false;
         line = Line{};
         line.start = position_;
-        std::size_t end = position_;
-        while (end < file_.size() && file_[end] != '\r' && file_[end] != '\n') ++end;
+        // Each sign is looked for once: a file may hold only one of them.
+        if (nextLf_ < position_) nextLf_ = std::min(file_.find('\n', position_), file_.size());
+        if (nextCr_ < position_) nextCr_ = std::min(file_.find('\r', position_), file_.size());
+        std::size_t end = std::min(nextLf_, nextCr_);
         line.end = end;
         if (end < file_.size()) end += file_.substr(end, 2) == "\r\n" ? 2 : 1;
         line.next = end;
@@ -90,6 +95,8 @@ private:
 
     Text file_;
     std::size_t position_ = 0;
+    std::size_t nextLf_;
+    std::size_t nextCr_;
 };
 
 bool equal(Text a, Text b) {
