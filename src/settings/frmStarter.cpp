@@ -6,6 +6,7 @@
 #include "settings/addresses.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/modFormINI.h"
+#include "settings/modOS.h"
 
 namespace tidvane::settings {
 
@@ -54,8 +55,7 @@ void frmStarter::Form_Load() {
     ShowLangLine("Loading ...");
     loadLicense();
 
-    const platform::WindowsVersion version = program_.platform.system.GetVersionExA();
-    const bool newest = version.platformId == 2 && version.major == 6 && version.minor == 2;
+    const bool newest = windowsCode(program_) == 11;
     lblOSInfo.Caption = newest ? "Full support for" : "Even more efficient with";
     lblWinSystem.Caption = newest ? "Windows 8" : "Windows 7";
 }

@@ -1,0 +1,76 @@
+#include "settings/themes.h"
+
+#include <gtest/gtest.h>
+
+#include "forms/form.h"
+
+namespace tidvane::tests {
+namespace {
+
+using settings::applyTheme;
+
+constexpr unsigned kUntouched = 0xFFFFFFFFu;
+
+class Theme : public ::testing::Test {
+protected:
+    forms::Form form{"frmAny"};
+    controls::ExplorerBar pane{form, "ExplorerBar1"};
+};
+
+TEST_F(Theme, DefaultColoursTheMainPaneAlone) {
+    applyTheme(pane, "Default", false, 0, 0, 0);
+    EXPECT_EQ(pane.colour("BackColor"), kUntouched);
+    applyTheme(pane, "Default", true, 0, 0, 0);
+    EXPECT_EQ(pane.colour("BackColor"), 0xC0C0C0u);
+    EXPECT_EQ(pane.colour("GradientBackColor"), 0x808080u);
+    EXPECT_EQ(pane.colour("BorderColor"), kUntouched);
+}
+
+TEST_F(Theme, LightDarkAndDesktopSetTwoFourAndFiveProperties) {
+    applyTheme(pane, "Light", false, 0, 0, 0);
+    EXPECT_EQ(pane.colour("GradientBackColor"), 0x8000000Fu);
+    EXPECT_EQ(pane.colour("BorderColor"), kUntouched);
+    applyTheme(pane, "Dark", false, 0, 0, 0);
+    EXPECT_EQ(pane.colour("BorderColor"), 0x676767u);
+    EXPECT_EQ(pane.colour("GradientSpecialHeaderBackColor"), 0x676767u);
+    EXPECT_EQ(pane.colour("NormalHeaderBackColor"), kUntouched);
+    applyTheme(pane, "Desktop", false, 0, 0, 0);
+    EXPECT_EQ(pane.colour("NormalHeaderBackColor"), 0x80000001u);
+}
+
+TEST_F(Theme, BlueSetsItsColours) {
+    applyTheme(pane, "Blue", false, 0, 0, 0);
+    EXPECT_EQ(pane.colour("BackColor"), 0xE6AA8Cu);
+    EXPECT_EQ(pane.colour("BorderColor"), 0x80000008u);
+    EXPECT_EQ(pane.colour("SpecialItemHoverColor"), 0xFF8E42u);
+}
+
+TEST_F(Theme, WindowsTakesTheVisualStyle) {
+    applyTheme(pane, "Windows", true, 0, 0, 0);
+    EXPECT_TRUE(pane.UseTheme);
+    EXPECT_EQ(pane.colour("BackColor"), kUntouched);
+}
+
+TEST_F(Theme, CustomMixesBlueGreenRed) {
+    applyTheme(pane, "Custom", false, 1, 2, 300);
+    EXPECT_EQ(pane.colour("BackColor"), 0xFF0201u);
+    EXPECT_EQ(pane.colour("NormalHeaderBackColor"), 0xFF0201u);
+}
+
+TEST_F(Theme, CustomWithoutAColourAndUnknownNamesSetNothing) {
+    applyTheme(pane, "Custom", true, -1, 2, 3);
+    applyTheme(pane, "", true, 1, 2, 3);
+    applyTheme(pane, "blue", true, 1, 2, 3);
+    EXPECT_EQ(pane.colour("BackColor"), kUntouched);
+}
+
+TEST(MixedColour, NeedsThreeNumbers) {
+    const base::Locale& locale = base::englishLocale();
+    EXPECT_EQ(settings::mixedColour("255", "128", "1", locale), 0x0180FFu);
+    EXPECT_FALSE(settings::mixedColour("R", "1", "1", locale));
+    EXPECT_FALSE(settings::mixedColour("", "1", "1", locale));
+    EXPECT_FALSE(settings::mixedColour("-1", "1", "1", locale));
+}
+
+}  // namespace
+}  // namespace tidvane::tests
