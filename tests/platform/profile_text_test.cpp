@@ -214,7 +214,8 @@ TEST(ProfileText, SurvivesBinaryFiles) {
 TEST(ProfileText, ReadsAHugeFileOnce) {
     std::string file;
     file.reserve(100'000'100);
-    for (int i = 0; file.size() < 100'000'000; ++i) file += i % 3 == 0 ? "[a]\n" : "some key=some value\n";
+    const std::string entry = "some key=" + std::string(200, 'v') + "\n";
+    for (int i = 0; file.size() < 100'000'000; ++i) file += i % 3 == 0 ? "[a]\n" : entry;
     file += "[last]\r\nk=v\r\n";
     EXPECT_EQ(get(file, "last", "k"), "v");
     EXPECT_EQ(get(std::string(100'000'000, '['), "last", "k"), "");
