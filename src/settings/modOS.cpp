@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/simple_controls.h"
+#include "settings/control_lookup.h"
 
 namespace tidvane::settings {
 
@@ -89,13 +90,19 @@ int codeOf(const platform::WindowsVersion& version) {
     }
 }
 
-void switchOff(Program& program, const Lacking& lacking) {
-    forms::Form* form = program.windows.get(lacking.window);
-    if (form == nullptr) return;
-    forms::Control* control = form->control(lacking.control);
-    if (control == nullptr) return;
-    if (control->kind == forms::ControlKind::CheckBox) static_cast<forms::CheckBox*>(control)->Value = 0;
-    control->Enabled = false;
+// First all values, then all states: clearing a box may raise an event that enables another one of the table.
+void switchOff(Program& program, unsigned version) {
+    std::vector<forms::Control*> controls;
+    for (const Lacking& lacking : kLacking) {
+        if ((lacking.versions & version) == 0) continue;
+        if (auto* control = findControl<forms::Control>(program, lacking.window, lacking.control)) {
+            controls.push_back(control);
+        }
+    }
+    for (forms::Control* control : controls) {
+        if (control->kind == forms::ControlKind::CheckBox) static_cast<forms::CheckBox*>(control)->Value = 0;
+    }
+    for (forms::Control* control : controls) control->Enabled = false;
 }
 
 }  // namespace
@@ -107,9 +114,7 @@ int windowsCode(Program& program) {
 std::string DetectWindows(Program& program) {
     const platform::WindowsVersion version = program.platform.system.GetVersionExA();
     const int number = codeOf(version);
-    for (const Lacking& lacking : kLacking) {
-        if ((lacking.versions & code(number)) != 0) switchOff(program, lacking);
-    }
+    switchOff(program, code(number));
     const std::string name = kNames[static_cast<std::size_t>(number)];
     if (number == 0) return name;
     return "Windows " + name + (version.servicePack.empty() ? "" : " " + version.servicePack);

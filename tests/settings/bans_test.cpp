@@ -1,0 +1,111 @@
+#include "settings/bans.h"
+
+#include <gtest/gtest.h>
+
+#include "options_fixture.h"
+
+namespace tidvane::settings {
+namespace {
+
+constexpr const char* kFile = "C:\\td_ban.dat";
+
+struct FindInFileTest : testing::Test {
+    OptionsFixture machine;
+    bool find(const std::string& content, const std::string& text, std::size_t blockSize = kBanBlockSize) {
+        machine.files().putFile(kFile, content);
+        return FindInFile(machine.program, kFile, text, blockSize);
+    }
+};
+
+TEST_F(FindInFileTest, FindsNothingWithoutAFile) {
+    EXPECT_FALSE(FindInFile(machine.program, kFile, "C:\\WINDOWS", kBanBlockSize));
+    EXPECT_FALSE(FindInFile(machine.program, kFile, "", kBanBlockSize));
+}
+
+TEST_F(FindInFileTest, CountsAFileThatCannotBeReadAsNoBan) {
+    machine.files().putFile(kFile, "C:\\WINDOWS\r\n");
+    machine.files().deny(kFile);
+    EXPECT_FALSE(FindInFile(machine.program, kFile, "C:\\WINDOWS", kBanBlockSize));
+}
+
+TEST_F(FindInFileTest, IgnoresCaseOnBothSides) {
+    EXPECT_TRUE(find("x\r\nC:\\Windows\r\n", "c:\\WINDOWS"));
+    EXPECT_TRUE(
+        find("x\r\nC:\\\xDC"
+             "bung\r\n",
+             "c:\\übung"));
+}
+
+TEST_F(FindInFileTest, RefusesWhatEndsABannedLineDownToOneLetter) {
+    EXPECT_TRUE(find("x\r\nC:\\WINDOWS\r\n", "WINDOWS"));
+    EXPECT_TRUE(find("x\r\nC:\\WINDOWS\r\n", "S"));
+    EXPECT_FALSE(find("x\r\nC:\\WINDOWS\r\n", "W"));
+}
+
+TEST_F(FindInFileTest, LetsALocationBelowABannedOnePass) {
+    EXPECT_FALSE(find("C:\\WINDOWS\r\n", "C:\\WINDOWS\\TEMP"));
+}
+
+TEST_F(FindInFileTest, RefusesAnyStartOfTheFirstLineOnly) {
+    EXPECT_TRUE(find("C:\\WINDOWS\r\nD:\\DATA\r\n", "C:\\WIN"));
+    EXPECT_FALSE(find("C:\\WINDOWS\r\nD:\\DATA\r\n", "D:\\DA"));
+}
+
+TEST_F(FindInFileTest, NeedsTheLineEndOfTheLastLine) {
+    EXPECT_FALSE(find("x\r\nC:\\WINDOWS", "C:\\WINDOWS"));
+    EXPECT_TRUE(find("C:\\WINDOWS", "C:\\WINDOWS"));
+    EXPECT_FALSE(find("x\r\nC:\\WINDOWS\n", "C:\\WINDOWS"));
+}
+
+TEST_F(FindInFileTest, TrimsBlanksOfTheTextAlone) {
+    EXPECT_TRUE(find("x\r\nC:\\WINDOWS\r\n", "  C:\\WINDOWS "));
+    EXPECT_FALSE(find("x\r\nC:\\WINDOWS \r\n", "C:\\WINDOWS"));
+}
+
+TEST_F(FindInFileTest, KnowsNoWildcards) {
+    EXPECT_FALSE(find("x\r\n*.dll\r\n", "a.dll"));
+    EXPECT_TRUE(find("x\r\n*.dll\r\n", "*.dll"));
+    EXPECT_FALSE(find("x\r\na.dll\r\n", "*.dll"));
+}
+
+TEST_F(FindInFileTest, FindsAnEmptyTextInAnyFileButAnEmptyOne) {
+    EXPECT_TRUE(find("x", ""));
+    EXPECT_TRUE(find("x\r\n", "   "));
+    EXPECT_FALSE(find("", ""));
+}
+
+TEST_F(FindInFileTest, FindsALineOverTwoBlocksOnlyInCapitals) {
+    // Blocks of 8: "ab\r\nC:\D" and "ATA\r\n".
+    EXPECT_TRUE(find("ab\r\nC:\\DATA\r\n", "c:\\data", 8));
+    EXPECT_FALSE(find("ab\r\nc:\\data\r\n", "c:\\data", 8));
+    EXPECT_TRUE(find("ab\r\nc:\\data\r\n", "c:\\data", 64));
+    // What stands in the second block alone is found in any case.
+    EXPECT_TRUE(find("ab\r\nc:\\data\r\n", "ata", 8));
+}
+
+TEST_F(FindInFileTest, ForgetsWhatStoodBeforeABlockWithoutALineEnd) {
+    // Blocks of 4: "AA\r\n", "BBBB", "CC\r\n": the line keeps its second block alone.
+    EXPECT_FALSE(find("AA\r\nBBBBCC\r\n", "BBBBCC", 4));
+    EXPECT_TRUE(find("AA\r\nBBBBCC\r\n", "CC", 4));
+    // The carry is the rest behind the last line end of the block, and nothing without one.
+    EXPECT_TRUE(find("A\r\nBCC\r\n", "BCC", 4));
+}
+
+TEST_F(FindInFileTest, FindsALineEndThatStraddlesTwoBlocks) {
+    EXPECT_TRUE(find("A\r\nB\r\n", "b", 5) && find("A\r\nB\r\n", "B", 5));
+    EXPECT_TRUE(find("A\r\nBB\r\n", "BB", 6));
+}
+
+TEST(ProtectedRegistryEntry, IsAHiveOrOneOfItsGreatKeys) {
+    for (const char* entry : {"HKEY_CURRENT_USER", "hkey_current_user\\", " HKEY_LOCAL_MACHINE\\Software ",
+                              "HKEY_LOCAL_MACHINE\\SYSTEM\\", "HKEY_USERS", "HKEY_LOCAL_MACHINE\\SAM"}) {
+        EXPECT_TRUE(isProtectedRegistryEntry(entry)) << entry;
+    }
+    for (const char* entry :
+         {"HKEY_CURRENT_USER\\Software\\X", "HKEY_CURRENT_USER\\Softwares", "C:\\Software", "", "HKEY_CURRENT_USERS"}) {
+        EXPECT_FALSE(isProtectedRegistryEntry(entry)) << entry;
+    }
+}
+
+}  // namespace
+}  // namespace tidvane::settings
