@@ -1,6 +1,7 @@
 #include "settings/modLanguage.h"
 
-#include <cmath>
+#include <algorithm>
+#include <array>
 #include <string_view>
 #include <vector>
 
@@ -33,15 +34,29 @@ std::string_view takeLine(std::string_view& rest) {
     return line;
 }
 
-void storeLine(Program& program, std::string_view line) {
+// The last text of each index, as it stands in the file; no data where the file does not name the index.
+using RawTexts = std::array<std::string_view, LangTable::kSize>;
+
+void readLine(std::string_view line, RawTexts& texts) {
     if (line.find_first_not_of(" \t") == std::string_view::npos || line.front() == ';') return;
     const double number = base::roundHalfEven(base::val(line.substr(0, kIndexLength)));
     if (!(number >= 0 && number < LangTable::kSize)) return;
-    std::string text(line.size() > kTextStart ? line.substr(kTextStart) : std::string_view());
-    for (char& sign : text) {
-        if (sign == '_') sign = '\r';
+    texts[static_cast<std::size_t>(number)] = line.substr(std::min(line.size(), kTextStart));
+}
+
+std::string entryOf(std::string_view raw, const base::CodePage& codePage) {
+    std::string text(raw);
+    std::replace(text.begin(), text.end(), '_', '\r');
+    return codePage.toUtf8(text);
+}
+
+void readFile(Program& program, std::string_view bytes) {
+    RawTexts texts{};
+    while (!bytes.empty()) readLine(takeLine(bytes), texts);
+    for (int index = 0; index < LangTable::kSize; ++index) {
+        const std::string_view raw = texts[static_cast<std::size_t>(index)];
+        if (raw.data() != nullptr) program.LangText.set(index, entryOf(raw, program.codePage()));
     }
-    program.LangText.set(static_cast<int>(number), program.codePage().toUtf8(text));
 }
 
 void assign(forms::Control& control, const CaptionRow& row, const std::string& text) {
@@ -82,7 +97,7 @@ int LoadLanguageFile(Program& program, const std::string& path) {
     std::string bytes;
     // Ignored on purpose: a file that cannot be read counts as one without entries.
     (void)program.platform.files.ReadFileBytes(path, bytes);
-    for (std::string_view rest = bytes; !rest.empty();) storeLine(program, takeLine(rest));
+    readFile(program, bytes);
     try {
         ApplyLanguage(program);
     } catch (const base::RuntimeError&) {
