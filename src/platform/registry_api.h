@@ -73,7 +73,7 @@ public:
     };
     virtual RegResult RegQueryInfoKeyA(HKey key, KeyInfo& info) = 0;
 
-    // Asked once before a tree is emptied step by step, from its leaves up: the refusal of the last step, the key
+    // Asked before a tree is emptied step by step, from its leaves up: the refusal of the last step, the key
     // itself, would come too late. False: nothing below this key may be touched (a protected place, already reported).
     virtual bool mayClearTree(HKey hive, const std::string& path) {
         (void)hive;

@@ -35,8 +35,12 @@ std::string keyOf(const std::string& path) {
 
 // True: something was removed.
 bool clearTree(const RegistryServices& services, const std::string& path) {
+    // The platform may refuse places that no one may empty. It has to be asked before the first leaf goes.
+    const platform::HKey hive = hiveOf(path);
+    if (hive != 0 && !services.registry.mayClearTree(hive, keyOf(path))) return false;
+
     cRegistry key(services);
-    key.setClassKey(hiveOf(path));
+    key.setClassKey(hive);
     key.setSectionKey(keyOf(path));
 
     bool removedAny = false;
@@ -66,9 +70,6 @@ bool clearTree(const RegistryServices& services, const std::string& path) {
 }  // namespace
 
 void ClearRegistryTree(const RegistryServices& services, const std::string& Path) {
-    // The platform may refuse places that no one may empty. It has to be asked before the first leaf goes.
-    const platform::HKey hive = hiveOf(Path);
-    if (hive != 0 && !services.registry.mayClearTree(hive, keyOf(Path))) return;
     (void)clearTree(services, Path);
 }
 
