@@ -74,7 +74,7 @@ private:
         return place;
     }
 
-    support::HostDirectory host_;
+    tests::HostDirectory host_;
     std::vector<platform::Warning> warnings_;
     std::unique_ptr<machine::MachinePlatform> machine_;
 };

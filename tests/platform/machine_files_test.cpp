@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <map>
 
-#include "machine_directory.h"
+#include "support/host_directory.h"
 
 namespace tidvane::platform::machine {
 namespace {
@@ -40,7 +40,7 @@ protected:
         return names;
     }
 
-    HostDirectory host;
+    tests::HostDirectory host;
     RemovalCounter removed;
     MachineFiles files{removed};
 };

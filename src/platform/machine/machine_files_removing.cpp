@@ -62,12 +62,8 @@ Status MachineFiles::KillFiles(const std::string& pathOrMask) {
         return removeFound(entry);
     }
 
-    MachinePath folder = path;
-    folder.names.pop_back();
     OpenFolder open;
-    if (const Status status = resolver_.folderToRead(folder, open); !ok(status)) {
-        return status == Status::NotFound ? Status::PathNotFound : status;
-    }
+    if (const Status status = resolver_.parent(path, open, true); !ok(status)) return status;
     if (!open.listable) return Status::Denied;
     // The matches are collected first: removing while reading passes over entries on some file systems.
     std::deque<std::string> matches;
@@ -141,12 +137,8 @@ Status MachineFiles::DeleteFolder(const std::string& folder, bool force) {
     if (path.emptyLastPart) return Status::InvalidName;
     if (!path.wildcard) return deleteOneFolder(path, force);
 
-    MachinePath above = path;
-    above.names.pop_back();
     OpenFolder open;
-    if (const Status status = resolver_.folderToRead(above, open); !ok(status)) {
-        return status == Status::NotFound ? Status::PathNotFound : status;
-    }
+    if (const Status status = resolver_.parent(path, open, true); !ok(status)) return status;
     if (!open.listable) return Status::Denied;
     std::deque<std::string> matches;
     DirectoryReader reader;

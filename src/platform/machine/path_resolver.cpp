@@ -187,6 +187,17 @@ Status PathResolver::folderToRead(const MachinePath& path, OpenFolder& found) {
     return status;
 }
 
+Status PathResolver::parent(const MachinePath& path, OpenFolder& found, bool toRead) {
+    const std::size_t depth = path.names.size() - 1;
+    std::size_t skip = 0;
+    if (Root* root = rootOf(path, depth, skip); toRead && root != nullptr) verify(*root);
+    const Status status = folder(path, depth, found);
+    if (status == Status::NotFound) return Status::PathNotFound;
+    if (status != Status::Denied) return status;
+    // A link or a file where a folder should be: the way ends there.
+    return error_ == EACCES || error_ == EPERM ? Status::Denied : Status::PathNotFound;
+}
+
 Status PathResolver::entry(const MachinePath& path, FoundEntry& found) {
     found = {};
     const std::size_t count = path.names.size();
@@ -196,23 +207,17 @@ Status PathResolver::entry(const MachinePath& path, FoundEntry& found) {
     if (count == skip) return ::fstat(root->handle.get(), &found.info) == 0 ? Status::Ok : statusOf(errno);
 
     for (bool again = false;; again = true) {
-        OpenFolder parent;
-        const Status status = folder(path, count - 1, parent);
-        if (status == Status::NotFound) return Status::PathNotFound;
-        if (!ok(status)) {
-            // A link or a file where a folder should be: the way ends there.
-            const bool noRight = error_ == EACCES || error_ == EPERM;
-            return status == Status::Denied && !noRight ? Status::PathNotFound : status;
-        }
-        found.parent = parent.handle;
-        found.parentIdentity = parent.identity;
+        OpenFolder above;
+        if (const Status status = parent(path, above); !ok(status)) return status;
+        found.parent = above.handle;
+        found.parentIdentity = above.identity;
         found.hostName = path.last();
         constexpr int kFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
         if (::fstatat(found.parent, found.hostName.c_str(), &found.info, kFlags) == 0) return Status::Ok;
         if (errno != ENOENT) return statusOf(errno);
-        if (wasJustRemoved(parent.identity, path.last())) return Status::NotFound;
+        if (wasJustRemoved(above.identity, path.last())) return Status::NotFound;
         if (!again && verify(*root)) continue;
-        if (!parent.listable) return Status::NotFound;
+        if (!above.listable) return Status::NotFound;
         found.hostName = findFolded(found.parent, path.last());
         if (found.hostName.empty()) return Status::NotFound;
         if (::fstatat(found.parent, found.hostName.c_str(), &found.info, kFlags) == 0) return Status::Ok;

@@ -91,16 +91,12 @@ Status FileReplacement::publish(const std::string& name, bool replace) {
         const std::string self = "/proc/self/fd/" + std::to_string(file_.get());
         std::string linked = replace ? temporaryName() : name;
         if (::linkat(AT_FDCWD, self.c_str(), folder_, linked.c_str(), AT_SYMLINK_FOLLOW) != 0) return statusOf(errno);
-        if (!replace) {
-            ::fsync(folder_);
-            return Status::Ok;
-        }
+        if (!replace) return Status::Ok;
         temporary_ = std::move(linked);
     }
     const unsigned flags = replace ? 0u : static_cast<unsigned>(RENAME_NOREPLACE);
     if (::renameat2(folder_, temporary_.c_str(), folder_, name.c_str(), flags) != 0) return statusOf(errno);
     temporary_.clear();
-    ::fsync(folder_);
     return Status::Ok;
 }
 

@@ -21,6 +21,7 @@ Status readWholeFile(int file, std::string& bytes, std::uint64_t limit);
 int writeAll(int file, std::string_view bytes);
 
 // A new content for one name of a folder: written beside the file, forced to the disk, and put in its place at the end.
+// The folder itself is not forced out: after a power failure there may be the old file, never half of the new one.
 // Until publish() succeeded the old file is untouched; without it nothing is left behind.
 class FileReplacement {
 public:

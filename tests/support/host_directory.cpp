@@ -1,4 +1,4 @@
-#include "machine_directory.h"
+#include "support/host_directory.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,7 +9,7 @@
 #include <iterator>
 #include <stdexcept>
 
-namespace tidvane::platform::machine {
+namespace tidvane::tests {
 
 namespace fs = std::filesystem;
 
@@ -51,4 +51,4 @@ std::string HostDirectory::content(const std::string& below) const {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-}  // namespace tidvane::platform::machine
+}  // namespace tidvane::tests

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace tidvane::platform::machine {
+namespace tidvane::tests {
 
 class HostDirectory {
 public:
@@ -26,4 +26,4 @@ private:
     std::string path_;
 };
 
-}  // namespace tidvane::platform::machine
+}  // namespace tidvane::tests

@@ -1,0 +1,75 @@
+#include "platform/machine/machine_platform.h"
+
+#include "platform/machine/machine_environment.h"
+
+namespace tidvane::platform::machine {
+
+namespace {
+
+std::string programPlace() {
+    return std::string("C:\\") + kProgramPlace;
+}
+
+// The environment has to be complete before the services that read it are made.
+EnvironmentInMap madeEnvironment(const MachineRegistry& registry, int codePage) {
+    EnvironmentInMap environment{base::CodePage(codePage)};
+    fillEnvironment(registry, environment);
+    return environment;
+}
+
+}  // namespace
+
+MachinePlatform::MachinePlatform(std::unique_ptr<Machine> machine, const MachineOptions& options)
+    : machine_(std::move(machine)),
+      warn_(options.warn),
+      codePage_(ansiCodePage(machine_->registry())),
+      environment_(madeEnvironment(machine_->registry(), codePage_)),
+      registry_(machine_->registry().tree(), removed_, codePage_),
+      system_(machine_->registry(), environment_, programPlace(), options.arguments),
+      shell_(machine_->registry(), environment_, files_, removed_),
+      places_(system_, shell_),
+      guard_(places_, files_, removed_, warn_),
+      guardedFiles_(files_, guard_),
+      guardedShell_(shell_, guard_),
+      guardedRegistry_(registry_, removed_, warn_),
+      profiles_(guardedFiles_, base::CodePage(codePage_)),
+      scriptHost_(guardedRegistry_, codePage_),
+      processes_(options.programFolder) {}
+
+std::unique_ptr<MachinePlatform> MachinePlatform::make(std::unique_ptr<Machine> machine, MachineOptions options,
+                                                       std::string& error) {
+    std::unique_ptr<MachinePlatform> made(new MachinePlatform(std::move(machine), options));
+    for (const MachineDrive& drive : made->machine_->drives()) {
+        if (!made->files_.addDrive(drive.letter, drive.type, drive.hostFolder)) {
+            error = "Drive " + std::string{drive.letter, ':'} +
+                    " of the machine cannot be opened; check the rights of \"" + drive.hostFolder + "\".";
+            return nullptr;
+        }
+    }
+    if (!made->files_.mountProgram(programPlace(), options.programFolder)) {
+        error =
+            "The program's folder \"" + options.programFolder + "\" cannot be opened; create it, or name another one.";
+        return nullptr;
+    }
+    return made;
+}
+
+Platform MachinePlatform::platform() {
+    return {guardedFiles_,  profiles_,    guardedRegistry_, guardedShell_, processes_,
+            session_,       environment_, browserCache_,    system_,       network_,
+            restorePoints_, scriptHost_,  clock_,           events_,       removed_};
+}
+
+void MachinePlatform::setWarningSink(const WarningSink& warn) {
+    warn_ = warn;
+    guard_.setSink(warn);
+    guardedRegistry_.setSink(warn);
+}
+
+Status MachinePlatform::commit(std::string& error) {
+    const Status status = machine_->commit(error);
+    if (!ok(status) && warn_) warn_({WarningKind::RegistryLost, machine_->directory(), error});
+    return status;
+}
+
+}  // namespace tidvane::platform::machine

@@ -1,0 +1,78 @@
+// All services of a machine in a directory, behind the guards.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/common/environment_in_map.h"
+#include "platform/common/profile_files_on_files.h"
+#include "platform/common/registry_in_tree.h"
+#include "platform/common/script_host_on_registry.h"
+#include "platform/guard/guard.h"
+#include "platform/guard/guarded_file_system.h"
+#include "platform/guard/guarded_registry.h"
+#include "platform/guard/guarded_shell.h"
+#include "platform/machine/machine.h"
+#include "platform/machine/machine_files.h"
+#include "platform/machine/machine_services.h"
+#include "platform/machine/machine_shell.h"
+#include "platform/machine/machine_system.h"
+#include "platform/platform.h"
+
+namespace tidvane::platform::machine {
+
+struct MachineOptions {
+    std::string programFolder;  // on the host; it has to exist
+    std::string arguments;      // the raw argument text of this start
+    WarningSink warn;           // may be empty
+};
+
+// Where the program's folder is shown on the machine.
+inline constexpr const char* kProgramPlace = "Program Files\\Tidvane";  // below drive C:
+
+class MachinePlatform {
+public:
+    // Null: `error` is one sentence that says what to do.
+    static std::unique_ptr<MachinePlatform> make(std::unique_ptr<Machine> machine, MachineOptions options,
+                                                 std::string& error);
+
+    Platform platform();
+    Machine& machine() { return *machine_; }
+    // Past the guards.
+    MachineFiles& files() { return files_; }
+    HookedEvents& events() { return events_; }
+    void setWarningSink(const WarningSink& warn);
+
+    // Writes the registry back. Nothing else does: whoever ends the program calls it. What could not be written is told
+    // through the warning sink as well.
+    Status commit(std::string& error);
+
+private:
+    MachinePlatform(std::unique_ptr<Machine> machine, const MachineOptions& options);
+
+    std::unique_ptr<Machine> machine_;
+    WarningSink warn_;
+    int codePage_;
+    RemovalCounter removed_;
+    EnvironmentInMap environment_;
+    MachineFiles files_{removed_};
+    RegistryInTree registry_;
+    MachineSystem system_;
+    MachineShell shell_;
+    ProtectedPlaces places_;
+    Guard guard_;
+    GuardedFileSystem guardedFiles_;
+    GuardedShell guardedShell_;
+    GuardedRegistry guardedRegistry_;
+    ProfileFilesOnFiles profiles_;
+    ScriptHostOnRegistry scriptHost_;
+    MachineProcesses processes_;
+    MachineSession session_;
+    MachineBrowserCache browserCache_;
+    MachineNetwork network_;
+    MachineRestorePoints restorePoints_;
+    HostClock clock_;
+    HookedEvents events_;
+};
+
+}  // namespace tidvane::platform::machine
