@@ -1,0 +1,129 @@
+// One operation of the product, run once: what bench/side_by_side.sh puts beside the tools of the system.
+//
+//   tidvane-measure MACHINE delall|purge|stats|sweep|overwrite WINDOWS-PATH
+//
+// Prints the milliseconds of the operation alone and the peak memory of the process in KiB.
+#include <sys/resource.h>
+
+#include <chrono>
+#include <iostream>
+#include <string>
+
+#include "app/all_windows.h"
+#include "app/frmMain.h"
+#include "console/console_display.h"
+#include "platform/machine/machine_platform.h"
+#include "removal/folder_stats.h"
+#include "removal/folder_sweep.h"
+#include "removal/modKillMethod.h"
+#include "settings/frmOptions.h"
+#include "settings/program.h"
+
+namespace {
+
+using namespace tidvane;
+
+// Masks as a user of the junk search picks them.
+constexpr const char* kMasks[] = {"*.---",
+                                  "*.$$$",
+                                  "*.~*",
+                                  "*.bak",
+                                  "*.chk",
+                                  "*.dmp",
+                                  "*.fts",
+                                  "*.gid",
+                                  "*.old",
+                                  "*.tmp",
+                                  "~*.*",
+                                  "*.001",
+                                  "*.002",
+                                  "*.log",
+                                  "*.nav",
+                                  "*.syd",
+                                  "*.err",
+                                  "*.fix",
+                                  "*.cpy",
+                                  "*._mp",
+                                  "*.alt",
+                                  "*.cb",
+                                  "*.cln",
+                                  "*.cor",
+                                  "*.dot",
+                                  "*.prv",
+                                  "*.qdk",
+                                  "*.sc0",
+                                  "*.sik",
+                                  "*.ubk",
+                                  "*.umb",
+                                  "*.ump",
+                                  "*0.log",
+                                  "*modem.log",
+                                  "*mscreate.dir",
+                                  "*scandisk.log",
+                                  "*setupact.log",
+                                  "*setuperr.log",
+                                  "*userenv.log",
+                                  "*wbemess.log",
+                                  "*wbemprox.log",
+                                  "*wwmiprov.log",
+                                  "*windowsupdate.log",
+                                  "*wwmsetup.log",
+                                  "*edb.log",
+                                  "*0???????.nch",
+                                  "*bootlog.txt",
+                                  "*Deleted Items.dbx",
+                                  "thumbcache*"};
+
+int fail(const std::string& sentence) {
+    std::cerr << "tidvane-measure: " << sentence << "\n";
+    return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4) return fail("usage: tidvane-measure MACHINE delall|purge|stats|sweep|overwrite WINDOWS-PATH");
+    const std::string what = argv[2];
+    const std::string path = argv[3];
+
+    std::string error;
+    auto machine = platform::machine::Machine::open(argv[1], platform::machine::Machine::Access::Write, error);
+    if (machine == nullptr) return fail(error);
+    platform::machine::MachineOptions options;
+    options.programFolder = argv[1];
+    auto services = platform::machine::MachinePlatform::make(std::move(machine), options, error);
+    if (services == nullptr) return fail(error);
+    console::ConsoleDisplay display(std::cerr, false);
+    settings::Program program(services->platform(), display);
+    app::offerAllWindows(program);
+    program.LangText.set(732, "plain");
+    program.LangText.set(733, "recycle");
+    program.LangText.set(734, "overwrite");
+    auto& settingsWindow = program.get<settings::frmOptions>();
+    settingsWindow.txtPurgeSpeed.setText("0");
+    if (what == "sweep") {
+        for (const char* mask : kMasks) settingsWindow.lstSearchMasks.AddItem(mask);
+    }
+
+    const auto start = std::chrono::steady_clock::now();
+    if (what == "delall") {
+        removal::DelAll(program.platform, path);
+    } else if (what == "purge") {
+        removal::PurgeFolder(program, path);
+    } else if (what == "stats") {
+        removal::FolderCounters counters;
+        removal::FolderStats(program.platform.files, path, counters);
+        std::cerr << counters.folders << " folders, " << counters.files << " files, " << counters.bytes << " bytes\n";
+    } else if (what == "sweep") {
+        removal::SweepFolderByMasks(program, path);
+    } else if (what == "overwrite") {
+        removal::KillFile(program.platform, path, removal::KillOverwrite, false);
+    } else {
+        return fail("unknown operation '" + what + "'");
+    }
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::cout << std::chrono::duration<double, std::milli>(elapsed).count() << " " << usage.ru_maxrss << "\n";
+    return 0;
+}
