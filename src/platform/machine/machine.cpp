@@ -10,6 +10,7 @@
 #include <cstdlib>
 
 #include "base/text.h"
+#include "platform/machine/whole_file.h"
 #include "platform/machine/wine_server.h"
 
 namespace tidvane::platform::machine {
@@ -96,6 +97,7 @@ std::unique_ptr<Machine> Machine::open(const std::string& directory, Access acce
                     " is in use by another Tidvane; wait until it has finished, then start again.";
             return nullptr;
         }
+        removeStaleReplacements(handle);
     }
     std::string problem;
     if (!machine->registry_.read(handle, problem)) {

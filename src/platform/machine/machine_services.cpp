@@ -7,6 +7,8 @@
 #include <ctime>
 #include <thread>
 
+#include "platform/machine/whole_file.h"
+
 namespace tidvane::platform::machine {
 
 namespace {
@@ -45,6 +47,7 @@ bool MachineProcesses::takeInstanceLock() {
     if (lock_) return true;
     Handle folder(::open(programFolder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder || ::flock(folder.get(), LOCK_EX | LOCK_NB) != 0) return false;
+    removeStaleReplacements(folder.get());
     lock_ = std::move(folder);
     return true;
 }

@@ -48,7 +48,8 @@ public:
     Status folder(const MachinePath& path, std::size_t depth, OpenFolder& found);
     // The same for a caller that reads it: makes sure that a folder kept open is still the one at that place.
     Status folderToRead(const MachinePath& path, OpenFolder& found);
-    // The open folder in which the path's last name lies. PathNotFound, Denied (no right). `toRead` as for folderToRead.
+    // The open folder in which the path's last name lies. PathNotFound, Denied (no right). `toRead` as for
+    // folderToRead.
     Status parent(const MachinePath& path, OpenFolder& found, bool toRead = false);
     // NotFound, PathNotFound, Denied.
     Status entry(const MachinePath& path, FoundEntry& found);

@@ -6,14 +6,20 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <vector>
 
 namespace tidvane::platform::machine {
 
 namespace {
 
+constexpr std::string_view kTemporaryStart = ".tidvane-";
+constexpr std::string_view kTemporaryEnd = ".tmp";
+
 std::string temporaryName() {
     static unsigned count = 0;
-    return ".tidvane-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
+    std::string name(kTemporaryStart);
+    name += std::to_string(::getpid()) + "-" + std::to_string(++count);
+    return name.append(kTemporaryEnd);
 }
 
 }  // namespace
@@ -98,6 +104,20 @@ Status FileReplacement::publish(const std::string& name, bool replace) {
     if (::renameat2(folder_, temporary_.c_str(), folder_, name.c_str(), flags) != 0) return statusOf(errno);
     temporary_.clear();
     return Status::Ok;
+}
+
+void removeStaleReplacements(int folder) {
+    std::vector<std::string> names;
+    DirectoryReader reader;
+    DirectoryReader::Entry entry{};
+    while (reader.next(folder, entry)) {
+        const std::string_view name = entry.name;
+        const bool ours =
+            name.starts_with(kTemporaryStart) && name.ends_with(kTemporaryEnd) &&
+            name.find_first_not_of("0123456789-", kTemporaryStart.size()) == name.size() - kTemporaryEnd.size();
+        if (ours && entry.type != DT_DIR) names.emplace_back(name);
+    }
+    for (const std::string& name : names) ::unlinkat(folder, name.c_str(), 0);
 }
 
 }  // namespace tidvane::platform::machine

@@ -42,4 +42,8 @@ private:
     std::string temporary_;  // empty while the new file has no name
 };
 
+// Removes what a killed process left in a folder: a replacement that had its temporary name already. For folders that
+// only this process writes to, as their lock tells.
+void removeStaleReplacements(int folder);
+
 }  // namespace tidvane::platform::machine
