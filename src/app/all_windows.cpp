@@ -29,7 +29,12 @@ void offer(settings::Program& program) {
 }  // namespace
 
 void offerAllWindows(settings::Program& program) {
-    offer<frmMain, frmDiskSizeStats,                                                                         //
+    offer<frmMain>(program);
+    offerWindowsWithoutMain(program);
+}
+
+void offerWindowsWithoutMain(settings::Program& program) {
+    offer<frmDiskSizeStats,                                                                                  //
           settings::frmOptions, settings::frmMoreToConfigure, settings::frmStarter, settings::frmResources,  //
           settings::frmMozillaDir, settings::frmOperaDir, settings::frmChromeDir, settings::frmSafariDir,    //
           settings::frmIEInDepthClean, tools::frmTempAge, tools::frmIECache, desktop::frmWidget>(program);

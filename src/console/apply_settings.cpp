@@ -1,0 +1,88 @@
+#include "console/apply_settings.h"
+
+#include "app/task_catalogue.h"
+#include "base/text.h"
+#include "console/stored_windows.h"
+#include "forms/simple_controls.h"
+#include "settings/control_lookup.h"
+#include "settings/frmOptions.h"
+#include "settings/modFormINI.h"
+
+namespace tidvane::console {
+
+namespace {
+
+constexpr const char* kAll = "all";
+
+// Whether one of the words that stand for several steps was given, and these are its steps.
+bool isGroupWord(const std::string& word) {
+    if (base::equalNoCase(word, kAll)) return true;
+    for (const tasks::CleaningTask& task : app::taskCatalogue()) {
+        if (task.gate.control != nullptr && base::equalNoCase(word, app::groupName(task.group))) return true;
+    }
+    return false;
+}
+
+bool set(settings::Program& program, const std::string& assignment, std::set<std::string>& changed,
+         std::string& error) {
+    const std::size_t sign = assignment.find('=');
+    if (sign == std::string::npos) {
+        error = "\"" + assignment + "\" has no \"=\"; write --set CONTROL=VALUE.";
+        return false;
+    }
+    forms::Control* control = findStoredControl(program, assignment.substr(0, sign), error);
+    if (control == nullptr) return false;
+    changed.insert(control->form().Name);
+    return assignValue(*control, assignment.substr(sign + 1), error);
+}
+
+}  // namespace
+
+bool tick(settings::Program& program, const std::string& what, int value, std::set<std::string>& changed,
+          std::string& error) {
+    if (isGroupWord(what)) {
+        for (const tasks::CleaningTask& task : app::taskCatalogue()) {
+            if (task.gate.control == nullptr) continue;
+            if (!base::equalNoCase(what, kAll) && !base::equalNoCase(what, app::groupName(task.group))) continue;
+            auto* box = settings::findControl<forms::CheckBox>(program, task.gate.window, task.gate.control);
+            if (box == nullptr) continue;
+            box->Value = value;
+            changed.insert(task.gate.window);
+        }
+        return true;
+    }
+    forms::Control* control = findStoredControl(program, what, error);
+    if (control == nullptr || control->kind != forms::ControlKind::CheckBox) {
+        error = "\"" + what + "\" is neither a task's check box nor a group; the command \"tasks\" lists both.";
+        return false;
+    }
+    static_cast<forms::CheckBox*>(control)->Value = value;
+    changed.insert(control->form().Name);
+    return true;
+}
+
+bool applySettings(settings::Program& program, const Options& options, std::set<std::string>& changed,
+                   std::string& error) {
+    if (options.method) {
+        program.get<settings::frmOptions>().cboKillMethod.setListIndex(*options.method);
+        changed.insert(settings::frmOptions::kName);
+    }
+    for (const std::string& assignment : options.set) {
+        if (!set(program, assignment, changed, error)) return false;
+    }
+    for (const std::string& what : options.tick) {
+        if (!tick(program, what, 1, changed, error)) return false;
+    }
+    for (const std::string& what : options.untick) {
+        if (!tick(program, what, 0, changed, error)) return false;
+    }
+    return true;
+}
+
+void saveWindows(settings::Program& program, const std::set<std::string>& windows) {
+    for (const std::string& window : windows) {
+        if (forms::Form* form = program.windows.get(window)) settings::SaveFormINI(program, *form);
+    }
+}
+
+}  // namespace tidvane::console

@@ -1,0 +1,24 @@
+// What the command line changes before a run, in its fixed order: method, set, tick, untick.
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "console/options.h"
+#include "settings/program.h"
+
+namespace tidvane::console {
+
+// Applies everything, each with its events. False at the first thing that cannot be done: `error` is one sentence.
+// `changed` gets the names of the windows that were addressed.
+bool applySettings(settings::Program& program, const Options& options, std::set<std::string>& changed,
+                   std::string& error);
+
+// Ticks (1) or unticks (0) a task's box by its name, the boxes of a group, or "all": the gates of steps 1 to 61.
+bool tick(settings::Program& program, const std::string& what, int value, std::set<std::string>& changed,
+          std::string& error);
+
+// Stores the windows, each as its own OK would store its controls.
+void saveWindows(settings::Program& program, const std::set<std::string>& windows);
+
+}  // namespace tidvane::console

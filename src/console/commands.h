@@ -1,0 +1,32 @@
+// The commands that work on an opened machine.
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+#include "console/options.h"
+#include "platform/platform.h"
+
+namespace tidvane::console {
+
+// What a command works with: the services, where it speaks, and how the registry is stored at the end.
+struct Session {
+    platform::Platform platform;
+    std::string machine;  // the directory, as the report names it
+    std::ostream& out;
+    std::ostream& err;
+    // False: the registry could not be stored; the text is one sentence.
+    std::function<bool(std::string&)> commit = [](std::string&) { return true; };
+    // Set by a command while it has somewhere to show a warning of the platform.
+    std::function<void(const std::string&)> warn;
+};
+
+// The start, the settings of the options, the clean button, the end.
+int runCommand(Session& session, const Options& options);
+// One line a step: number, group, gate, tick, row, name. Nothing is started and nothing cleaned.
+int tasksCommand(Session& session, const Options& options);
+// One line a control: window.control=value.
+int settingsCommand(Session& session, const Options& options);
+
+}  // namespace tidvane::console

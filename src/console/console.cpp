@@ -1,0 +1,84 @@
+#include "console/console.h"
+
+#include <filesystem>
+#include <memory>
+
+#include "console/commands.h"
+#include "console/machine_commands.h"
+#include "console/options.h"
+#include "console/places.h"
+#include "platform/machine/machine_platform.h"
+
+namespace tidvane::console {
+
+namespace {
+
+namespace machine = platform::machine;
+
+int fail(std::ostream& err, const std::string& sentence) {
+    err << sentence << std::endl;
+    return exit_status::MachineUnusable;
+}
+
+// Only a run changes the machine; the other commands look, also while somebody else has it open.
+machine::Machine::Access accessFor(Command command) {
+    return command == Command::Run ? machine::Machine::Access::Write : machine::Machine::Access::Read;
+}
+
+// False: neither the options nor the environment tell where the machine and the program folder are.
+bool fillInPlaces(Options& options) {
+    const std::string home = userDataDirectory();
+    if (home.empty() && (options.machine.empty() || options.program.empty())) return false;
+    if (options.machine.empty()) options.machine = home + "/machine";
+    if (options.program.empty()) options.program = home + "/program";
+    return true;
+}
+
+std::unique_ptr<machine::MachinePlatform> open(const Options& options, bool namedByUser, std::string& error) {
+    std::error_code problem;
+    if (!namedByUser && !std::filesystem::exists(options.machine, problem)) {
+        error = "There is no machine in \"" + options.machine +
+                "\" yet; create one with \"tidvane-console machine "
+                "create '" +
+                options.machine + "' --sample\", or name a Wine prefix with --machine.";
+        return nullptr;
+    }
+    auto opened = machine::Machine::open(options.machine, accessFor(options.command), error);
+    if (opened == nullptr) return nullptr;
+    if (!fillProgramFolder(options.program, deliveredData(), error)) return nullptr;
+    return machine::MachinePlatform::make(std::move(opened), {options.program, options.arguments, {}}, error);
+}
+
+int dispatch(const Options& options, machine::MachinePlatform& platform, std::ostream& out, std::ostream& err) {
+    if (options.command == Command::MachineInfo) return machineInfoCommand(platform, options.program, out);
+    Session session{platform.platform(), platform.machine().directory(), out, err, {}, {}};
+    session.commit = [&platform](std::string& error) { return platform::ok(platform.commit(error)); };
+    platform.setWarningSink([&session](const platform::Warning& warning) {
+        // The registry's loss is what the command itself ends with.
+        if (warning.kind != platform::WarningKind::RegistryLost && session.warn) session.warn(warning.text);
+    });
+    int status = exit_status::Done;
+    if (options.command == Command::Run) status = runCommand(session, options);
+    if (options.command == Command::Tasks) status = tasksCommand(session, options);
+    if (options.command == Command::Settings) status = settingsCommand(session, options);
+    platform.setWarningSink({});
+    return status;
+}
+
+}  // namespace
+
+int consoleMain(int count, const char* const* arguments, std::ostream& out, std::ostream& err) {
+    Options options;
+    if (const auto status = parseOptions(count, arguments, TIDVANE_VERSION, options, out, err)) return *status;
+    if (options.command == Command::MachineCreate) return machineCreateCommand(options, out, err);
+    const bool namedByUser = !options.machine.empty();
+    if (!fillInPlaces(options)) {
+        return fail(err, "Neither XDG_DATA_HOME nor HOME is set; name the places with --machine and --program.");
+    }
+    std::string error;
+    const auto platform = open(options, namedByUser, error);
+    if (platform == nullptr) return fail(err, error);
+    return dispatch(options, *platform, out, err);
+}
+
+}  // namespace tidvane::console

@@ -1,0 +1,37 @@
+#include "console/console_display.h"
+
+namespace tidvane::console {
+
+std::string withHostLineEnds(const std::string& text) {
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '\r') {
+            out += text[at];
+            continue;
+        }
+        out += '\n';
+        if (at + 1 < text.size() && text[at + 1] == '\n') ++at;
+    }
+    return out;
+}
+
+int ConsoleDisplay::MsgBox(const std::string& text, int style, const std::string& title) {
+    namespace msgbox = forms::msgbox;
+    constexpr int kButtons = 0x0F;
+    const bool question = (style & kButtons) == msgbox::YesNo;
+    const int answer = !question ? msgbox::Ok : answerYes_ ? msgbox::Yes : msgbox::No;
+    err_ << "[" << title << "] " << withHostLineEnds(text) << "\n"
+         << "Answer: "
+         << (answer == msgbox::Ok    ? "OK"
+             : answer == msgbox::Yes ? "yes"
+                                     : "no")
+         << std::endl;
+    return answer;
+}
+
+void ConsoleDisplay::warn(const std::string& line) {
+    err_ << "Warning: " << withHostLineEnds(line) << std::endl;
+}
+
+}  // namespace tidvane::console

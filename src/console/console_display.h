@@ -1,0 +1,50 @@
+// A display for a terminal: message boxes become lines with the answer that the options gave, windows stay unseen.
+#pragma once
+
+#include <ostream>
+
+#include "forms/display.h"
+
+namespace tidvane::console {
+
+class ConsoleDisplay final : public forms::Display {
+public:
+    // `answerYes` answers every question; boxes with one button get that button.
+    ConsoleDisplay(std::ostream& err, bool answerYes) : err_(err), answerYes_(answerYes) {}
+
+    // True once the program has said that it ends.
+    [[nodiscard]] bool ended() const { return ended_; }
+
+    int MsgBox(const std::string& text, int style, const std::string& title) override;
+    void warn(const std::string& line) override;
+    void endProgram() override { ended_ = true; }
+
+    // Nothing is chosen where nobody can choose.
+    std::string askFile(const forms::FileQuestion&) override { return {}; }
+    std::string askFolder(forms::Form*, const std::string&) override { return {}; }
+    std::optional<forms::FontChoice> askFont(const forms::FontChoice&) override { return std::nullopt; }
+
+    // A terminal shows no window, has no tray, and the clipboard of the host is none of the machine's business.
+    void Show(forms::Form&, forms::Form*, bool) override {}
+    void Hide(forms::Form&) override {}
+    void Forget(forms::Form&) override {}
+    void SetFocus(forms::Form&, const std::string&) override {}
+    void clearClipboard() override {}
+    void setClipboard(const std::string&) override {}
+    void addTrayIcon(const std::string&) override {}
+    void removeTrayIcon() override {}
+    void setTopmost(forms::Form&, bool) override {}
+    void setPointer(int) override {}
+    void popUpMenu(forms::Form&, const std::string&) override {}
+    void sndPlaySound(const std::string&) override {}
+
+private:
+    std::ostream& err_;
+    bool answerYes_;
+    bool ended_ = false;
+};
+
+// Line ends of the log and of texts (CR LF, and CR alone) as this host writes them.
+std::string withHostLineEnds(const std::string& text);
+
+}  // namespace tidvane::console

@@ -1,0 +1,71 @@
+// The commands that only look: tasks and settings. They load no main window, so that neither the start of the program
+// nor a cleaning at its start can happen behind them.
+#include <cstdio>
+#include <set>
+
+#include "app/all_windows.h"
+#include "app/task_catalogue.h"
+#include "app/task_rows.h"
+#include "console/apply_settings.h"
+#include "console/commands.h"
+#include "console/console_display.h"
+#include "console/stored_windows.h"
+#include "settings/modFormINI.h"
+#include "settings/modLanguage.h"
+
+namespace tidvane::console {
+
+namespace {
+
+std::string tickMark(int value) {
+    return value == 1 ? "yes" : value == 2 ? "greyed" : "no";
+}
+
+std::string gateText(const tasks::CleaningTask& task) {
+    return task.gate.control == nullptr ? "-" : std::string(task.gate.window) + "." + task.gate.control;
+}
+
+}  // namespace
+
+int tasksCommand(Session& session, const Options& options) {
+    ConsoleDisplay display(session.err, options.answerYes);
+    settings::Program program(session.platform, display);
+    app::offerWindowsWithoutMain(program);
+    settings::LoadAllLanguageFiles(program);
+    char line[160];
+    std::snprintf(line, sizeof line, "%4s  %-8s  %-38s  %-6s  %-3s  %s\n", "Step", "Group", "Gate", "Ticked", "Row",
+                  "Name");
+    session.out << line;
+    for (const tasks::CleaningTask& task : app::taskCatalogue()) {
+        const std::string name =
+            task.group == tasks::Group::Search ? app::searchRowText(program) : tasks::taskName(program, task);
+        std::snprintf(line, sizeof line, "%4d  %-8s  %-38s  %-6s  %-3s  ", task.step, app::groupName(task.group),
+                      gateText(task).c_str(), tickMark(tasks::gateValue(program, task.gate)).c_str(),
+                      app::wantsRow(program, task) ? "yes" : "no");
+        session.out << line << name << (app::isNotThereYet(task) ? "  (not there yet: cleans nothing)" : "") << "\n";
+    }
+    session.out << std::flush;
+    return exit_status::Done;
+}
+
+int settingsCommand(Session& session, const Options& options) {
+    ConsoleDisplay display(session.err, options.answerYes);
+    settings::Program program(session.platform, display);
+    app::offerWindowsWithoutMain(program);
+    settings::LoadAllLanguageFiles(program);
+    std::set<std::string> changed;
+    std::string error;
+    if (!applySettings(program, options, changed, error)) {
+        session.err << error << std::endl;
+        return exit_status::Usage;
+    }
+    forEachStoredControl(program, [&](forms::Form& form, forms::Control& control) {
+        session.out << form.Name << "." << settings::profileKey(control) << "=" << withHostLineEnds(valueOf(control))
+                    << "\n";
+    });
+    session.out << std::flush;
+    if (options.save) saveWindows(program, changed);
+    return exit_status::Done;
+}
+
+}  // namespace tidvane::console
