@@ -80,6 +80,7 @@ frmOptions::frmOptions(settings::Program& program)
 
 // What an event for "off" would set, since no value changes on a first start and so no event comes.
 void frmOptions::designStates() {
+    Caption.design("Einstellungen");
     Width.design(kMinWidth);
     Height.design(kMinHeight);
     for (forms::Control* control : std::initializer_list<forms::Control*>{&chkIEIndexDatFiles,
@@ -253,9 +254,19 @@ void frmOptions::captionExtendedSettings() {
     }
 }
 
+// An emptied text is not stored, so the old path acts on. Whoever emptied it should know.
+void frmOptions::tellOfTextsThatComeBack() {
+    for (const forms::TextBox* box : {&txtAddInRegCleanPath, &txtPurgeSound, &txtTidvaneLog, &txtUpdateServer}) {
+        if (!box->Text().empty()) continue;
+        const std::string stored = ReadProfileValue(program_, GetINIPath(program_), Name, profileKey(*box));
+        if (!stored.empty()) program_.display.warn(box->Name + " was emptied and keeps its last value: " + stored);
+    }
+}
+
 void frmOptions::saveAndClose() {
     if (!cmdOK.Enabled) return;
     cmdOK.Enabled = false;
+    tellOfTextsThatComeBack();
     SaveFormINI(program_, *this);
     RunReport& report = program_.report();
     report.rebuildTaskRows();

@@ -319,6 +319,7 @@ private:
     void fillDrives();
     void firstStart();
     void captionExtendedSettings();
+    void tellOfTextsThatComeBack();
     void saveAndClose();
     void closeWithoutSaving();
 

@@ -37,8 +37,9 @@ constexpr std::array kLacking{
     Lacking{kBefore51, "frmOptions",        "chkSearchWizard"},
     Lacking{kBefore51, "frmOptions",        "chkPrefetchFolder"},
     Lacking{k9x,       "frmOptions",        "chkUserTemp"},
-    Lacking{kBefore60, "frmIEInDepthClean", "chkIEINDepthClean"},
+    // The step for everything first: clearing it puts the other box back on offer.
     Lacking{kBefore60, "frmIEInDepthClean", "chkIEINDepthCleanAll"},
+    Lacking{kBefore60, "frmIEInDepthClean", "chkIEINDepthClean"},
     // the block of the volume check
     Lacking{k9x,       "frmOptions",        "frmVolume"},
     Lacking{k9x,       "frmOptions",        "lblVolumeInfo"},
@@ -115,7 +116,7 @@ std::string DetectWindows(Program& program) {
     const platform::WindowsVersion version = program.platform.system.GetVersionExA();
     const int number = codeOf(version);
     switchOff(program, code(number));
-    const std::string name = kNames[static_cast<std::size_t>(number)];
+    std::string name = kNames[static_cast<std::size_t>(number)];
     if (number == 0) return name;
     return "Windows " + name + (version.servicePack.empty() ? "" : " " + version.servicePack);
 }

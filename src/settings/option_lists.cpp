@@ -16,6 +16,7 @@ constexpr const char* kBanFile = "td_ban.dat";
 
 std::vector<std::string> rowsOf(const forms::ListBox& list) {
     std::vector<std::string> rows;
+    rows.reserve(static_cast<std::size_t>(list.ListCount()));
     for (int row = 0; row < list.ListCount(); ++row) rows.push_back(list.List(row));
     return rows;
 }

@@ -499,6 +499,8 @@ TEST(OptionsStoredValues, AnEmptiedTextComesBack) {
     machine.putOptions({{"txtAddInRegCleanPath", "C:\\regsweep.exe"}});
     machine.options().txtAddInRegCleanPath.setText("");
     machine.options().cmdOK.setValue(true);
+    ASSERT_EQ(machine.display.warnings.size(), 1u);
+    EXPECT_NE(machine.display.warnings[0].find("C:\\regsweep.exe"), std::string::npos);
     machine.program.windows.sweep();
     EXPECT_EQ(machine.options().txtAddInRegCleanPath.Text(), "C:\\regsweep.exe");
 }
