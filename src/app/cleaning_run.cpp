@@ -111,6 +111,12 @@ void CleaningRun::announce() {
     if (method >= 0) main_.AddLogLine(program_.LangText(730) + ": " + program_.LangText(732 + method));
 }
 
+const forms::ListItem* CleaningRun::rowOf(const tasks::CleaningTask& task, bool ticked) const {
+    if (task.rowGate.control == nullptr) return nullptr;
+    if (task.group == tasks::Group::Search) return ticked ? main_.lstTasks.item(1) : nullptr;
+    return main_.lstTasks.item(tasks::taskName(program_, task));
+}
+
 void CleaningRun::walk() {
     using Watch = std::chrono::steady_clock;
     for (const tasks::CleaningTask& task : taskCatalogue()) {
@@ -127,10 +133,7 @@ void CleaningRun::walk() {
         result.milliseconds = std::chrono::duration<double, std::milli>(Watch::now() - start).count();
         result.removed = program_.platform.removed.totals;
         result.removed -= before;
-        const forms::ListItem* row = task.group == tasks::Group::Search
-                                         ? main_.lstTasks.item(result.ticked ? 1 : 0)
-                                         : main_.lstTasks.item(tasks::taskName(program_, task));
-        if (row != nullptr) {
+        if (const forms::ListItem* row = rowOf(task, result.ticked)) {
             result.status = row->subItem("Status");
             result.icon = row->smallIcon;
         }

@@ -3,7 +3,9 @@
 
 #include <string>
 
+#include "forms/list_controls.h"
 #include "settings/program.h"
+#include "tasks/cleaning_task.h"
 
 namespace tidvane::app {
 
@@ -21,6 +23,8 @@ private:
     void announce();
     // Every step is called, also after a stop: each worker tests that by itself.
     void walk();
+    // The row that a step reports in; null without one.
+    const forms::ListItem* rowOf(const tasks::CleaningTask& task, bool ticked) const;
     void enableEntryPoints(bool enabled);
     void summarise();
     // What follows the summary. False: the routine is left here, with the button still pressed.

@@ -34,7 +34,7 @@ void reportDiskStatistics(settings::Program& program, const std::string& drive, 
     settings::RunReport& report = program.report();
     auto& window = program.get<frmDiskSizeStats>();
     if (program.get<settings::frmMoreToConfigure>().chkDisksizeInfo.ticked()) {
-        program.display.Show(window, &program.get<frmMain>(), false);
+        program.display.Show(window, program.windows.ifLoaded<frmMain>(), false);
     }
 
     const std::string total = GetTotalSpaceText(program, drive);
@@ -42,14 +42,15 @@ void reportDiskStatistics(settings::Program& program, const std::string& drive, 
     const std::string afterText = GetFreeSpaceText(program, drive);
     window.lblFreeSpaceAfter.Caption = afterText;
     const float after = asSingle(afterText, program.locale());
-    const std::string beforeText = base::numberText(before, program.locale());
-    const float gain = after - before;
+    // Kept as a text, and so told with the seven digits that a single has.
+    const std::string gainText = base::numberText(after - before, program.locale());
+    const float gain = asSingle(gainText, program.locale());
 
     report.AddLogHeading(heading);
     const std::string totalLine = drive.substr(0, 1) + ":\\ " + total;
     report.AddLogHeading(program.LangText(433) + " " + totalLine);
     window.lblSpaceTotal.Caption = totalLine;
-
+    // The numbers are labelled GB whatever unit they are in: intended.
     if (!(before < after)) {
         window.lblFreeSpace.ForeColor = frmDiskSizeStats::kCleanColour;
         window.ImgFreedSpace.Visible = false;
@@ -57,7 +58,7 @@ void reportDiskStatistics(settings::Program& program, const std::string& drive, 
         report.AddLogHeading(kWideRule);
         report.AddLogHeading(program.LangText(437));
         window.lblFreedSpace.Caption = program.LangText(437);
-        window.lblFreeSpace.Caption = beforeText + " GB";
+        window.lblFreeSpace.Caption = base::numberText(before, program.locale()) + " GB";
         report.AddLogHeading(kWideRule);
         // The drive may have lost room meanwhile: nothing negative is shown.
         window.lblFreeSpaceAfter.Caption = window.lblFreeSpace.Caption.get();
@@ -65,16 +66,15 @@ void reportDiskStatistics(settings::Program& program, const std::string& drive, 
     }
 
     const bool gigabytes = gain >= base::toSingle(kGigabyteGain, program.locale()).value_or(1.0F);
-    const double absolute = std::fabs(static_cast<double>(gain));
+    const double absolute = std::fabs(base::parseNumber(gainText, program.locale()).value_or(0.0));
     const std::string number = gigabytes ? base::formatNumber(absolute, "###0.0000", program.locale())
                                          : base::formatNumber(absolute * 1024, "###0.00", program.locale());
     const std::string unit = gigabytes ? " GB" : " MB";
-    // The numbers are labelled GB whatever unit they are in: intended.
-    report.AddLogHeading(program.LangText(434) + " " + beforeText + " GB");
+    window.lblFreeSpace.Caption = window.lblFreeSpace.Caption.get() + " GB";
+    report.AddLogHeading(program.LangText(434) + " " + window.lblFreeSpace.Caption.get());
     report.AddLogHeading(program.LangText(435) + " " + afterText + " GB");
     report.AddLogHeading(kWideRule);
     report.AddLogHeading(program.LangText(436) + " " + number + unit);
-    window.lblFreeSpace.Caption = beforeText + " GB";
     window.lblFreeSpaceAfter.Caption = afterText + " GB";
     window.lblFreeSpace.ForeColor = frmDiskSizeStats::kGainColour;
     window.ImgFreedSpace.Visible = true;

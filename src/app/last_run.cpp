@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "base/calendar.h"
 #include "base/date_time.h"
 
 namespace tidvane::app {
@@ -21,6 +22,11 @@ std::string quoted(const std::string& text, std::size_t& from) {
     return text.substr(start + 1, end - start - 1);
 }
 
+bool isTime(const base::DateTime& time) {
+    return time.hour >= 0 && time.hour < 24 && time.minute >= 0 && time.minute < 60 && time.second >= 0 &&
+           time.second < 60;
+}
+
 }  // namespace
 
 LastRun readLastRun(settings::Program& program) {
@@ -30,17 +36,16 @@ LastRun readLastRun(settings::Program& program) {
     last.exists = program.platform.files.FileExists(file);
     if (!last.exists || !ok(program.platform.files.ReadFileBytes(file, text, kReadLimit))) return last;
 
-    base::DateTime moment;
     std::size_t from = 0;
-    const std::string date = quoted(text, from);
-    if (std::sscanf(date.c_str(), "%d-%d-%d", &moment.year, &moment.month, &moment.day) == 3 && moment.month >= 1 &&
-        moment.month <= 12 && moment.day >= 1 && moment.day <= 31) {
-        last.date = base::shortDateText(moment, program.locale());
+    base::DateTime day;
+    if (std::sscanf(quoted(text, from).c_str(), "%4d-%2d-%2d", &day.year, &day.month, &day.day) == 3 &&
+        base::isDate(day.year, day.month, day.day)) {
+        last.date = base::shortDateText(day, program.locale());
     }
-    const std::string time = quoted(text, from);
-    if (std::sscanf(time.c_str(), "%d:%d:%d", &moment.hour, &moment.minute, &moment.second) == 3 && moment.hour >= 0 &&
-        moment.hour < 24 && moment.minute >= 0 && moment.minute < 60 && moment.second >= 0 && moment.second < 60) {
-        last.time = base::timeText(moment, program.locale());
+    base::DateTime time;
+    if (std::sscanf(quoted(text, from).c_str(), "%2d:%2d:%2d", &time.hour, &time.minute, &time.second) == 3 &&
+        isTime(time)) {
+        last.time = base::timeText(time, program.locale());
     }
     return last;
 }

@@ -96,7 +96,10 @@ void frmMain::paneItemClicked(int group, int item) {
         case PaneAction::CleaningPage:
             return showPage(kCleaningTab);
         case PaneAction::Clean:
-            return cmdClean_Click();
+            // The pane stays usable while a run lets events in; a second run must not start from it. Asked is the
+            // button's state and not its look, which the command line presses too.
+            if (cmdClean.Enabled) cmdClean_Click();
+            return;
         case PaneAction::CustomApplication:
             return runCustomApplication();
         case PaneAction::CleaningJobs:

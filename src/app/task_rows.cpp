@@ -23,6 +23,12 @@ bool hasOwnRow(const tasks::CleaningTask& task) {
     return task.rowGate.control != nullptr;
 }
 
+// The second of two steps with a common row: the first has seen to it, also where no language gives the row a key.
+bool sharesRowAbove(const tasks::CleaningTask& task) {
+    const auto walk = taskCatalogue();
+    return task.group == tasks::Group::Custom && walk[static_cast<std::size_t>(task.step) - 2].group == task.group;
+}
+
 // The own folders and the own files share a row that stands while either is ticked.
 bool eitherOwnList(settings::Program& program) {
     const auto& options = program.get<settings::frmOptions>();
@@ -49,7 +55,7 @@ void dropSearchRow(settings::Program& program, forms::ListView& list) {
 
 void fillTaskRows(settings::Program& program, forms::ListView& list) {
     for (const tasks::CleaningTask& task : taskCatalogue()) {
-        if (!hasOwnRow(task)) continue;
+        if (!hasOwnRow(task) || sharesRowAbove(task)) continue;
         const bool wanted = wantsRow(program, task);
         if (isSearch(task)) {
             // By position and not by key, since its text changes with the drive.

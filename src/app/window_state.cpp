@@ -40,7 +40,8 @@ std::vector<settings::WindowNumber> choices(frmMain& main) {
          }},
         {"DiskSizeDrive", [&main] { return main.drvDiskSizeDrive.ListIndex.get(); },
          [&main](int row) {
-             if (row < static_cast<int>(main.drvDiskSizeDrive.List.size())) main.drvDiskSizeDrive.ListIndex = row;
+             const int drives = static_cast<int>(main.drvDiskSizeDrive.List.size());
+             if (row >= 0 && row < drives) main.drvDiskSizeDrive.ListIndex = row;
          }},
     };
 }

@@ -27,6 +27,16 @@ std::optional<std::int16_t> ageLimit(const std::string& text) {
     return static_cast<std::int16_t>(days);
 }
 
+void deleteOldFiles(settings::Program& program, const std::string& folder) {
+    const std::string& age = program.get<tools::frmTempAge>().txtAge.Text();
+    const auto days = ageLimit(age);
+    if (days) removal::DeleteOlderThan(program.platform, folder, *days);
+    // The line comes all the same where nothing was old enough, and where the age was no age.
+    const double shown = days ? *days : base::val(age);
+    program.report().AddLogLine(program.LangText(501) + " " + base::numberText(shown, program.locale()) + " " +
+                                program.LangText(502) + " <OK>");
+}
+
 }  // namespace
 
 void cleanRecentOfficeFiles(settings::Program& program, const CleaningTask& task) {
@@ -47,22 +57,19 @@ void cleanRecentOfficeFiles(settings::Program& program, const CleaningTask& task
 }
 
 void cleanWindowsTemp(settings::Program& program, const CleaningTask& task) {
-    const std::string folder = program.platform.shell.SpecialFolder(csidl::Windows) + "\\Temp";
-    auto& filter = program.get<tools::frmTempAge>();
-    if (!filter.chkActivite.ticked()) return runFolderTask(program, task, folder, kTempWords);
-
     if (beginTask(program, task, kTempWords) != Begin::Go) return;
+    const std::string folder = program.platform.shell.SpecialFolder(csidl::Windows) + "\\Temp";
     removal::FolderCounters counters;
     removal::FolderStats(program.platform.files, folder, counters);
     if (!program.platform.files.FolderExists(folder)) return endFolderNotFound(program, task);
     logFolderAndCounts(program, taskName(program, task), folder, counters.files, counters.bytes);
-    const std::string& age = filter.txtAge.Text();
-    const auto days = ageLimit(age);
-    if (days) removal::DeleteOlderThan(program.platform, folder, *days);
-    const double shown = days ? *days : base::val(age);
-    program.report().AddLogLine(program.LangText(501) + " " + base::numberText(shown, program.locale()) + " " +
-                                program.LangText(502) + " <OK>");
-    endRow(program, task, 507, kIconDone);
+    if (program.get<tools::frmTempAge>().chkActivite.ticked()) {
+        deleteOldFiles(program, folder);
+        return endRow(program, task, 507, kIconDone);
+    }
+    logFilesIfWanted(program, folder);
+    removal::PurgeFolder(program, folder);
+    endCleaned(program, task);
 }
 
 void cleanUserTemp(settings::Program& program, const CleaningTask& task) {
