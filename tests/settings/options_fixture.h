@@ -26,6 +26,7 @@ using tests::ScriptedDisplay;
 
 inline std::vector<std::string> rows(const forms::ListBox& list) {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(list.ListCount()));
     for (int row = 0; row < list.ListCount(); ++row) texts.push_back(list.List(row));
     return texts;
 }
@@ -96,7 +97,7 @@ struct OptionsFixture {
     void putConfig(const std::string& text) { files().putFile(configFile(), text); }
     void putOptions(const std::vector<std::pair<std::string, std::string>>& keys) {
         std::string text = "[frmOptions]\r\n";
-        for (const auto& [key, value] : keys) text += key + "=" + value + "\r\n";
+        for (const auto& [key, value] : keys) text.append(key).append("=").append(value).append("\r\n");
         putConfig(text);
     }
     std::string stored(const std::string& key, const std::string& section = "frmOptions") {
