@@ -9,7 +9,7 @@ namespace tidvane::app {
 
 namespace {
 constexpr const char* kSection = "WindowStateDiskSize";
-constexpr const char* kCommunityAddress = "https://tidvane.invalid/community";
+constexpr const char* kCommunityAddress = "https://tidvane.example/community";
 constexpr int kLogHeight = 3600;  // twips that the window grows by when the log is shown
 constexpr unsigned kLinkColour = 0x00FF0000u;
 constexpr unsigned kHoverColour = 0x000000FFu;

@@ -34,7 +34,7 @@ void skippingErrors(Step step) {
     }
 }
 
-constexpr const char* kBanner = "*********** Tidvane - disk and privacy cleaner - https://tidvane.invalid ***********";
+constexpr const char* kBanner = "*********** Tidvane - disk and privacy cleaner - https://tidvane.example ***********";
 
 // Rows of the extended settings' choice for the sixth menu title. "Homepage" is the same in every language.
 constexpr const char* kHomepage = "Homepage";

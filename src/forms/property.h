@@ -16,7 +16,10 @@ public:
         : value_(std::move(initial)), view_(view), event_(event) {}
     Property(const Property&) = delete;
 
-    Property& operator=(const Property& other) { return *this = other.value_; }
+    Property& operator=(const Property& other) {
+        if (this != &other) *this = T(other.value_);
+        return *this;
+    }
     Property& operator=(T value) {
         if (value == value_) return *this;
         value_ = std::move(value);

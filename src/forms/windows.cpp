@@ -71,6 +71,8 @@ bool Windows::unload(Form& form, UnloadMode mode) {
 }
 
 void Windows::unloadAll(std::string_view first) {
+    // The program ends: a late read of a setting may load other windows again, but never start the program anew.
+    makers_.erase(std::string(first));
     if (Form* form = ifLoaded(first)) unload(*form);
     // A late read may load a window again: it goes too. The bound ends a pair of windows that load one another for
     // ever.

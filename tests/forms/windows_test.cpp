@@ -111,5 +111,12 @@ TEST_F(WindowsTest, UnloadAllTakesTheMainWindowFirstAndWhatALateReadLoads) {
     EXPECT_TRUE(windows.loadedNames().empty());
 }
 
+TEST_F(WindowsTest, TheMainWindowDoesNotComeBackOnceAllWindowsWereUnloaded) {
+    windows.get("frmA");
+    windows.unloadAll("frmA");
+    EXPECT_EQ(windows.get("frmA"), nullptr);
+    EXPECT_NE(windows.get("frmB"), nullptr);
+}
+
 }  // namespace
 }  // namespace tidvane::forms
