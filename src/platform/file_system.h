@@ -84,8 +84,8 @@ public:
     // Denied (also: not a folder, or a link), InvalidName, NotReady. On failure `out` is empty.
     virtual Status ReadFolder(const std::string& folder, std::vector<FolderEntry>& out) = 0;
 
-    // The same for a caller that is about to empty the folder: a place that no one may empty answers Denied, and so
-    // does a path that is not absolute or has an empty last part.
+    // The same for a caller that is about to empty the folder: a place that no one may empty answers Denied, an empty
+    // or relative path PathNotFound. A trailing backslash is allowed, as for ReadFolder.
     virtual Status ReadFolderToEmpty(const std::string& folder, std::vector<FolderEntry>& out) = 0;
 
     // The attributes of the entry itself, never of what a link points to. A plain file without any bit reads Normal.
@@ -125,8 +125,8 @@ public:
 
     // Removes a folder with everything in it, with `force` also what is read-only. What cannot be removed stays, with
     // the folders above it, and all else goes; the answer is then the first failure. Wildcards in the last part remove
-    // every folder that matches. A trailing backslash is InvalidName; a file is PathNotFound. The top folder may not be
-    // a link; links inside the tree go as links. Memory does not grow with the number of files.
+    // every folder that matches. A trailing backslash is InvalidName, a file PathNotFound, no match NotFound, a link at
+    // the top Denied; links inside the tree go as links. Memory does not grow with the number of files.
     virtual Status DeleteFolder(const std::string& folder, bool force) = 0;
 
     // Opens an existing file for writing over its content from the first byte, without following a link and without

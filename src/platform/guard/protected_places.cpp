@@ -55,6 +55,7 @@ constexpr std::array<std::string_view, 2> kUsersRoots = {"Users", "Documents and
 
 std::vector<std::string> comparableNames(const std::vector<std::string>& names) {
     std::vector<std::string> result;
+    result.reserve(names.size());
     for (const std::string& name : names) result.push_back(comparableName(name));
     return result;
 }

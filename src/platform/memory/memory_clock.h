@@ -27,7 +27,7 @@ public:
 
 private:
     base::DateTime day_{2009, 11, 3, 0, 0, 0};
-    std::int64_t millisecondsOfDay_ = 12 * 3600 * 1000;
+    std::int64_t millisecondsOfDay_ = 12LL * 3600 * 1000;
 };
 
 class MemoryEvents final : public EventPump {
