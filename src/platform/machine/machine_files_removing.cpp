@@ -109,7 +109,6 @@ Status MachineFiles::RemoveFolder(const std::string& folder) {
 }
 
 Status MachineFiles::deleteOneFolder(const MachinePath& path, bool force) {
-    const TreeWalk::Exceptions exceptions = walkExceptions();
     FoundEntry entry;
     if (const Status status = resolver_.entry(path, entry); !ok(status)) return status;
     if (entry.parent < 0) return countFailure(Status::Denied);
@@ -117,18 +116,19 @@ Status MachineFiles::deleteOneFolder(const MachinePath& path, bool force) {
     if (!S_ISDIR(entry.info.st_mode)) return Status::PathNotFound;
 
     // Handles of its own: what the resolver keeps open below this folder goes with it.
-    const Handle parent(::openat(entry.parent, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Handle parent(::fcntl(entry.parent, F_DUPFD_CLOEXEC, 0));
     bool listable = true;
     const Handle folder = platform::machine::openFolder(entry.parent, entry.hostName.c_str(), listable);
     FolderIdentity identity;
     if (!folder || !identify(folder.get(), identity)) return countFailure(statusOf(errno));
-    const bool isOwn = exceptions.programRoot != nullptr && exceptions.programRoot->sameFolder(identity);
-    if (isOwn || !identity.sameMount(entry.parentIdentity)) return countFailure(Status::Denied);
+    if (!parent) return countFailure(Status::Denied);
+    if (resolver_.isProgramRoot(identity) || !identity.sameMount(entry.parentIdentity))
+        return countFailure(Status::Denied);
     resolver_.forget(path, path.names.size() - 1);
     resolver_.noteRemoved(entry);
-    const int above = parent ? parent.get() : -1;
-    if (above < 0) return countFailure(Status::Denied);
-    return TreeRemoval(counter_, force).run(above, entry.hostName.c_str(), folder.get(), identity, exceptions);
+    const std::string hostName = entry.hostName;
+    const TreeWalk::Exceptions exceptions = walkExceptions();
+    return TreeRemoval(counter_, force).run(parent.get(), hostName.c_str(), folder.get(), identity, exceptions);
 }
 
 Status MachineFiles::DeleteFolder(const std::string& folder, bool force) {

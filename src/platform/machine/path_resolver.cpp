@@ -267,10 +267,16 @@ bool PathResolver::isProgramRoot(const FolderIdentity& identity) const {
 
 bool PathResolver::programParent(FolderIdentity& parent, std::string& name) {
     if (program_ == kNone) return false;
-    const MachinePath place = roots_[program_].place;
-    OpenFolder above;
-    if (!ok(folder(place, place.names.size() - 1, above))) return false;
-    parent = above.identity;
+    const MachinePath& place = roots_[program_].place;
+    // Looking it up closes the folders that are open near the last path, so it is not done for every tree of a burst.
+    if (const auto now = Clock::now(); now - programParentSeen_ > kTrusted) {
+        OpenFolder above;
+        programParentFound_ = ok(folder(place, place.names.size() - 1, above));
+        programParent_ = above.identity;
+        programParentSeen_ = now;
+    }
+    if (!programParentFound_) return false;
+    parent = programParent_;
     name = place.last();
     return true;
 }

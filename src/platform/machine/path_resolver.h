@@ -105,6 +105,9 @@ private:
     std::vector<Root> roots_;
     std::size_t program_ = kNone;
     Removed removed_;
+    FolderIdentity programParent_;
+    bool programParentFound_ = false;
+    std::chrono::steady_clock::time_point programParentSeen_;
     int error_ = 0;  // why the last walk ended early
 };
 
