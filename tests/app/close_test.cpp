@@ -155,6 +155,33 @@ TEST_F(CloseMain, WithCleaningAtBothEndsRunsTwiceAndStillDeletesTheLog) {
     EXPECT_GE(display.ends, 1);
 }
 
+TEST_F(CloseMain, FromTheRunOfTheStartLeavesNoWindow) {
+    store({"chkStartClean=1", "chkCloseAfterClean=1", "chkTempFolder=1"});
+    machine.files.putFile("C:\\Windows\\Temp\\x.tmp");
+    main();
+    EXPECT_FALSE(machine.files.has("C:\\Windows\\Temp\\x.tmp"));
+    EXPECT_TRUE(program.windows.loadedNames().empty());
+    EXPECT_GE(display.ends, 1);
+}
+
+TEST_F(CloseMain, FromTheTimersRunLeavesNoWindow) {
+    store({"chkCloseAfterClean=1", "chkTempFolder=1"});
+    main().tmrCleanButton.Enabled = true;
+    main().tmrCleanButton.fire();
+    EXPECT_TRUE(program.windows.loadedNames().empty());
+}
+
+TEST_F(CloseMain, ReadsTheOptionsAnewWhenTheirWindowIsClosed) {
+    store({"chkEndClean=1", "chkTempFolder=1"});
+    machine.files.putFile("C:\\Windows\\Temp\\x.tmp");
+    program.windows.unload(options());
+    const auto starts = machine.processes.instanceLockTries;
+    main().ExitProgram();
+    EXPECT_FALSE(machine.files.has("C:\\Windows\\Temp\\x.tmp"));
+    EXPECT_TRUE(program.windows.loadedNames().empty());
+    EXPECT_EQ(machine.processes.instanceLockTries, starts);
+}
+
 TEST_F(CloseMain, RestartGivesTheLockBackAndStartsTheProgramAnew) {
     main();
     ASSERT_TRUE(machine.processes.holdsInstanceLock);

@@ -193,6 +193,16 @@ struct GermanRun : RunLog {
     GermanRun() { speakGerman(); }
 };
 
+TEST_F(GermanRun, StandsLineByLineInTheSameOrder) {
+    clean();
+    EXPECT_EQ(logLines(),
+              join({{text(491) + " [0/64] " + text(492) + " 03.11.2009 12:00:00", text(730) + ": " + text(732)},
+                    untickedWalk(),
+                    summary(0, "0 " + text(583)),
+                    diskBlockWithoutGain()}));
+    EXPECT_NE(text(509), AppFixtureRun().text(509));
+}
+
 TEST_F(GermanRun, WritesNumbersAndDatesInGermanForm) {
     store({"chkTempFolder=1", "chkTrash=1"});
     machine.files.putFile("C:\\Windows\\Temp\\Übung.tmp", std::string(1500, 'x'));

@@ -145,6 +145,17 @@ TEST_F(StartSteps, RestoreTheTicksOfPlugInsInEveryWrittenForm) {
     EXPECT_EQ(ticked, "german minus one true ");
 }
 
+TEST_F(StartSteps, CountTheTickedPlugInsInPanelThree) {
+    for (const char* name : {"a", "b", "c"}) machine.files.putFile(inFolder(std::string("PlugIns\\") + name + ".tdp"));
+    main().LstPlugs.setSelected(0, true);
+    main().LstPlugs.setSelected(2, true);
+    EXPECT_EQ(main().tmrStatistic.Interval, 1);
+    EXPECT_EQ(main().tmrLogBar.Interval, 1);
+    main().tmrStatistic.fire();
+    EXPECT_EQ(panel(3), "2");
+    EXPECT_EQ(panel(2), "0");
+}
+
 TEST_F(StartSteps, RunACleaningLastOfAllWithCleanAtStart) {
     store({"chkStartClean=1", "chkStartMinimized=1", "chkLogTimestamp=1"});
     main();
