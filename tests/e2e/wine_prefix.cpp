@@ -1,0 +1,127 @@
+#include "e2e/wine_prefix.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+
+#include "e2e/console_run.h"
+
+namespace tidvane::tests {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr auto kLongest = std::chrono::minutes(4);  // the first start of a prefix, on a busy machine
+
+ProcessOptions wineOptions(const std::string& prefix) {
+    ProcessOptions options;
+    // No debug output, no questions for what is not installed, no menu entries on the host, and no screen.
+    options.environment = {"WINEPREFIX=" + prefix, "WINEDEBUG=-all",
+                           "WINEDLLOVERRIDES=mscoree,mshtml=,winemenubuilder.exe=d", "WINEARCH=win64",
+                           // A home would get links to it in place of the folders of the user.
+                           "HOME=/nonexistent"};
+    options.limit = kLongest;
+    return options;
+}
+
+void require(const ProcessResult& result, const std::string& what) {
+    if (result.status != 0) throw std::runtime_error(what + " failed: " + result.out + result.err);
+}
+
+void stopServer(const std::string& prefix) {
+    // Answers 2 when there was none.
+    runProcess({"wineserver", "-k"}, wineOptions(prefix));
+    require(runProcess({"wineserver", "-w"}, wineOptions(prefix)), "waiting for the Wine server");
+}
+
+fs::path buildDirectory() {
+    return fs::path(TIDVANE_CONSOLE).parent_path().parent_path();
+}
+
+// Another version of Wine makes another prefix.
+std::string versionName() {
+    const ProcessResult result = runProcess({"wine", "--version"}, wineOptions("/nonexistent/prefix"));
+    require(result, "wine --version");
+    std::string name;
+    for (const char c : result.out) {
+        if (std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '.' || c == '-') name += c;
+    }
+    return name;
+}
+
+// Made by one test program at a time; the others wait for it.
+std::string madePrefix() {
+    const std::string place = (buildDirectory() / ("prefix-" + versionName())).string();
+    const int lock = ::open((place + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+    if (lock < 0 || ::flock(lock, LOCK_EX) != 0) throw std::runtime_error(place + ".lock cannot be locked");
+    if (!fs::exists(place)) {
+        const std::string building = place + ".new";
+        fs::remove_all(building);
+        require(runProcess({"wineboot", "--init"}, wineOptions(building)), "wineboot");
+        require(runProcess({"wineserver", "-w"}, wineOptions(building)), "waiting for the Wine server");
+        fs::rename(building, place);
+    }
+    ::close(lock);
+    return place;
+}
+
+}  // namespace
+
+bool WinePrefix::isDispensed() {
+    const char* value = std::getenv("TIDVANE_NO_WINE");
+    return value != nullptr && std::string(value) == "1";
+}
+
+WinePrefix::WinePrefix() {
+    const std::string from = madePrefix();
+    std::string pattern = (buildDirectory() / "prefix-XXXXXX").string();
+    if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no directory for a prefix");
+    path_ = pattern;
+    require(runProcess({"cp", "-a", "--reflink=auto", "-T", from, path_}, options()), "copying the prefix");
+}
+
+WinePrefix::~WinePrefix() {
+    try {
+        stop();
+    } catch (const std::exception&) {
+        // The test has said what went wrong; here is only tidied up.
+    }
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+ProcessOptions WinePrefix::options() const {
+    return wineOptions(path_);
+}
+
+std::string WinePrefix::content(const std::string& below) const {
+    return contentOfFile(path_ + "/" + below);
+}
+
+ProcessResult WinePrefix::wine(const std::vector<std::string>& arguments) const {
+    return startWine(arguments)->wait();
+}
+
+std::unique_ptr<Process> WinePrefix::startWine(const std::vector<std::string>& arguments) const {
+    std::vector<std::string> command{"wine"};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    ProcessOptions options = this->options();
+    options.openInput = true;
+    return std::make_unique<Process>(command, options);
+}
+
+std::unique_ptr<Process> WinePrefix::startServer() const {
+    return std::make_unique<Process>(std::vector<std::string>{"wineserver", "-f", "-p"}, options());
+}
+
+void WinePrefix::stop() const {
+    stopServer(path_);
+}
+
+}  // namespace tidvane::tests
