@@ -51,10 +51,15 @@ double val(std::string_view text) {
             while (figures < rest.size() && isDigit(rest[figures])) number += rest[figures++];
         }
     }
-    // Nothing that can be read, or too large or too small to hold: the result stays 0.
-    double value = 0;
-    std::from_chars(number.data(), number.data() + number.size(), value);
-    return value;
+    double value = 0;  // nothing that can be read
+    const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (read.ec != std::errc::result_out_of_range) return value;
+    // Out of range without an exponent, or with one that is not negative: too large. It must not pass for 0.
+    const bool tooSmall = number.find("e-") != std::string::npos ||
+                          number.find_first_of("123456789.") == std::string::npos ||
+                          number.substr(0, number.find('.')).find_first_of("123456789") == std::string::npos;
+    if (tooSmall) return 0;
+    return number.starts_with('-') ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
 }
 
 }  // namespace tidvane::base

@@ -28,13 +28,17 @@ platform::HKey hiveOf(const std::string& path) {
     return 0;
 }
 
-// Everything behind the first backslash. Without one it is the whole text, hive name included, and nothing is found.
+// Everything behind the first backslash.
 std::string keyOf(const std::string& path) {
     return path.substr(path.find('\\') + 1);
 }
 
+// The registry itself goes no deeper. Only a link to a key above itself leads further down, and without end.
+constexpr int kDeepestKey = 512;
+
 // True: something was removed.
-bool clearTree(const RegistryServices& services, const std::string& path) {
+bool clearTree(const RegistryServices& services, const std::string& path, int depth) {
+    if (depth > kDeepestKey) return false;
     // The platform may refuse places that no one may empty. It has to be asked before the first leaf goes.
     const platform::HKey hive = hiveOf(path);
     if (hive != 0 && !services.registry.mayClearTree(hive, keyOf(path))) return false;
@@ -61,7 +65,7 @@ bool clearTree(const RegistryServices& services, const std::string& path) {
 
         // Depth first, always through the first subkey that is left. One that cannot be removed comes up again: a pass
         // that removed nothing would be repeated for ever.
-        removedNow = clearTree(services, path + "\\" + subKeys.front()) || removedNow;
+        removedNow = clearTree(services, path + "\\" + subKeys.front(), depth + 1) || removedNow;
         removedAny = removedAny || removedNow;
         if (!removedNow) return removedAny;
     }
@@ -70,7 +74,9 @@ bool clearTree(const RegistryServices& services, const std::string& path) {
 }  // namespace
 
 void ClearRegistryTree(const RegistryServices& services, const std::string& Path) {
-    (void)clearTree(services, Path);
+    // A hive's name alone names no key: nothing is found.
+    if (Path.find('\\') == std::string::npos) return;
+    (void)clearTree(services, Path, 0);
 }
 
 }  // namespace tidvane::registry

@@ -21,8 +21,11 @@ void PurgeFolder(settings::Program& program, const std::string& Path) {
         if (method < 0) return;
         const std::string path = prefix + entry.name;
         KillFile(program.platform, path, method, false);
-        // The recycle bin takes a folder whole. The other two methods do nothing to a folder: the tree goes here.
-        if (method != KillRecycle && entry.kind == platform::EntryKind::Folder) DelAll(program.platform, path);
+        // The recycle bin takes a folder whole. The other two methods do nothing to a folder: the tree goes here, and a
+        // link to a folder as the link it is.
+        if (method == KillRecycle) return;
+        if (entry.kind == platform::EntryKind::Folder) DelAll(program.platform, path);
+        if (entry.kind == platform::EntryKind::Link) (void)program.platform.files.RemoveFile(path);
     };
     for (const platform::FolderEntry& entry : entries) {
         if (entry.kind != platform::EntryKind::Folder) remove(entry);

@@ -22,7 +22,15 @@ bool recycle(platform::Platform& platform, const std::string& path, bool ignoreE
     return platform.shell.SHFileOperationA(operation) == 0;
 }
 
+// The plain delete behind the overwrite passes hidden and system files over: blanked out they would stay as ruins.
+bool staysAnyway(platform::FileSystem& files, const std::string& path) {
+    unsigned attributes = 0;
+    return ok(files.GetAttributes(path, attributes)) &&
+           (attributes & (platform::attribute::Hidden | platform::attribute::System)) != 0;
+}
+
 void overwriteContent(platform::FileSystem& files, const std::string& path) {
+    if (staysAnyway(files, path)) return;
     std::unique_ptr<platform::OverwriteHandle> handle;
     if (!ok(files.OpenForOverwrite(path, handle)) || handle == nullptr) return;
     const std::string blanks(kBlockSize, kBlank);

@@ -13,9 +13,10 @@ std::size_t lastBackslash(const std::string& path) {
 }  // namespace
 
 std::string FolderOf(const std::string& Path) {
-    std::size_t position = lastBackslash(Path);
-    if (position == 3) position = 4;
-    return Path.substr(0, position - 1);
+    const std::size_t position = lastBackslash(Path);
+    // The third character, as in "C:\x".
+    const bool ofDrive = position > 1 && base::characterCount(Path.substr(0, position)) == 3;
+    return Path.substr(0, ofDrive ? position : position - 1);
 }
 
 std::string FileNameOf(const std::string& Path) {

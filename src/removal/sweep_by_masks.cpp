@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,9 @@ namespace {
 
 using platform::EntryKind;
 namespace attribute = platform::attribute;
+
+// Folders of the recycle bins at the root of a drive, by generation.
+constexpr std::array kBins{"$Recycle.Bin", "RECYCLER", "RECYCLED"};
 
 // One walk. The masks are matched all at once against one listing of each folder; attributes are only asked for names
 // that match.
@@ -39,6 +43,7 @@ private:
     void setAside(const std::string& path);
     void removeByMask(std::size_t mask, const std::string& path, const std::vector<std::string>& matches);
     void restore(const std::string& path);
+    bool isBinInUse(const std::string& path, const std::string& name);
 
     settings::Program& program_;
     platform::FileSystem& files_;
@@ -119,12 +124,18 @@ void MaskSweep::removeByMask(std::size_t mask, const std::string& path, const st
     const std::string place = "[" + text + "] " + path + (matches.size() > 1 ? matches[1] : std::string());
     const int method = program_.selectedKillMethod();
     if (method >= 0) {
-        KillFile(program_.platform, path + text, method, false);
+        // Where case matters to the host, a mask without a wildcard may name a file by one spelling and a folder by
+        // another: the bin would take the folder whole.
+        if (method != KillRecycle || !files_.FolderExists(path + text)) {
+            KillFile(program_.platform, path + text, method, false);
+        }
         report.AddLogLine(place + " <OK>");
     }
-    std::size_t refused = 0;
+    std::vector<std::string> refused;
     if (method == KillRecycle) {
-        for (const std::string& name : matches) refused += stillThere(path + name) ? 1 : 0;
+        for (const std::string& name : matches) {
+            if (stillThere(path + name)) refused.push_back(name);
+        }
     }
     // The second attempt is always plain, whatever the user chose: intended. It reports success in any case.
     if (!KillFile(program_.platform, path + text, KillPlain, true)) {
@@ -133,10 +144,7 @@ void MaskSweep::removeByMask(std::size_t mask, const std::string& path, const st
     for (Name& name : wanted_) {
         if (!name.gone && base::wildcardMatch(text, name.text)) name.gone = !stillThere(path + name.text);
     }
-    if (refused > 0) {
-        for (const std::string& name : matches) refused -= stillThere(path + name) ? 1 : 0;
-        program_.removedForGood += refused;
-    }
+    for (const std::string& name : refused) program_.removedForGood += stillThere(path + name) ? 0 : 1;
 }
 
 void MaskSweep::restore(const std::string& path) {
@@ -147,6 +155,14 @@ void MaskSweep::restore(const std::string& path) {
             (void)files_.RenameEntry(path + kRestore[row].from, path + kRestore[row].to);
         }
     }
+}
+
+// Units in a recycle bin keep their extension. Under the recycle method the walk stays out of the bins of a drive: it
+// would take for good what it has just put there.
+bool MaskSweep::isBinInUse(const std::string& path, const std::string& name) {
+    constexpr std::size_t kDriveRoot = 3;  // "C:\"
+    if (path.size() != kDriveRoot || program_.selectedKillMethod() != KillRecycle) return false;
+    return std::any_of(kBins.begin(), kBins.end(), [&](const char* bin) { return base::equalNoCase(name, bin); });
 }
 
 void MaskSweep::folder(const std::string& path) {
@@ -188,7 +204,9 @@ void MaskSweep::folder(const std::string& path) {
         restore(path);
     }
     std::sort(subFolders.begin(), subFolders.end(), base::NoCaseLess{});
-    for (const std::string& name : subFolders) folder(base::withBackslash(path + name));
+    for (const std::string& name : subFolders) {
+        if (!isBinInUse(path, name)) folder(base::withBackslash(path + name));
+    }
 }
 
 }  // namespace

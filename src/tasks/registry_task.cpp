@@ -7,7 +7,7 @@ namespace tidvane::tasks {
 void runRegistryTask(settings::Program& program, const CleaningTask& task, std::span<const RegistryTarget> targets,
                      const RegistryWords& words) {
     if (beginTask(program, task, words.begin) != Begin::Go) return;
-    long result = 0;
+    long result = -1;  // a task without a key of its own removes nothing
     for (const RegistryTarget& target : targets) {
         if (target.step != task.step) continue;
         registry::DeleteAllKeys(program.platform.registry, target.root, target.key, target.subKey, result);

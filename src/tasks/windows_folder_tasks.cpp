@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/numbers.h"
+#include "base/runtime_error.h"
 #include "removal/delete_older_than.h"
 #include "removal/folder_stats.h"
 #include "removal/folder_sweep.h"
@@ -23,18 +24,28 @@ constexpr BeginWords kTempWords{true, " ...", true};
 // it does not fit: then the statement that would delete is skipped as a whole.
 std::optional<std::int16_t> ageLimit(const std::string& text) {
     const double days = std::trunc(base::val(text));
-    if (days < INT16_MIN || days > INT16_MAX) return std::nullopt;
+    if (!std::isfinite(days) || days < INT16_MIN || days > INT16_MAX) return std::nullopt;
     return static_cast<std::int16_t>(days);
 }
 
+// The filter's window. A stored value that cannot be read ends its load there; the window stays with what it has, and
+// the task goes on with that.
+tools::frmTempAge& ageFilter(settings::Program& program) {
+    try {
+        return program.get<tools::frmTempAge>();
+    } catch (const base::RuntimeError&) {
+        return *program.windows.ifLoaded<tools::frmTempAge>();
+    }
+}
+
 void deleteOldFiles(settings::Program& program, const std::string& folder) {
-    const std::string& age = program.get<tools::frmTempAge>().txtAge.Text();
+    const std::string& age = ageFilter(program).txtAge.Text();
     const auto days = ageLimit(age);
     if (days) removal::DeleteOlderThan(program.platform, folder, *days);
     // The line comes all the same where nothing was old enough, and where the age was no age.
-    const double shown = days ? *days : base::val(age);
-    program.report().AddLogLine(program.LangText(501) + " " + base::numberText(shown, program.locale()) + " " +
-                                program.LangText(502) + " <OK>");
+    const double number = days ? *days : base::val(age);
+    const std::string shown = std::isfinite(number) ? base::numberText(number, program.locale()) : age;
+    program.report().AddLogLine(program.LangText(501) + " " + shown + " " + program.LangText(502) + " <OK>");
 }
 
 }  // namespace
@@ -63,7 +74,7 @@ void cleanWindowsTemp(settings::Program& program, const CleaningTask& task) {
     removal::FolderStats(program.platform.files, folder, counters);
     if (!program.platform.files.FolderExists(folder)) return endFolderNotFound(program, task);
     logFolderAndCounts(program, taskName(program, task), folder, counters.files, counters.bytes);
-    if (program.get<tools::frmTempAge>().chkActivite.ticked()) {
+    if (ageFilter(program).chkActivite.ticked()) {
         deleteOldFiles(program, folder);
         return endRow(program, task, 507, kIconDone);
     }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include <limits>
 
 namespace tidvane::base {
@@ -208,6 +210,15 @@ TEST(FormatNumber, KeepsTheSignOfANumberRoundedToZero) {
 TEST(FormatNumber, OfCurrencyIsExact) {
     EXPECT_EQ(formatNumber(Currency{std::numeric_limits<std::int64_t>::max()}, "0.0000", en), "922337203685477.5807");
     EXPECT_EQ(formatNumber(Currency{15000}, "", de), "1,5");
+}
+
+TEST(Val, DoesNotReadANumberBeyondAllRangesAsZero) {
+    EXPECT_TRUE(std::isinf(val(std::string(400, '9'))));
+    EXPECT_LT(val("-" + std::string(400, '9')), 0);
+    EXPECT_TRUE(std::isinf(val("1e999")));
+    EXPECT_EQ(val("1e-999"), 0);
+    EXPECT_EQ(val("0." + std::string(400, '0') + "1"), 0);
+    EXPECT_EQ(val(std::string(400, '0') + "7"), 7);
 }
 
 }  // namespace

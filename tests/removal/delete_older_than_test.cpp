@@ -93,6 +93,15 @@ TEST_F(DeleteOlderThanTest, DoesNotEnterALinkToAFolder) {
     EXPECT_TRUE(machine.files.has("C:\\keep\\old"));
 }
 
+TEST_F(DeleteOlderThanTest, NeverTakesWhatALinkPointsTo) {
+    put("C:\\keep\\wanted", 2001, 1, 1);
+    machine.files.putFolder("C:\\Temp");
+    machine.files.putLink("C:\\Temp\\link", "C:\\keep\\wanted");
+    machine.files.setTime("C:\\Temp\\link", base::toFileTime({2001, 1, 1, 0, 0, 0}));
+    run(10);
+    EXPECT_TRUE(machine.files.has("C:\\keep\\wanted"));
+}
+
 TEST_F(DeleteOlderThanTest, DoesNothingForAnEmptyMissingOrProtectedFolder) {
     put("C:\\Windows\\old.txt", 2001, 1, 1);
     DeleteOlderThan(services, "", 0);

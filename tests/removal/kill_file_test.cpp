@@ -160,6 +160,41 @@ TEST_F(KillFileTest, OverwriteGoesOnBehindABlockThatFails) {
     EXPECT_FALSE(machine.files.has("C:\\a"));
 }
 
+TEST_F(KillFileTest, PlainLeavesALockedFileAndTellsItUnlessErrorsAreIgnored) {
+    machine.files.putFile("C:\\locked", "x");
+    machine.files.lock("C:\\locked");
+    EXPECT_FALSE(kill("C:\\locked", KillPlain, false));
+    EXPECT_TRUE(kill("C:\\locked", KillPlain, true));
+    EXPECT_TRUE(machine.files.has("C:\\locked"));
+}
+
+TEST_F(KillFileTest, PlainAndOverwriteDoNothingToAFolder) {
+    machine.files.putFile("C:\\D\\a", "x");
+    kill("C:\\D", KillPlain, true);
+    kill("C:\\D", KillOverwrite, true);
+    EXPECT_EQ(machine.files.bytesOf("C:\\D\\a"), "x");
+}
+
+TEST_F(KillFileTest, OverwriteReachesTheEndOfAFileBeyondTwoGibibytes) {
+    constexpr std::uint64_t kLength = (std::uint64_t{2} << 30) + 1;
+    machine.files.putFileOfLength("C:\\big", kLength);
+    EXPECT_TRUE(kill("C:\\big", KillOverwrite, false));
+    ASSERT_EQ(machine.files.overwritten.size(), 1U);
+    EXPECT_EQ(machine.files.overwritten[0].blocks.size(), kLength / 4096 + 1);
+    EXPECT_EQ(machine.files.overwritten[0].blocks.back(), 1U);
+    EXPECT_FALSE(machine.files.has("C:\\big"));
+}
+
+TEST_F(KillFileTest, ANameWithAColonOrAControlSignReachesNothing) {
+    machine.files.putFile("C:\\Windows\\System32\\a.dll", "x");
+    for (const std::string& path : {std::string("C:\\Windows::$INDEX_ALLOCATION"), std::string("C:\\Windows\0x", 12),
+                                    std::string("C:\\Windows\\System32\\a.dll:s")}) {
+        for (const int method : {KillPlain, KillRecycle, KillOverwrite}) kill(path, method, true);
+        (void)services.files.DeleteFolder(path, true);
+    }
+    EXPECT_EQ(machine.files.bytesOf("C:\\Windows\\System32\\a.dll"), "x");
+}
+
 TEST_F(KillFileTest, AnyOtherMethodTouchesNothing) {
     machine.files.putFile("C:\\a", "x");
     EXPECT_FALSE(kill("C:\\a", 3, true));

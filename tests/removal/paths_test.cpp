@@ -9,6 +9,8 @@ TEST(FolderOf, KeepsTheBackslashOfADriveRoot) {
     EXPECT_EQ(FolderOf("C:\\x"), "C:\\");
     EXPECT_EQ(FolderOf("C:\\a\\x"), "C:\\a");
     EXPECT_EQ(FolderOf("x"), "");
+    EXPECT_EQ(FolderOf("C:\\"), "C:\\");
+    EXPECT_EQ(FolderOf("\xC3\xA4\\x"), "\xC3\xA4");
 }
 
 TEST(FileNameOf, DropsTheFirstCharacterWithoutABackslash) {

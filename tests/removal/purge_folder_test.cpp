@@ -1,4 +1,5 @@
 #include "removal/folder_sweep.h"
+#include "removal/modKillMethod.h"
 #include "support/app_fixture.h"
 
 namespace tidvane::removal {
@@ -83,6 +84,20 @@ TEST_F(PurgeFolderTest, RemovesALinkAndNotWhatItPointsTo) {
     machine.files.putLink("C:\\D\\link", "C:\\keep");
     PurgeFolder(program, "C:\\D");
     EXPECT_TRUE(machine.files.has("C:\\keep\\wanted.txt"));
+    EXPECT_TRUE(machine.files.everythingBelow("C:\\D").empty());
+}
+
+TEST_F(PurgeFolderTest, LeavesHiddenAndSystemFilesUntouchedUnderPlainAndOverwrite) {
+    machine.files.putFile("C:\\D\\desktop.ini", "settings");
+    machine.files.setAttributes("C:\\D\\desktop.ini", attribute::Hidden | attribute::System);
+    for (const int method : {KillPlain, KillOverwrite}) {
+        choose(method);
+        PurgeFolder(program, "C:\\D");
+        EXPECT_EQ(machine.files.bytesOf("C:\\D\\desktop.ini"), "settings");
+    }
+    choose(KillRecycle);
+    PurgeFolder(program, "C:\\D");
+    EXPECT_FALSE(machine.files.has("C:\\D\\desktop.ini"));
 }
 
 TEST_F(PurgeFolderTest, LeavesTheFolderOfTheCallBeforeAlone) {

@@ -180,6 +180,71 @@ TEST_F(SweepTest, CountsWhatTheBinRefusedAndASecondAttemptRemovedForGood) {
     EXPECT_FALSE(has("C:\\D\\a.tmp"));
 }
 
+TEST_F(SweepTest, RecyclesMatchesAndLeavesNothingForTheSecondAttempt) {
+    masks({"*.tmp"});
+    put("C:\\D\\a.tmp");
+    put("C:\\D\\b.tmp");
+    main();
+    options().cboKillMethod.setListIndex(1);
+    EXPECT_EQ(sweep(), (Lines{"[*.tmp] C:\\D\\b.tmp <OK>"}));
+    EXPECT_EQ(machine.shell.recycled.size(), 2U);
+    EXPECT_EQ(program.removedForGood, 0U);
+}
+
+TEST_F(SweepTest, UnderRecycleTheBinsOfADriveAreNotSwept) {
+    masks({"*.tmp"});
+    for (const char* bin : {"$Recycle.Bin\\S-1", "RECYCLER\\S-1", "Recycled"}) {
+        put("E:\\" + std::string(bin) + "\\unit.tmp");
+    }
+    put("E:\\D\\Recycled\\a.tmp");
+    main();
+    options().cboKillMethod.setListIndex(1);
+    sweep("E:\\");
+    EXPECT_TRUE(has("E:\\$Recycle.Bin\\S-1\\unit.tmp"));
+    EXPECT_TRUE(has("E:\\RECYCLER\\S-1\\unit.tmp"));
+    EXPECT_TRUE(has("E:\\Recycled\\unit.tmp"));
+    EXPECT_FALSE(has("E:\\D\\Recycled\\a.tmp"));
+}
+
+TEST_F(SweepTest, UnderOverwriteAMaskRemovesWithoutOverwriting) {
+    masks({"*.tmp"});
+    put("C:\\D\\a.tmp");
+    main();
+    options().cboKillMethod.setListIndex(2);
+    EXPECT_EQ(sweep(), (Lines{"[*.tmp] C:\\D\\ <OK>"}));
+    EXPECT_TRUE(machine.files.overwritten.empty());
+    EXPECT_FALSE(has("C:\\D\\a.tmp"));
+}
+
+TEST_F(SweepTest, MasksThatNameNoFileRemoveNothingUnderAnyMethod) {
+    masks({"", " ", ".", "..", "sub\\*.tmp", "..\\*"});
+    put("C:\\D\\a.txt");
+    put("C:\\D\\sub\\b.tmp");
+    put("C:\\other.txt");
+    main();
+    for (int method = 0; method < 3; ++method) {
+        options().cboKillMethod.setListIndex(method);
+        EXPECT_EQ(sweep(), Lines{}) << method;
+    }
+    EXPECT_TRUE(has("C:\\D\\a.txt"));
+    EXPECT_TRUE(has("C:\\D\\sub\\b.tmp"));
+    EXPECT_TRUE(has("C:\\other.txt"));
+    EXPECT_TRUE(machine.shell.recycled.empty());
+}
+
+TEST_F(SweepTest, ARefusedSetAsideLosesTheFileToTheMask) {
+    masks({"*.bak"});
+    put("C:\\D\\opa12.bak");
+    put("C:\\E\\opa12.bak");
+    put("C:\\E\\opa12.bak_copy");
+    machine.files.refuse("C:\\D\\opa12.bak", platform::operation::Rename, platform::Status::Denied);
+    sweep();
+    EXPECT_FALSE(has("C:\\D\\opa12.bak"));
+    // A leftover stands in the way of the rename: it comes back behind the masks.
+    sweep("C:\\E");
+    EXPECT_EQ(machine.files.everythingBelow("C:\\E"), (Lines{"C:\\E\\opa12.bak"}));
+}
+
 TEST_F(SweepTest, DoesNotFollowLinksOutOfTheTree) {
     masks({"*.tmp"});
     put("C:\\keep\\wanted.tmp");

@@ -22,6 +22,14 @@ bool isDroppedName(std::string_view name) {
     return name.find_first_not_of(" .") == std::string_view::npos && name != "." && name != "..";
 }
 
+// A colon behind the drive names a stream or another face of the same file; control signs end or split names. No file
+// that a listing shows has either.
+bool hasForbiddenSign(std::string_view path) {
+    const std::size_t from = path.size() >= 2 && path[1] == ':' ? 2 : 0;
+    return std::any_of(path.begin() + static_cast<std::ptrdiff_t>(from), path.end(),
+                       [](char sign) { return sign == ':' || static_cast<unsigned char>(sign) < 0x20; });
+}
+
 }  // namespace
 
 Status Guard::refuseName(const std::string& path, Status status) {
@@ -43,12 +51,13 @@ Status Guard::checkSingle(const std::string& path) {
         if (share.emptyLastPart) return refuseName(path, Status::InvalidName);
     }
     const std::string_view last = std::string_view(path).substr(path.find_last_of("\\/") + 1);
-    return isDroppedName(last) ? refuseName(path, Status::InvalidName) : Status::Ok;
+    return isDroppedName(last) || hasForbiddenSign(path) ? refuseName(path, Status::InvalidName) : Status::Ok;
 }
 
 Status Guard::checkTree(const std::string& path, bool trailingBackslash) {
     WindowsPath parsed;
     if (!ok(parseWindowsPath(path, parsed))) return refuseName(path, Status::PathNotFound);
+    if (hasForbiddenSign(path)) return refuseName(path, Status::InvalidName);
     if (places_.isProtected(parsed)) {
         if (files_.FolderExists(path)) ++counter_.totals.failed;
         if (warn_) {

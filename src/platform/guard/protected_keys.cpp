@@ -32,8 +32,11 @@ bool isProtectedBelowHive(const std::vector<std::string_view>& parts, std::size_
         return std::any_of(kFirstLevel.begin(), kFirstLevel.end(),
                            [&](std::string_view name) { return base::equalNoCase(parts[from], name); });
     }
-    // HKEY_CLASSES_ROOT under its other name.
-    return count == 2 && base::equalNoCase(parts[from], "Software") && base::equalNoCase(parts[from + 1], "Classes");
+    // HKEY_CLASSES_ROOT under its other name, and the 32-bit halves of both.
+    if (!base::equalNoCase(parts[from], "Software")) return false;
+    const bool half = base::equalNoCase(parts[from + 1], "Wow6432Node");
+    if (count == 2) return half || base::equalNoCase(parts[from + 1], "Classes");
+    return count == 3 && half && base::equalNoCase(parts[from + 2], "Classes");
 }
 
 }  // namespace
@@ -48,8 +51,11 @@ bool isProtectedKey(HKey hive, std::string_view path) {
             return isProtectedBelowHive(parts, 0);
         case HKEY_USERS_:
             return parts.empty() || isProtectedBelowHive(parts, 1);
-        default:
-            return false;
+        default: {
+            // Every other predefined handle: at least its root.
+            constexpr HKey kPredefined = 0x80000000u;
+            return (hive & ~HKey{0xFF}) == kPredefined && parts.empty();
+        }
     }
 }
 
