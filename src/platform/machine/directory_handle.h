@@ -66,7 +66,7 @@ Status statusOf(int error, Status missing = Status::NotFound);
 // Reads the entries of an open folder, "." and ".." left out, in blocks of one fixed buffer.
 class DirectoryReader {
 public:
-    static constexpr std::size_t kBufferSize = 32 * 1024;
+    static constexpr std::size_t kBufferSize = 32UL * 1024;
 
     struct Entry {
         const char* name;

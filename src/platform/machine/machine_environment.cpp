@@ -35,7 +35,7 @@ void takeKey(const MachineRegistry& registry, const std::string& path, Environme
             // The user's path goes behind the system's.
             if (base::equalNoCase(value.name, "PATH")) {
                 const std::string before = environment.get("PATH").value_or("");
-                if (!before.empty()) text = before + ";" + text;
+                if (!before.empty()) text.insert(0, ";").insert(0, before);
             }
             environment.set(value.name, text);
         }
@@ -60,7 +60,7 @@ std::string userKey(const MachineRegistry& registry, const std::string& path) {
 std::string expanded(Environment& environment, const std::string& text) {
     if (text.find('%') == std::string::npos) return text;
     std::string result;
-    constexpr std::size_t kRoom = 32 * 1024;
+    constexpr std::size_t kRoom = 32UL * 1024;
     return environment.ExpandEnvironmentStringsA(text, kRoom, result) <= kRoom ? result : text;
 }
 

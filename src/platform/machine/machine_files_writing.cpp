@@ -128,7 +128,7 @@ Status MachineFiles::CopyFileBytes(const std::string& from, const std::string& t
     if (target.exists && target.info.st_ino == info.st_ino && target.info.st_dev == info.st_dev) return Status::InUse;
     FileReplacement replacement;
     if (const Status status = startReplacement(target, replacement); !ok(status)) return status;
-    std::string block(256 * 1024, '\0');
+    std::string block(256UL * 1024, '\0');
     for (;;) {
         const ssize_t got = ::read(source.get(), block.data(), block.size());
         if (got < 0 && errno == EINTR) continue;

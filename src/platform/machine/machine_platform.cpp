@@ -36,7 +36,7 @@ MachinePlatform::MachinePlatform(std::unique_ptr<Machine> machine, const Machine
       scriptHost_(guardedRegistry_, codePage_),
       processes_(options.programFolder) {}
 
-std::unique_ptr<MachinePlatform> MachinePlatform::make(std::unique_ptr<Machine> machine, MachineOptions options,
+std::unique_ptr<MachinePlatform> MachinePlatform::make(std::unique_ptr<Machine> machine, const MachineOptions& options,
                                                        std::string& error) {
     std::unique_ptr<MachinePlatform> made(new MachinePlatform(std::move(machine), options));
     for (const MachineDrive& drive : made->machine_->drives()) {

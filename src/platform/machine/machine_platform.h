@@ -33,7 +33,7 @@ inline constexpr const char* kProgramPlace = "Program Files\\Tidvane";  // below
 class MachinePlatform {
 public:
     // Null: `error` is one sentence that says what to do.
-    static std::unique_ptr<MachinePlatform> make(std::unique_ptr<Machine> machine, MachineOptions options,
+    static std::unique_ptr<MachinePlatform> make(std::unique_ptr<Machine> machine, const MachineOptions& options,
                                                  std::string& error);
 
     Platform platform();

@@ -87,8 +87,9 @@ std::string RecycleBin::freeName(const std::string& folder, const std::string& e
         std::string name;
         for (int i = 0; i < 6; ++i) name += kSigns[random() % (sizeof kSigns - 1)];
         name += extension;
-        if (!files_.FileExists(folder + "\\$R" + name) && !files_.FolderExists(folder + "\\$R" + name) &&
-            !files_.FileExists(folder + "\\$I" + name)) {
+        const std::string unit = std::string(folder).append("\\$R").append(name);
+        const std::string record = std::string(folder).append("\\$I").append(name);
+        if (!files_.FileExists(unit) && !files_.FolderExists(unit) && !files_.FileExists(record)) {
             return name;
         }
     }

@@ -32,7 +32,7 @@ Status openPlainFile(int folder, const std::string& name, int flags, Handle& fil
 }
 
 Status readWholeFile(int file, std::string& bytes, std::uint64_t limit) {
-    constexpr std::size_t kBlock = 64 * 1024;
+    constexpr std::size_t kBlock = 64UL * 1024;
     bytes.clear();
     while (bytes.size() < limit) {
         const std::size_t start = bytes.size();

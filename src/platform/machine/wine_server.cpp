@@ -52,7 +52,7 @@ bool hasWineServer(const std::string& prefix, const std::string& temporaryFolder
     if (std::string named = namedByPrefix(prefix); !named.empty()) places.insert(std::move(named));
     const std::string server = "/server-" + hexadecimal(info.st_dev) + "-" + hexadecimal(info.st_ino) + "/lock";
     for (const std::string& place : places) {
-        if (isLocked(temporaryFolder + "/" + place + server)) return true;
+        if (isLocked(std::string(temporaryFolder).append("/").append(place).append(server))) return true;
     }
     return false;
 }
