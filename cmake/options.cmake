@@ -3,7 +3,7 @@ add_library(tidvane_options INTERFACE)
 target_compile_options(tidvane_options INTERFACE -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Wno-missing-field-initializers)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # GCC 12 sees overlapping copies in optimised std::string assignments where there are none (its bug 105651).
-  target_compile_options(tidvane_options INTERFACE -Wno-restrict)
+  target_compile_options(tidvane_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-Wno-restrict>)
 endif()
 if(TIDVANE_SANITIZE)
   target_compile_options(tidvane_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

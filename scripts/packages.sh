@@ -1,3 +1,4 @@
+# shellcheck shell=sh disable=SC2034,SC2154
 # Sourced by run and test: sees to it that the Debian packages named are there.
 
 say() { printf '%s\n' "$*" >&2; }

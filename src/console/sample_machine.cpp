@@ -140,19 +140,19 @@ private:
     void fillBins() {
         std::map<std::string, OldBinList> lists;
         for (const SampleUnit& unit : sampleUnits()) {
-            const std::string folder = unit.folder;
-            put(folder + "/" + unit.name, unit.bytes, unit.ageDays);
+            const std::string place = std::string(unit.folder).append("/").append(unit.name);
+            put(place, unit.bytes, unit.ageDays);
             const std::string former = filled(unit.formerPath);
             if (unit.record == 0) {
-                OldBinList& list = lists[folder];
-                list.wide = folder.find("<sid>") != std::string::npos;
+                OldBinList& list = lists[unit.folder];
+                list.wide = place.find("<sid>") != std::string::npos;
                 list.add(former, fileTime(unit.ageDays), unit.bytes);
                 continue;
             }
-            std::string record = unit.name;
-            record[1] = 'I';
-            put(folder + "/" + record,
-                machine::encodeRecycleRecord({unit.bytes, fileTime(unit.ageDays), former}, unit.record), unit.ageDays);
+            std::string record = place;
+            record[place.rfind('/') + 2] = 'I';  // "$R..." becomes "$I..."
+            put(record, machine::encodeRecycleRecord({unit.bytes, fileTime(unit.ageDays), former}, unit.record),
+                unit.ageDays);
         }
         for (const auto& [folder, list] : lists) put(folder + "/INFO2", list.bytes(), 1);
     }

@@ -123,6 +123,7 @@ forms::Control* findStoredControl(settings::Program& program, std::string_view p
         error = "No window stores a control named " + quoted + "; the command \"settings\" lists all of them.";
     } else {
         std::vector<std::string> names;
+        names.reserve(found.size());
         for (const forms::Control* control : found) names.push_back(pathOf(*control));
         error = quoted + " is ambiguous; write one of: " + joined(names) + ".";
     }
