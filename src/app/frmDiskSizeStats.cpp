@@ -57,6 +57,8 @@ void frmDiskSizeStats::Form_Load() {
 }
 
 void frmDiskSizeStats::Form_Unload() {
+    // The log is shown by enlarging the window; the size that is stored is that without it.
+    if (txtLog.Visible) toggleLog();
     settings::saveWindowNumbers(program_, kSection, settings::rectangleOf(*this));
 }
 

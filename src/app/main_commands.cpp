@@ -21,7 +21,8 @@ constexpr const char* kCloseBeforeTool = "Tidvane needs to be closed before qrmx
 }  // namespace
 
 void frmMain::buildMenus() {
-    for (const MenuRow& row : menuTable()) menus_.push_back(std::make_unique<forms::Menu>(*this, row.name));
+    for (const MenuRow& row : menuTable())
+        menus_.push_back(std::make_unique<forms::Menu>(*this, row.name, row.caption));
 }
 
 forms::Menu& frmMain::menu(const std::string& name) {

@@ -15,6 +15,7 @@ enum class MenuAction {
 
 struct MenuRow {
     const char* name;
+    const char* caption;  // of the design, German; stays where no language file has one
     MenuAction action = MenuAction::None;
     int a = 0;
     const char* inner = nullptr;

@@ -36,9 +36,9 @@ void skippingErrors(Step step) {
 
 constexpr const char* kBanner = "*********** Tidvane - disk and privacy cleaner - https://tidvane.example ***********";
 
-// Rows of the extended settings' choice for the sixth menu title. "Homepage" is the same in every language.
-constexpr const char* kHomepage = "Homepage";
-constexpr std::array kCommunityTitles{171, 172, 159};
+// The sixth menu title, by the row that the extended settings choose. One row is the same in every language.
+constexpr int kHomepage = 0;
+constexpr std::array kCommunityTitles{159, kHomepage, 172, 171};
 
 }  // namespace
 
@@ -84,8 +84,10 @@ void StartSequence::buildTaskPane() {
         pane.AddItem(row.group, program.LangText(row.text), row.icon);
     }
     pane.AddDetailGroup(program.LangText(134), program.LangText(135) + " " + main_.versionText());
-    skippingErrors(
-        [&] { pane.OpenOneGroupOnly = program.get<settings::frmMoreToConfigure>().chkOpenOneGroupOnly.ticked(); });
+    skippingErrors([&] {
+        pane.OpenOneGroupOnly = program.get<settings::frmMoreToConfigure>().chkOpenOneGroupOnly.ticked();
+        settings::applyChosenTheme(program, pane, true);
+    });
 }
 
 void StartSequence::buildTaskList() {
@@ -242,12 +244,11 @@ void StartSequence::captionMenus() {
     main_.menu("mnCleanPlugs").Caption = program.LangText(104) + " (Plug-ins)";
     main_.menu("mnExtensions").Caption = program.LangText(106) + " (Add-ons)";
     skippingErrors([&] {
-        const std::string& chosen = program.get<settings::frmMoreToConfigure>().cboCommunityMenu.Text();
-        forms::Menu& title = main_.menu("mnuCommunityTitle");
-        if (chosen == kHomepage) title.Caption = "&Homepage";
-        for (const int entry : kCommunityTitles) {
-            if (chosen == program.LangText(entry)) title.Caption = program.LangText(entry);
-        }
+        // By the chosen row: the texts of the rows may be of another language file than the last one.
+        const int row = program.get<settings::frmMoreToConfigure>().cboCommunityMenu.ListIndex();
+        if (row < 0 || row >= static_cast<int>(kCommunityTitles.size())) return;
+        const int entry = kCommunityTitles[static_cast<std::size_t>(row)];
+        main_.menu("mnuCommunityTitle").Caption = entry == kHomepage ? "&Homepage" : program.LangText(entry);
     });
 }
 
