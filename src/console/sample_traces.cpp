@@ -77,12 +77,11 @@ constexpr std::array kFiles{
     SampleFile{"drive_c/$Recycle.Bin/<sid>/desktop.ini",                 129, 300, Stays, attribute::Hidden | attribute::System},
 };
 
-// Links that lead out of the machine or elsewhere in it. What they lead to is never touched. A link to a file goes as a
-// file; a link to a folder stays where it stands for itself, and goes with the folder it lies in.
+// Links that lead out of the machine or elsewhere in it: the link goes, what it leads to is never touched.
 constexpr std::array kLinks{
-    SampleLink{WINDOWS "Temp/outside", "../../../outside", Stays},
+    SampleLink{WINDOWS "Temp/outside", "../../../outside", Goes},
     SampleLink{WINDOWS "Temp/outside file.txt", "../../../outside/keep.txt", Goes},
-    SampleLink{LOCAL "Temp/MyDocuments", "../../../Documents", Stays},
+    SampleLink{LOCAL "Temp/MyDocuments", "../../../Documents", Goes},
     SampleLink{LOCAL "Temp/7zS4F21/up", "..", Goes},
     SampleLink{LOCAL "Temp/lost", "nowhere/at all", Goes},
     SampleLink{PROFILE "My Documents", "Documents", Stays},
