@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,8 @@ namespace {
 // The index takes the first three signs of a line, the fourth is never looked at.
 constexpr std::size_t kIndexLength = 3;
 constexpr std::size_t kTextStart = 4;
+// Fifty times a complete file. More is none of ours, and every window that reloads the texts would go through it again.
+constexpr std::uint64_t kReadLimit = 1u << 20u;
 
 // Takes the next line off. CR or CR LF ends a line; a lone LF belongs to the text.
 std::string_view takeLine(std::string_view& rest) {
@@ -96,7 +99,7 @@ int LoadLanguageFile(Program& program, const std::string& path) {
     if (!plainFileExists(program, path)) return 1;
     std::string bytes;
     // Ignored on purpose: a file that cannot be read counts as one without entries.
-    (void)program.platform.files.ReadFileBytes(path, bytes);
+    (void)program.platform.files.ReadFileBytes(path, bytes, kReadLimit);
     readFile(program, bytes);
     try {
         ApplyLanguage(program);

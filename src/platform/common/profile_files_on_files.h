@@ -10,8 +10,9 @@ namespace tidvane::platform {
 // Every call reads the file anew, so that nothing is stale when another process writes to it. Texts end at a NUL.
 class ProfileFilesOnFiles final : public ProfileFiles {
 public:
-    // Of a larger file only so much is read, and it is never written to.
-    static constexpr std::uint64_t largestFile = 16U << 20U;
+    // Of a larger file only so much is read, and it is never written to. No profile of ours or of a browser comes near
+    // it, and a window asks for hundreds of values when it is loaded: each of them takes a pass.
+    static constexpr std::uint64_t largestFile = 1U << 20U;
 
     ProfileFilesOnFiles(FileSystem& files, const base::CodePage& page) : files_(files), page_(page) {}
 
