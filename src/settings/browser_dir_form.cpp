@@ -51,6 +51,7 @@ void BrowserDirForm::browse(forms::TextBox& box, bool endsInBackslash) {
 }
 
 void BrowserDirForm::cmdOK_Click() {
+    tellOfEmptiedBoxes(program_, *this);
     SaveFormINI(program_, *this);
     program_.get<frmOptions>().enableTaskPage(names_.page, usable.ticked());
     program_.windows.unload(*this);

@@ -53,6 +53,7 @@ frmMoreToConfigure::frmMoreToConfigure(settings::Program& program) : Form(kName)
     cmdCustomApp.Click.connect([this] { cmdCustomApp_Click(); });
     lblReset3.Click.connect([this] { txtInfoServer.setText(address::kNews); });
     ImgOK.Click.connect([this] {
+        tellOfEmptiedBoxes(program_, *this);
         SaveFormINI(program_, *this);
         program_.windows.unload(*this);
     });
@@ -67,7 +68,7 @@ void frmMoreToConfigure::Form_Load() {
         cboCommunityMenu.AddItem(row);
     }
     cboCommunityMenu.setListIndex(0);
-    txtCustomAppPath.setText(program_.platform.system.ApplicationPath());
+    txtCustomAppPath.setText(program_.programDirectory());
 
     Caption = text(389);
     lblTuneUp.Caption = text(179);
@@ -96,7 +97,7 @@ void frmMoreToConfigure::setFirstStart() {
     chkOpenOneGroupOnly.Value = 0;
     chkDisksizeInfo.Value = 1;
     chkEnableCustomApp.Value = 0;
-    txtCustomAppPath.setText(program_.platform.system.ApplicationPath());
+    txtCustomAppPath.setText(program_.programDirectory());
     txtCustomAppCommandlineParameter.setText("/");
     chkRunCustomAppAfterTidvane.Value = 0;
     chkEnableAutoUpdate.Value = 0;

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
-#include "base/text.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/log_font_file.h"
 #include "settings/modFormINI.h"
@@ -138,7 +137,9 @@ void frmOptions::Form_Load() {
     passOverErrors([&] { setOwnTexts(); });
     passOverErrors([&] { LoadAllLanguageFiles(program_); });
     passOverErrors([&] { buildTaskPane(); });
-    passOverErrors([&] { loadWindowNumbers(program_, kGeometrySection, rectangleOf(*this), false); });
+    passOverErrors([&] {
+        loadWindowNumbers(program_, kGeometrySection, rectangleOf(*this), State == forms::WindowState::Minimized);
+    });
     passOverErrors([&] { setTaskCaptions(); });
     passOverErrors([&] { setMemoryModule(); });
     passOverErrors([&] { fillKillMethods(); });
@@ -159,9 +160,8 @@ void frmOptions::Form_Unload() {
 
 void frmOptions::setOwnTexts() {
     Caption = program_.LangText(299) + " Tidvane";
-    const std::string folder = base::withoutBackslash(program_.programFolder());
-    txtTidvaneLog.setText(folder);
-    txtPurgeSound.setText(folder);
+    txtTidvaneLog.setText(program_.programDirectory());
+    txtPurgeSound.setText(program_.programDirectory());
     cboAutoStart.Clear();
     cboAutoStart.AddItem("HKEY_LOCAL_MACHINE");
     cboAutoStart.AddItem("HKEY_CURRENT_USER");
@@ -237,9 +237,8 @@ void frmOptions::firstStart() {
     txtLogAutoTruncated.setText(kLogLimit);
     cboKillMethod.setText(program_.LangText(732));
     txtUpdateServer.setText(kFirstUpdateServer);
-    const std::string folder = base::withoutBackslash(program_.programFolder());
-    txtTidvaneLog.setText(folder);
-    txtPurgeSound.setText(folder);
+    txtTidvaneLog.setText(program_.programDirectory());
+    txtPurgeSound.setText(program_.programDirectory());
     for (forms::TextBox* box : {&txtAddFolderPath, &txtAddFilePath, &txtSearchMask, &txtAddInRegCleanPath}) {
         box->setText({});
     }
@@ -254,19 +253,10 @@ void frmOptions::captionExtendedSettings() {
     }
 }
 
-// An emptied text is not stored, so the old path acts on. Whoever emptied it should know.
-void frmOptions::tellOfTextsThatComeBack() {
-    for (const forms::TextBox* box : {&txtAddInRegCleanPath, &txtPurgeSound, &txtTidvaneLog, &txtUpdateServer}) {
-        if (!box->Text().empty()) continue;
-        const std::string stored = ReadProfileValue(program_, GetINIPath(program_), Name, profileKey(*box));
-        if (!stored.empty()) program_.display.warn(box->Name + " was emptied and keeps its last value: " + stored);
-    }
-}
-
 void frmOptions::saveAndClose() {
     if (!cmdOK.Enabled) return;
     cmdOK.Enabled = false;
-    tellOfTextsThatComeBack();
+    tellOfEmptiedBoxes(program_, *this);
     SaveFormINI(program_, *this);
     RunReport& report = program_.report();
     report.rebuildTaskRows();

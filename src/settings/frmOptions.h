@@ -31,6 +31,8 @@ struct TaskBox {
     bool inDepth = false;     // the master box leaves it alone
 };
 
+// A caption that no language entry replaces is a word of both languages, or a sign.
+//
 // Controls stand in the order of the window, which is the order of the file and of the walks over it: a page's master
 // box first, so that a stored tick of it cannot overrun the boxes behind it.
 class frmOptions : public forms::Form {
@@ -85,9 +87,9 @@ public:
     forms::CheckBox chkRecentPaint{*this, "chkRecentPaint", "Zuletzt geöffnet in Paint"};
     forms::CheckBox chkRecentMediaPlayer{*this, "chkRecentMediaPlayer", "Zuletzt gespielt im Media Player"};
     forms::CheckBox chkAlphabetizeStartMenu{*this, "chkAlphabetizeStartMenu", "Startmenü sortieren"};
-    controls::isButton cmdAlphabetizeStartMenuManual{*this, "cmdAlphabetizeStartMenuManual", "Jetzt"};
+    controls::isButton cmdAlphabetizeStartMenuManual{*this, "cmdAlphabetizeStartMenuManual", "..."};
     forms::CheckBox chkAlphabetizeFavorites{*this, "chkAlphabetizeFavorites", "Favoriten sortieren"};
-    controls::isButton cmdAlphabetizeFavoritesManual{*this, "cmdAlphabetizeFavoritesManual", "Jetzt"};
+    controls::isButton cmdAlphabetizeFavoritesManual{*this, "cmdAlphabetizeFavoritesManual", "..."};
 
     // --- browsers
     forms::TabStrip SSTab5{*this, "SSTab5", {"Internet Explorer", "Firefox", "Opera", "Chrome", "Safari"}};
@@ -191,9 +193,9 @@ public:
     forms::Frame frmDefineSearchMasks{*this, "frmDefineSearchMasks", "Suchmasken"};
     forms::CheckBox chkSearchTasks{*this, "chkSearchTasks", "Laufwerke nach Masken durchsuchen"};
     forms::Label lblSearchMasks{*this, "lblSearchMasks", "Dateien, die auf eine Maske passen, werden gelöscht."};
-    forms::Label lblSearchMasks2{*this, "lblSearchMasks2", "Laufwerk"};
-    forms::Label lblSearchMasks3{*this, "lblSearchMasks3", "Masken"};
-    forms::Label lblSearchMasks4{*this, "lblSearchMasks4", "Neue Maske"};
+    forms::Label lblSearchMasks2{*this, "lblSearchMasks2", "Neue Maske, zum Beispiel *.tmp:"};
+    forms::Label lblSearchMasks3{*this, "lblSearchMasks3", "Zu durchsuchendes Laufwerk:"};
+    forms::Label lblSearchMasks4{*this, "lblSearchMasks4", "Die Suche löscht sofort, ohne Durchsicht."};
     forms::CheckBox chkAllFixedDrives{*this, "chkAllFixedDrives", "Alle Festplatten"};
     forms::ComboBox cboDrives{*this, "cboDrives"};
     forms::ListBox lstSearchMasks{*this, "lstSearchMasks"};
@@ -223,7 +225,7 @@ public:
 
     forms::Frame frmVolume{*this, "frmVolume", "Datenträger prüfen"};
     forms::Label lblVolumeInfo{*this, "lblVolumeInfo", "Der Datenträger wird mit dem Programm des Systems geprüft."};
-    forms::CheckBox chkVolumeCheck{*this, "chkVolumeCheck", "Nach der Reinigung prüfen"};
+    forms::CheckBox chkVolumeCheck{*this, "chkVolumeCheck", "chkdsk.exe"};
     forms::Label lblVolumeHD{*this, "lblVolumeHD", "Laufwerk"};
     forms::TextBox txtVolumeCheckHD{*this, "txtVolumeCheckHD", "c:"};
     forms::Label lblVolumeParameter{*this, "lblVolumeParameter", "Parameter"};
@@ -245,7 +247,7 @@ public:
     forms::CheckBox chkSmallAppsFontSize{*this, "chkSmallAppsFontSize", "Kleine Schrift in der Anwendungsliste"};
     forms::Label lblPurgeSpeed{*this, "lblPurgeSpeed", "Pause je Aufgabe in Millisekunden"};
     forms::TextBox txtPurgeSpeed{*this, "txtPurgeSpeed", "10"};
-    forms::Label lblReset2{*this, "lblReset2", "Zurücksetzen"};
+    forms::Label lblReset2{*this, "lblReset2", "Reset"};
     forms::CheckBox chkStartClean{*this, "chkStartClean", "Beim Start reinigen"};
     forms::CheckBox chkEndClean{*this, "chkEndClean", "Beim Beenden reinigen"};
     forms::CheckBox chkMinimizeSystray{*this, "chkMinimizeSystray", "Nach der Reinigung in den Infobereich"};
@@ -267,7 +269,7 @@ public:
     forms::CheckBox chkMoreLogDetails{*this, "chkMoreLogDetails", "Ausführliches Protokoll"};
     forms::Label lblTruncation{*this, "lblTruncation", "Kürzen ab so vielen Zeichen (höchstens 65536)"};
     forms::TextBox txtLogAutoTruncated{*this, "txtLogAutoTruncated", "60000"};
-    forms::Label lblReset{*this, "lblReset", "Zurücksetzen"};
+    forms::Label lblReset{*this, "lblReset", "Reset"};
     forms::Label lblLog3{*this, "lblLog3", "Schrift des Protokolls"};
     controls::isButton cmdLogBarFont{*this, "cmdLogBarFont", "Schrift ..."};
 
@@ -280,7 +282,7 @@ public:
     forms::OptionButton optEngUpdateServer{*this, "optEngUpdateServer", "servers", "English"};
     controls::isButton cmdStandardServer{*this, "cmdStandardServer", "Standard"};
     forms::Label lblUpdate3{*this, "lblUpdate3", "Hinweis"};
-    forms::Label lblUpdate4{*this, "lblUpdate4", "Die Adresse endet mit einem Schrägstrich."};
+    forms::Label lblUpdate4{*this, "lblUpdate4", "Die Adresse muss mit \"/\" enden."};
 
     forms::Frame frmCleanMethod{*this, "frmCleanMethod", "Löschverfahren"};
     forms::Label lblCleanMethod{*this, "lblCleanMethod", "Verfahren"};
@@ -297,7 +299,7 @@ public:
     controls::isButton cmdMoreToConfigure{*this, "cmdMoreToConfigure", "Weitere Einstellungen ..."};
 
     // --- the foot of the window
-    forms::CommandButton cmdOK{*this, "cmdOK", "Speichern"};
+    forms::CommandButton cmdOK{*this, "cmdOK", "OK"};
     forms::Timer tmrSearchMasks{*this, "tmrSearchMasks", 1, true};
     forms::Timer tmrCustom{*this, "tmrCustom", 1, true};
 
@@ -319,7 +321,6 @@ private:
     void fillDrives();
     void firstStart();
     void captionExtendedSettings();
-    void tellOfTextsThatComeBack();
     void saveAndClose();
     void closeWithoutSaving();
 
@@ -339,7 +340,9 @@ private:
     void connectLists();
     void loadLists();
     void saveLists();
+    bool isBannedEntry(const std::string& text);
     bool isBanned(const std::string& text);
+    bool mayEnter(const std::string& text);
     bool survivesReading(const std::string& text);
     void addChecked(forms::TextBox& entry, forms::ListBox& list);
     void addPath(forms::TextBox& entry, forms::ListBox& list);
@@ -370,7 +373,6 @@ private:
     std::array<std::vector<TaskBox>, kTaskPages> tasks_;
     std::array<ListFile, 3> lists_;
     bool loading_ = false;  // the load handler runs: no change is a user's
-    bool missingBansTold_ = false;
 };
 
 }  // namespace tidvane::settings

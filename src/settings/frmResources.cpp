@@ -9,6 +9,7 @@ frmResources::frmResources(settings::Program& program) : Form(kName), program_(p
     lblAddOnManager.Visible.design(false);
     cmdStandardServer.Click.connect([this] { setStandardAddresses(); });
     ImgOK.Click.connect([this] {
+        tellOfEmptiedBoxes(program_, *this);
         SaveFormINI(program_, *this);
         program_.windows.unload(*this);
     });

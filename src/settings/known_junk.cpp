@@ -52,7 +52,7 @@ bool holds(const forms::ListBox& list, const std::string& path) {
 
 // Nobody typed these, so what may not get in is left out without a word.
 void frmOptions::addKnown(const std::string& path, forms::ListBox& list) {
-    if (holds(list, path) || isBanned(path)) return;
+    if (holds(list, path) || isBannedEntry(path) || !isStorable(program_, path)) return;
     const ListItems read = parseListItems(path);
     if (read.items.size() == 1 && read.items.front() == path) list.AddItem(path);
 }

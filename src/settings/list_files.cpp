@@ -64,9 +64,16 @@ platform::Status readListFile(Program& program, const std::string& file, ListIte
     return status;
 }
 
+bool isStorable(const Program& program, const std::string& text) {
+    const base::CodePage& page = program.codePage();
+    return page.toUtf8(page.fromUtf8(text)) == text;
+}
+
 platform::Status writeListFile(Program& program, const std::string& file, const std::vector<std::string>& rows) {
     std::string text;
-    for (const std::string& row : rows) text += row + "\r\n";
+    for (const std::string& row : rows) {
+        if (isStorable(program, row)) text += row + "\r\n";
+    }
     return program.platform.files.WriteFileBytes(file, program.codePage().fromUtf8(text));
 }
 

@@ -23,7 +23,12 @@ ListItems parseListItems(std::string_view text);
 // Ok: read. NotFound: there is no such file, the list is empty. Anything else: it is there and cannot be read.
 platform::Status readListFile(Program& program, const std::string& file, ListItems& content);
 
-// Rows as they stand, commas and quotes too: reading is not the reverse of writing, on purpose.
+// False for a text with a character that the code page lacks: it would be stored as "?", which later stands for any
+// character.
+bool isStorable(const Program& program, const std::string& text);
+
+// Rows as they stand, commas and quotes too: reading is not the reverse of writing, on purpose. A row that is not
+// storable is left out.
 platform::Status writeListFile(Program& program, const std::string& file, const std::vector<std::string>& rows);
 
 }  // namespace tidvane::settings

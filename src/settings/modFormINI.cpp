@@ -1,5 +1,7 @@
 #include "settings/modFormINI.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -99,6 +101,46 @@ bool isRestored(const forms::Control& control) {
     }
 }
 
+// A value that goes on behind a lone line break would be read as its first line alone, and its other lines as lines of
+// the file: those must neither open a section nor set a key.
+bool writesOtherKeys(std::string_view value) {
+    for (std::size_t end = value.find_first_of("\r\n"); end != std::string_view::npos;
+         end = value.find_first_of("\r\n")) {
+        value.remove_prefix(end + 1);
+        const std::string_view line = value.substr(0, value.find_first_of("\r\n"));
+        if (line.find_first_of("[=") != std::string_view::npos) return true;
+    }
+    return false;
+}
+
+// Lines that "add" empties; what comes back there does nothing.
+constexpr std::array<std::string_view, 3> kEntryLines{"txtAddFolderPath", "txtAddFilePath", "txtSearchMask"};
+
+// Buttons and further text boxes may stand between a box and its label.
+std::string captionOf(const std::vector<forms::Control*>& controls, std::size_t place) {
+    const std::string& name = controls[place]->Name;
+    while (place-- > 0) {
+        const forms::Control& before = *controls[place];
+        switch (before.kind) {
+            case forms::ControlKind::Label:
+            case forms::ControlKind::CheckBox:
+            case forms::ControlKind::OptionButton: {
+                std::string caption = before.Caption;
+                if (!caption.empty() && caption.back() == ':') caption.pop_back();
+                return caption.empty() ? name : caption;
+            }
+            case forms::ControlKind::TextBox:
+            case forms::ControlKind::Image:
+            case forms::ControlKind::CommandButton:
+            case forms::ControlKind::ThemedButton:
+                break;
+            default:
+                return name;
+        }
+    }
+    return name;
+}
+
 WindowNumber windowNumber(std::string key, forms::Property<int>& property) {
     return {std::move(key), [&property] { return property.get(); }, [&property](int value) { property = value; }};
 }
@@ -148,7 +190,33 @@ void SaveFormINI(Program& program, forms::Form& form) {
         const std::string value = storedValue(*control);
         // An emptied text box keeps its old key, and the text comes back: intended.
         if (value.empty()) continue;
+        if (writesOtherKeys(value)) {
+            program.display.warn(control->Name + " holds several lines and is not stored.");
+            continue;
+        }
         (void)program.platform.profiles.WritePrivateProfileStringA(form.Name, profileKey(*control), value, file);
+    }
+}
+
+std::vector<EmptiedBox> emptiedBoxes(Program& program, const forms::Form& form) {
+    std::vector<EmptiedBox> emptied;
+    const auto& controls = form.Controls();
+    for (std::size_t place = 0; place < controls.size(); ++place) {
+        const forms::Control& control = *controls[place];
+        if (control.kind != forms::ControlKind::TextBox ||
+            !static_cast<const forms::TextBox&>(control).Text().empty()) {
+            continue;
+        }
+        if (std::find(kEntryLines.begin(), kEntryLines.end(), control.Name) != kEntryLines.end()) continue;
+        const std::string stored = ReadProfileValue(program, GetINIPath(program), form.Name, profileKey(control));
+        if (!stored.empty()) emptied.push_back({captionOf(controls, place), stored});
+    }
+    return emptied;
+}
+
+void tellOfEmptiedBoxes(Program& program, const forms::Form& form) {
+    for (const EmptiedBox& box : emptiedBoxes(program, form)) {
+        program.display.warn("\"" + box.caption + "\" was emptied and keeps its last value: " + box.stored);
     }
 }
 

@@ -27,8 +27,18 @@ bool LoadFormINI(Program& program, forms::Form& form);
 bool LoadFormINISkippingErrors(Program& program, forms::Form& form);
 
 // An empty value is never written: a text box that was emptied keeps its old key. A file that cannot be written is
-// passed over in silence.
+// passed over in silence. A lone CR or LF is written as it is and ends the value when it is read again; a text whose
+// next line would read as a section or a key of its own is not written, and the display tells it.
 void SaveFormINI(Program& program, forms::Form& form);
+
+// A text box that is empty now and will not be at the next load.
+struct EmptiedBox {
+    std::string caption;  // of the label or box that stands in front of it; its name where there is none
+    std::string stored;   // what comes back, up to 254 characters
+};
+std::vector<EmptiedBox> emptiedBoxes(Program& program, const forms::Form& form);
+// Before a save: the display tells the user of each.
+void tellOfEmptiedBoxes(Program& program, const forms::Form& form);
 
 // The key of a control: its name, and for a member of a control array its index in brackets.
 std::string profileKey(const forms::Control& control);

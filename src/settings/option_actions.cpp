@@ -62,6 +62,7 @@ void frmOptions::connectActions() {
             program_.report().setLogFont(*font);
     });
     cmdRecentServer.Click.connect([this] {
+        tellOfEmptiedBoxes(program_, *this);
         SaveFormINI(program_, *this);
         cmdRecentServer.Enabled = false;
     });
@@ -132,8 +133,10 @@ void frmOptions::taskPaneClicked(int group, int item) {
 
 void frmOptions::checkVolume() {
     const std::string volume = txtVolumeCheckHD.Text();
+    // Without a letter the path counts from the root of the current drive, which is the program's own.
+    const std::string drive = volume.empty() ? program_.programFolder().substr(0, 2) : volume;
     // The path is fixed: a system folder of another name is not found. Intended.
-    if (!program_.platform.files.FileExists(volume + "/windows/system32/chkdsk.exe")) {
+    if (!program_.platform.files.FileExists(drive + "/windows/system32/chkdsk.exe")) {
         tell(program_.LangText(537) + " " + program_.LangText(541), forms::msgbox::Exclamation);
         return;
     }

@@ -1,4 +1,5 @@
 // The user's own lists: the commands that edit them, and the files they live in.
+#include <algorithm>
 #include <string_view>
 
 #include "settings/bans.h"
@@ -77,10 +78,17 @@ void frmOptions::showRowCounts() {
     show(2, 315, lstSearchMasks);
 }
 
+// Whole, and entry by entry as the list will be read again.
+bool frmOptions::isBannedEntry(const std::string& text) {
+    if (isBanned(text)) return true;
+    const ListItems read = parseListItems(text);
+    return std::any_of(read.items.begin(), read.items.end(),
+                       [this](const std::string& item) { return isBanned(item); });
+}
+
 bool frmOptions::isBanned(const std::string& text) {
     const std::string file = program_.inProgramFolder(kBanFile);
-    if (!missingBansTold_ && !program_.platform.files.FileExists(file)) {
-        missingBansTold_ = true;
+    if (!program_.platform.files.FileExists(file) && program_.tellOnce(file)) {
         program_.display.warn(
             "td_ban.dat is missing from the program's folder: only the places that are protected "
             "everywhere are refused.");
@@ -88,9 +96,25 @@ bool frmOptions::isBanned(const std::string& text) {
     return FindInFile(program_, file, text, kBanBlockSize) || isProtectedRegistryEntry(text);
 }
 
-// A comma or a quote makes other entries of a text when the list is read again. Only whoever has seen them adds it.
+bool frmOptions::mayEnter(const std::string& text) {
+    if (isBannedEntry(text)) {
+        tell(kBanMessage, forms::msgbox::Critical);
+        return false;
+    }
+    if (!isStorable(program_, text)) {
+        tell(
+            "This entry has a character that the system's code page lacks. The list's file would keep it as \"?\", "
+            "which stands for any character.",
+            forms::msgbox::Exclamation);
+        return false;
+    }
+    return survivesReading(text);
+}
+
+// A comma, a quote or a line break makes other entries of a text when the list is read again. Only whoever has seen
+// them adds it.
 bool frmOptions::survivesReading(const std::string& text) {
-    if (text.find_first_of(",\"") == std::string::npos) return true;
+    if (text.find_first_of(",\"\r") == std::string::npos) return true;
     const ListItems read = parseListItems(text);
     if (read.items.size() == 1 && read.items.front() == text) return true;
     std::string question = "A comma or a quotation mark takes this entry apart when the list is loaded again:\r\n";
@@ -102,11 +126,7 @@ bool frmOptions::survivesReading(const std::string& text) {
 
 void frmOptions::addChecked(forms::TextBox& entry, forms::ListBox& list) {
     const std::string text = entry.Text();
-    if (isBanned(text)) {
-        tell(kBanMessage, forms::msgbox::Critical);
-        return;
-    }
-    if (!survivesReading(text)) return;
+    if (!mayEnter(text)) return;
     list.AddItem(text);
     entry.setText({});
 }
@@ -147,11 +167,7 @@ void frmOptions::editSelected(forms::ListBox& list, forms::TextBox& entry) {
 }
 
 void frmOptions::drop(const std::string& path, forms::ListBox& list) {
-    if (isBanned(path)) {
-        tell(kBanMessage, forms::msgbox::Critical);
-    } else if (survivesReading(path)) {
-        list.AddItem(path);
-    }
+    if (mayEnter(path)) list.AddItem(path);
 }
 
 void frmOptions::dropOnFolders(const std::vector<std::string>& paths) {
@@ -169,20 +185,20 @@ void frmOptions::dropOnFiles(const std::vector<std::string>& paths) {
 }
 
 void frmOptions::loadLists() {
+    // The window is loaded often, and each time it would say the same.
+    const auto warnOnce = [this](const std::string& warning) {
+        if (program_.tellOnce(warning)) program_.display.warn(warning);
+    };
     for (ListFile& file : lists_) {
         ListItems content;
         const platform::Status status = readListFile(program_, program_.inProgramFolder(file.fileName), content);
         file.keepFile = !platform::ok(status) && status != platform::Status::NotFound;
         file.list->Clear();
         for (const std::string& item : content.items) file.list->AddItem(item);
-        if (file.keepFile) {
-            program_.display.warn(std::string(file.fileName) + " cannot be read. It is kept as it is.");
-        }
+        if (file.keepFile) warnOnce(std::string(file.fileName) + " cannot be read. It is kept as it is.");
         for (const std::string& line : content.splitLines) {
-            program_.display.warn(std::string(file.fileName) +
-                                  ": a comma or a quotation mark makes several entries of "
-                                  "the line " +
-                                  line);
+            warnOnce(std::string(file.fileName) + ": a comma or a quotation mark makes several entries of the line " +
+                     line);
         }
     }
 }

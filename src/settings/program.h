@@ -3,10 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 
 #include "base/code_page.h"
+#include "base/text.h"
 #include "forms/windows.h"
 #include "platform/platform.h"
 #include "settings/lang_text.h"
@@ -34,6 +36,9 @@ public:
     // Files of this run that the recycle bin refused and a second attempt removed for good. The front end warns once.
     std::uint64_t removedForGood = 0;
 
+    // True at the first call with this key: what is told once, however often a window is loaded anew.
+    bool tellOnce(const std::string& key) { return toldOnce_.insert(key).second; }
+
     // The window, loaded if it was not.
     template <class F>
     F& get() {
@@ -49,6 +54,8 @@ public:
 
     // The program's folder on the machine, with its trailing backslash.
     const std::string& programFolder() const { return programFolder_; }
+    // The same folder as texts show it: with a backslash only where it is the root of a drive.
+    std::string programDirectory() const { return base::withoutBackslash(programFolder_); }
     std::string inProgramFolder(std::string_view fileName) const { return programFolder_ + std::string(fileName); }
 
     // Which of the three ways of removing a file the user has chosen: the text of cboKillMethod compared with entries
@@ -62,6 +69,7 @@ private:
     base::CodePage codePage_;
     std::string programFolder_;
     RunReport* report_ = nullptr;
+    std::set<std::string> toldOnce_;
 };
 
 }  // namespace tidvane::settings

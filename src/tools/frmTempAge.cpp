@@ -9,6 +9,7 @@ frmTempAge::frmTempAge(settings::Program& program) : Form(kName), program_(progr
     forms::designedOff(txtAge).keyFilter = forms::numericKey;
     chkActivite.Click.connect([this] { txtAge.Enabled = chkActivite.ticked(); });
     cmdOK.Click.connect([this] {
+        settings::tellOfEmptiedBoxes(program_, *this);
         settings::SaveFormINI(program_, *this);
         program_.windows.unload(*this);
     });

@@ -19,7 +19,7 @@ public:
 
     forms::Frame frmTempInterval{*this, "frmTempInterval", "Alter"};
     forms::CheckBox chkActivite{*this, "chkActivite", "Nur alte Dateien löschen"};  // the filter is on
-    forms::Label lblTemp{*this, "lblTemp", "Dateien löschen, die älter sind als"};
+    forms::Label lblTemp{*this, "lblTemp", "Jüngere Dateien bleiben im Temp-Ordner von Windows."};
     forms::TextBox txtAge{*this, "txtAge", "10"};  // days
     forms::Label lblDays{*this, "lblDays", "Tage"};
     controls::isButton cmdOK{*this, "cmdOK", "OK"};

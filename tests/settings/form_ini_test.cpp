@@ -113,7 +113,7 @@ TEST_F(FormINI, AnEmptiedTextBoxComesBackWithItsOldText) {
     EXPECT_EQ(later.txtName.Text(), "old");
 }
 
-TEST_F(FormINI, ThreeLinesAndALoneLineFeedComeBackAsTheyWere) {
+TEST_F(FormINI, ThreeLinesComeBackAsTheyWere) {
     form.txtName.setText("one\r\ntwo\r\nthree");
     SaveFormINI(program, form);
     EXPECT_EQ(stored("txtName"), "one~|~two~|~three");
@@ -129,6 +129,93 @@ TEST_F(FormINI, OnlyThePairOfSignsIsEncoded) {
     const std::string bytes = machine.files.bytesOf(kIni).value_or("");
     EXPECT_NE(bytes.find("txtName=one\ntwo"), std::string::npos) << bytes;
     EXPECT_EQ(bytes.find("~|~"), std::string::npos);
+}
+
+// A line of the file ends there, however the text went in.
+TEST_F(FormINI, ALoneLineBreakEndsTheTextThatComesBack) {
+    for (const char* text : {"one\ntwo", "one\rtwo", "one\n"}) {
+        form.txtName.setText(text);
+        SaveFormINI(program, form);
+        SampleForm later;
+        ASSERT_TRUE(LoadFormINI(program, later));
+        EXPECT_EQ(later.txtName.Text(), "one") << text;
+        EXPECT_EQ(later.txtLast.Text(), "last");
+    }
+    EXPECT_TRUE(display.warnings.empty());
+}
+
+TEST_F(FormINI, ATextWithLinesOfItsOwnOpensNoSectionAndSetsNoKey) {
+    form.txtName.setText("kept");
+    SaveFormINI(program, form);
+    for (const char* text :
+         {"x\n[frmOther]\nchkStartClean=1", "x\rchkPlain=1", "x\n\n  [frmSample]", "x\r\ny\nchkPlain=1"}) {
+        display.warnings.clear();
+        form.txtName.setText(text);
+        SaveFormINI(program, form);
+        EXPECT_EQ(stored("chkStartClean", "frmOther"), "<none>") << text;
+        EXPECT_EQ(stored("chkPlain"), "0") << text;
+        EXPECT_EQ(stored("txtName"), "kept") << text;
+        EXPECT_EQ(display.warnings.size(), 1u) << text;
+    }
+}
+
+TEST_F(FormINI, ABoxOfNulCharactersHarmsNothing) {
+    form.txtName.setText("C:\\x\\" + settings::ReadINIKey(program, kIni, "Profile0", "Path"));
+    ASSERT_EQ(form.txtName.Text().size(), 5u + 255u);
+    form.txtLast.setText("behind");
+    SaveFormINI(program, form);
+    SampleForm later;
+    ASSERT_TRUE(LoadFormINI(program, later));
+    EXPECT_EQ(later.txtName.Text(), "C:\\x\\");
+    EXPECT_EQ(later.txtLast.Text(), "behind");
+}
+
+// --- a master box behind the boxes it ticks
+
+class MasterLast : public forms::Form {
+public:
+    MasterLast() : Form("frmMasterLast") {
+        chkAll.Click.connect([this] { chkOne.Value = chkTwo.Value = chkAll.Value.get(); });
+    }
+    forms::CheckBox chkOne{*this, "chkOne"};
+    forms::CheckBox chkTwo{*this, "chkTwo"};
+    forms::CheckBox chkAll{*this, "chkAll"};
+};
+
+TEST_F(FormINI, ASecondWalkBringsBackWhatAMasterBoxBehindHasOverrun) {
+    machine.files.putFile(kIni, "[frmMasterLast]\r\nchkOne=0\r\nchkTwo=1\r\nchkAll=1\r\n");
+    MasterLast window;
+    ASSERT_TRUE(LoadFormINI(program, window));
+    EXPECT_EQ(window.chkOne.Value, 1);
+    ASSERT_TRUE(LoadFormINI(program, window));
+    EXPECT_EQ(window.chkOne.Value, 0);
+    EXPECT_EQ(window.chkTwo.Value, 1);
+    EXPECT_EQ(window.chkAll.Value, 1);
+}
+
+// --- emptied boxes
+
+TEST_F(FormINI, EmptiedBoxesAreNamedByTheCaptionInFrontOfThem) {
+    form.txtName.setText("old name");
+    form.txtLast.setText("old last");
+    SaveFormINI(program, form);
+    form.txtName.setText("");
+    form.txtLast.setText("");
+    form.lblName.Caption = "The name:";
+    const auto emptied = settings::emptiedBoxes(program, form);
+    ASSERT_EQ(emptied.size(), 2u);
+    EXPECT_EQ(emptied[0].caption, "The name");
+    EXPECT_EQ(emptied[0].stored, "old name");
+    EXPECT_EQ(emptied[1].caption, "txtLast");  // a list stands in front
+    settings::tellOfEmptiedBoxes(program, form);
+    ASSERT_EQ(display.warnings.size(), 2u);
+    EXPECT_NE(display.warnings[0].find("The name"), std::string::npos);
+    EXPECT_NE(display.warnings[0].find("old name"), std::string::npos);
+}
+
+TEST_F(FormINI, ABoxThatWasNeverStoredIsNoEmptiedOne) {
+    form.txtName.setText("");
+    EXPECT_TRUE(settings::emptiedBoxes(program, form).empty());
 }
 
 TEST_F(FormINI, TheSignOfALineBreakTypedByTheUserBecomesOne) {

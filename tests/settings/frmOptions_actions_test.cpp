@@ -135,6 +135,25 @@ TEST(OptionsTaskPane, OpensTheManagersModallyOverTheWindow) {
                              "frmManualSearch"}));
 }
 
+TEST(OptionsTaskPane, ExtendedSettingsOpenOnTheirFirstPageAndUnderTheirCaption) {
+    OptionsFixture machine;
+    int opened = 0;
+    machine.display.inModal["frmMoreToConfigure"] = [&](forms::Form& form) {
+        ++opened;
+        EXPECT_EQ(static_cast<frmMoreToConfigure&>(form).SSTab1.Tab, 0);
+        EXPECT_EQ(form.Caption, "L389");
+    };
+    const auto leaveElsewhere = [&] {
+        machine.program.get<frmMoreToConfigure>().SSTab1.Tab = 2;
+        machine.program.get<frmMoreToConfigure>().Caption = "another";
+    };
+    leaveElsewhere();
+    machine.options().ExplorerBar2.clickItem(1, 4);
+    leaveElsewhere();
+    machine.options().cmdMoreToConfigure.press();
+    EXPECT_EQ(opened, 2);
+}
+
 TEST(OptionsButtons, OpenTheirWindows) {
     OptionsFixture machine;
     machine.program.windows.offer("frmSearchMasks", [] { return std::make_unique<forms::Form>("frmSearchMasks"); });
@@ -170,6 +189,18 @@ TEST(OptionsVolumeCheck, WarnsWhereItIsMissing) {
     ASSERT_EQ(machine.display.boxes.size(), 1u);
     EXPECT_EQ(machine.display.boxes[0].text, "L537 L541");
     EXPECT_EQ(machine.display.boxes[0].style, forms::msgbox::Exclamation);
+}
+
+TEST(OptionsVolumeCheck, LooksOnTheCurrentDriveWithoutALetter) {
+    OptionsFixture machine;
+    machine.options().txtVolumeCheckHD.setText("");
+    machine.options().cmdVolumeCheck.press();
+    EXPECT_TRUE(machine.machine.processes.started.empty());
+    machine.files().putFile("C:\\Windows\\System32\\chkdsk.exe");
+    machine.options().cmdVolumeCheck.press();
+    ASSERT_EQ(machine.machine.processes.started.size(), 1u);
+    EXPECT_EQ(machine.machine.processes.started[0]->commandLine, "chkdsk.exe  /f");
+    EXPECT_EQ(machine.display.boxes.size(), 1u);
 }
 
 TEST(OptionsMemory, AsksAndStartsTheModule) {

@@ -116,7 +116,40 @@ TEST_F(OwnLists, AddsAnythingWithoutABanFileAndSaysOnceThatItIsGone) {
         options().cmdAddFolderPath.press();
     }
     EXPECT_EQ(options().lstFolders.ListCount(), 2);
+    machine.program.windows.unload(options());
+    window = nullptr;
+    options().txtAddFolderPath.setText("C:\\Y");
+    options().cmdAddFolderPath.press();
     EXPECT_EQ(machine.display.warnings.size(), 1u);
+}
+
+TEST_F(OwnLists, RefuseWhatTheirFileWouldKeepAsAWildcard) {
+    machine.files().putFolder("C:\\Ж");
+    options().txtAddFolderPath.setText("C:\\Ж");
+    options().cmdAddFolderPath.press();
+    EXPECT_EQ(options().txtAddFolderPath.Text(), "C:\\Ж");
+    options().dropOnFolders({"C:\\Ж"});
+    options().txtSearchMask.setText("*.Ж");
+    options().cmdAddSearchMask.press();
+    ASSERT_EQ(machine.display.boxes.size(), 3u);
+    for (const auto& box : machine.display.boxes) EXPECT_EQ(box.style, forms::msgbox::Exclamation);
+    EXPECT_EQ(options().lstFolders.ListCount() + options().lstSearchMasks.ListCount(), 0);
+
+    options().txtAddFolderPath.setText("C:\\Größe €");
+    options().cmdAddFolderPath.press();
+    EXPECT_EQ(rows(options().lstFolders), (Rows{"C:\\Größe €"}));
+}
+
+TEST_F(OwnLists, KeepABannedEntryOutThatReadingWouldBringForth) {
+    machine.display.questionAnswer = forms::msgbox::Yes;
+    for (const char* text : {"C:\\x,C:\\WINDOWS", "\"C:\\Windows\"", "x,HKEY_CURRENT_USER\\Software"}) {
+        machine.display.boxes.clear();
+        options().txtAddFilePath.setText(text);
+        options().cmdAddFilePath.press();
+        EXPECT_EQ(onlyBox().text, kBanMessage) << text;
+        EXPECT_EQ(options().txtAddFilePath.Text(), text);
+    }
+    EXPECT_EQ(options().lstFiles.ListCount(), 0);
 }
 
 TEST_F(OwnLists, AsksBeforeAnEntryThatReadingWouldTakeApart) {

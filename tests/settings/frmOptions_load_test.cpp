@@ -409,6 +409,19 @@ TEST(OptionsLoad, ReadsTheLists) {
     EXPECT_NE(machine.display.warnings[0].find("C:\\Data, old"), std::string::npos);
 }
 
+TEST(OptionsLoad, TellsOnceWhatIsWrongWithAList) {
+    OptionsFixture machine;
+    machine.putBeside("td_folders.dat", "C:\\Data, old\r\n");
+    machine.putBeside("td_fkeys.dat", "C:\\x\r\n");
+    machine.files().refuse(machine.inFolder("td_fkeys.dat"), platform::operation::Read, platform::Status::InUse);
+    for (int i = 0; i < 3; ++i) machine.program.windows.unload(machine.options());
+    EXPECT_EQ(machine.display.warnings.size(), 2u);
+    // Another line is another matter.
+    machine.putBeside("td_ftypes.dat", "*.a,*.b\r\n");
+    (void)machine.options();
+    EXPECT_EQ(machine.display.warnings.size(), 3u);
+}
+
 TEST(OptionsLoad, LeavesListsEmptyWithoutFiles) {
     OptionsFixture machine;
     EXPECT_EQ(machine.options().lstFolders.ListCount(), 0);
@@ -500,9 +513,22 @@ TEST(OptionsStoredValues, AnEmptiedTextComesBack) {
     machine.options().txtAddInRegCleanPath.setText("");
     machine.options().cmdOK.setValue(true);
     ASSERT_EQ(machine.display.warnings.size(), 1u);
-    EXPECT_NE(machine.display.warnings[0].find("C:\\regsweep.exe"), std::string::npos);
+    EXPECT_EQ(machine.display.warnings[0],
+              "\"Pfad des Programms\" was emptied and keeps its last value: C:\\regsweep.exe");
     machine.program.windows.sweep();
     EXPECT_EQ(machine.options().txtAddInRegCleanPath.Text(), "C:\\regsweep.exe");
+}
+
+TEST(OptionsStoredValues, EverySaveTellsOfEmptiedTexts) {
+    OptionsFixture machine;
+    machine.putOptions({{"txtVolumeCheckParameter", "/f /r"}, {"txtAddFolderPath", "C:\\half typed"}});
+    frmOptions& options = machine.options();
+    options.txtVolumeCheckParameter.setText("");
+    // The entry lines are emptied by every entry.
+    options.txtAddFolderPath.setText("");
+    options.cmdRecentServer.press();
+    EXPECT_EQ(machine.display.warnings,
+              (std::vector<std::string>{"\"Parameter\" was emptied and keeps its last value: /f /r"}));
 }
 
 }  // namespace

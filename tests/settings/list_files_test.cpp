@@ -89,5 +89,11 @@ TEST(ListFiles, TellAMissingFileFromOneThatCannotBeRead) {
     EXPECT_TRUE(read.items.empty());
 }
 
+TEST(ListFiles, LeaveOutARowThatTheCodePageCannotHold) {
+    OptionsFixture machine;
+    ASSERT_TRUE(platform::ok(writeListFile(machine.program, "C:\\l.dat", {"C:\\A", "C:\\Ж", "C:\\B"})));
+    EXPECT_EQ(machine.files().bytesOf("C:\\l.dat"), "C:\\A\r\nC:\\B\r\n");
+}
+
 }  // namespace
 }  // namespace tidvane::settings

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/runtime_error.h"
+#include "base/text.h"
 #include "settings/addresses.h"
 #include "settings/frmChromeDir.h"
 #include "settings/frmIEInDepthClean.h"
@@ -172,6 +173,49 @@ TEST_F(SmallWindow, BrowserWindowsHaveTheirCaptions) {
     EXPECT_EQ(mozilla.cmdAbort.Caption, std::string("Cancel"));
     EXPECT_EQ(program.get<settings::frmChromeDir>().lblProfile.Caption, std::string("Chrome profile"));
     EXPECT_EQ(program.get<settings::frmChromeDir>().Caption, std::string("Folders of [Chrome]"));
+
+    program.LangText.set(308, "Opera");
+    program.LangText.set(310, "Safari");
+    const std::vector<std::pair<settings::BrowserDirForm*, std::string>> others = {
+        {&program.get<settings::frmOperaDir>(), "Folders of [Opera]"},
+        {&program.get<settings::frmSafariDir>(), "Folders of [Safari]"}};
+    for (const auto& [form, caption] : others) {
+        EXPECT_EQ(form->Caption, caption);
+        EXPECT_EQ(form->frmFolders.Caption, std::string("Folders of")) << caption;
+        EXPECT_EQ(form->lblProfile.Caption, std::string("Profile")) << caption;
+        EXPECT_EQ(form->lblCache.Caption, std::string("Cache")) << caption;
+        for (const controls::isButton* button :
+             {&form->cmdFileFolderPath, &form->cmdSecondFolderPath, &form->cmdCacheFolderPath}) {
+            EXPECT_EQ(button->Caption, std::string("Browse")) << caption;
+        }
+        EXPECT_EQ(form->usable.Caption, std::string("Use")) << caption;
+        EXPECT_EQ(form->disableAutoDetect.Caption, std::string("By hand")) << caption;
+        EXPECT_EQ(form->cmdAbort.Caption, std::string("Cancel")) << caption;
+    }
+}
+
+TEST_F(SmallWindow, AnEmptiedFolderIsToldBeforeItComesBack) {
+    program.LangText.set(821, "Cache folder:");
+    program.get<settings::frmOperaDir>().txtOperaCacheDir.setText("C:\\c\\");
+    program.get<settings::frmOperaDir>().cmdOK.Click();
+    program.get<settings::frmOperaDir>().txtOperaCacheDir.setText("");
+    program.get<settings::frmOperaDir>().cmdOK.Click();
+    EXPECT_EQ(display.warnings,
+              (std::vector<std::string>{"\"Cache folder\" was emptied and keeps its last value: C:\\c\\"}));
+    EXPECT_EQ(program.get<settings::frmOperaDir>().txtOperaCacheDir.Text(), "C:\\c\\");
+}
+
+TEST_F(SmallWindow, EmptiedAddressesAndApplicationsAreToldToo) {
+    program.get<settings::frmResources>().ImgOK.Click();
+    program.get<settings::frmResources>().txtForum.setText("");
+    program.get<settings::frmResources>().ImgOK.Click();
+    program.get<settings::frmMoreToConfigure>().txtCustomAppPath.setText("C:\\app.exe");
+    program.get<settings::frmMoreToConfigure>().ImgOK.Click();
+    program.get<settings::frmMoreToConfigure>().txtCustomAppPath.setText("");
+    program.get<settings::frmMoreToConfigure>().ImgOK.Click();
+    ASSERT_EQ(display.warnings.size(), 2u);
+    EXPECT_NE(display.warnings[0].find("\"Forum\""), std::string::npos);
+    EXPECT_NE(display.warnings[1].find("C:\\app.exe"), std::string::npos);
 }
 
 TEST_F(SmallWindow, OkOffersTheTasksOfABrowserWhoseFoldersAreKnown) {
@@ -215,6 +259,28 @@ TEST_F(SmallWindow, AChosenFolderGetsTheBackslashThatTheTasksNeed) {
     EXPECT_EQ(chrome.txtChromeFileDir.Text(), "C:\\c\\");
     EXPECT_EQ(display.folderTitles.size(), 7u);
     EXPECT_EQ(display.folderTitles.front(), "Choose");
+}
+
+TEST_F(SmallWindow, EveryBoxThatTasksJoinNamesToEndsInABackslash) {
+    auto& opera = program.get<settings::frmOperaDir>();
+    auto& chrome = program.get<settings::frmChromeDir>();
+    auto& safari = program.get<settings::frmSafariDir>();
+    struct Row {
+        controls::isButton& button;
+        const forms::TextBox& box;
+    };
+    for (const Row& row : {Row{opera.cmdSecondFolderPath, opera.txtOperaFileLocalDir},
+                           Row{chrome.cmdSecondFolderPath, chrome.txtChromeFileDirRoot},
+                           Row{chrome.cmdCacheFolderPath, chrome.txtChromeCacheDir},
+                           Row{safari.cmdFileFolderPath, safari.txtSafariFileDir},
+                           Row{safari.cmdSecondFolderPath, safari.txtSafariFileLocalDir},
+                           Row{safari.cmdCacheFolderPath, safari.txtSafariCacheDir}}) {
+        for (const char* chosen : {"C:\\chosen", "C:\\"}) {
+            display.folders = {chosen};
+            row.button.Click();
+            EXPECT_EQ(row.box.Text(), base::withBackslash(chosen)) << row.box.Name;
+        }
+    }
 }
 
 // --- start page
