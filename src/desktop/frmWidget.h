@@ -25,9 +25,9 @@ public:
     // 255: not transparent.
     forms::Property<int> Opacity{255, &viewChanged};
 
-    forms::CheckBox chkAutostart{*this, "chkAutostart", "Beim Start zeigen"};
-    forms::CheckBox chkForeground{*this, "chkForeground", "Immer im Vordergrund"};
-    forms::CheckBox chkTransparency{*this, "chkTransparency", "Durchsichtig"};
+    forms::CheckBox chkAutostart{*this, "chkAutostart", "Autostart"};
+    forms::CheckBox chkForeground{*this, "chkForeground", "Always on top"};
+    forms::CheckBox chkTransparency{*this, "chkTransparency", "Transparent"};
     controls::isButton cmdClean{*this, "cmdClean", "Reinigen"};
     controls::isButton cmdClose{*this, "cmdClose", "X"};
 

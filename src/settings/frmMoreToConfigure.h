@@ -24,7 +24,7 @@ public:
     // The pointer moves over a control: some show what they hold.
     void Form_MouseMove(forms::Control& over);
 
-    forms::TabStrip SSTab1{*this, "SSTab1", {"Programm", "Aktualisierung", "Information"}};
+    forms::TabStrip SSTab1{*this, "SSTab1", {"Tidvane", "Update", "Information"}};
     forms::Label lblTuneUp{*this, "lblTuneUp", "Erweiterte Einstellungen"};
     controls::isButton cmdMoreToConfigure{*this, "cmdMoreToConfigure", "Erweiterte Einstellungen"};
 
@@ -53,7 +53,7 @@ public:
 
     forms::CheckBox chkInfoServer{*this, "chkInfoServer", "Informationsserver verwenden"};
     forms::TextBox txtInfoServer{*this, "txtInfoServer", address::kNews};
-    forms::Label lblReset3{*this, "lblReset3", "Zurücksetzen"};
+    forms::Label lblReset3{*this, "lblReset3", "Reset"};
     forms::CheckBox chkAutoStartInfoServer{*this, "chkAutoStartInfoServer", "Neuigkeiten bei jedem Start zeigen"};
     forms::Label lblCommunityMenu{*this, "lblCommunityMenu", "Menüeintrag"};
     forms::ComboBox cboCommunityMenu{*this, "cboCommunityMenu"};

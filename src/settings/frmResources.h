@@ -24,7 +24,7 @@ public:
     forms::TextBox txtAddOns{*this, "txtAddOns", address::kAddOns};
     // Stands where the add-ons were, when the tool that manages them lies beside the program.
     forms::Label lblAddOnManager{*this, "lblAddOnManager", "qrmx.exe"};
-    forms::Label lblLang{*this, "lblLang", "Sprachdateien"};
+    forms::Label lblLang{*this, "lblLang", "*.lng"};
     forms::TextBox txtLang{*this, "txtLang", address::kLanguages};
     forms::Label lblOnlineHelp{*this, "lblOnlineHelp", "Hilfe"};
     forms::TextBox txtOnlineHelp{*this, "txtOnlineHelp", address::kOnlineHelp};
@@ -34,7 +34,7 @@ public:
     forms::TextBox txtFacebook{*this, "txtFacebook", address::kFacebook};
     forms::Label lblTwitter{*this, "lblTwitter", "Twitter"};
     forms::TextBox txtTwitter{*this, "txtTwitter", address::kTwitter};
-    forms::Label lblRegister{*this, "lblRegister", "Registrieren"};
+    forms::Label lblRegister{*this, "lblRegister", "Account"};
     forms::TextBox txtRegister{*this, "txtRegister", address::kRegister};
     controls::isButton cmdStandardServer{*this, "cmdStandardServer", "Standard"};
     forms::Image ImgOK{*this, "ImgOK"};

@@ -49,7 +49,7 @@ public:
     forms::Label lblJoinCommunity{*this, "lblJoinCommunity", "Mitmachen"};
     controls::isButton cmdAppsCommunity{*this, "cmdAppsCommunity", "Anwendungen"};
     controls::isButton cmdAddOnsCommunity{*this, "cmdAddOnsCommunity", "Erweiterungen"};
-    controls::isButton cmdLanguageCommunity{*this, "cmdLanguageCommunity", "Sprachdateien"};
+    controls::isButton cmdLanguageCommunity{*this, "cmdLanguageCommunity", "*.lng"};
     controls::isButton cmdCreateAccount{*this, "cmdCreateAccount", "Konto anlegen"};
     forms::Label lblRateTidvane{*this, "lblRateTidvane", "Tidvane bewerten"};
     forms::ComboBox cboRateTidvane{*this, "cboRateTidvane"};
@@ -79,7 +79,7 @@ public:
     forms::TextBox txtResetSettingsPW{*this, "txtResetSettingsPW"};
     forms::Label lblResetSettingsInfo{*this, "lblResetSettingsInfo", "?"};
     controls::isButton cmdResetSettingsOK{*this, "cmdResetSettingsOK", "OK"};
-    controls::isButton cmdResetSettingsCancel{*this, "cmdResetSettingsCancel", "Abbrechen"};
+    controls::isButton cmdResetSettingsCancel{*this, "cmdResetSettingsCancel", "X"};
     forms::Image ImgReseted{*this, "ImgReseted", false};
 
     // --- tips, licence, translator
