@@ -57,6 +57,18 @@ TEST_F(Widget, DocksWithinItsDistanceOfAnEdge) {
     EXPECT_EQ(form.Top, 15000 - form.Height);
 }
 
+TEST_F(Widget, DocksAtTheTop) {
+    auto& form = window();
+    form.Left = 5000;
+    form.Top = 349;
+    form.dock(20000, 15000);
+    EXPECT_EQ(form.Top, 0);
+    EXPECT_EQ(form.Left, 5000);
+    form.Top = -200;
+    form.dock(20000, 15000);
+    EXPECT_EQ(form.Top, 0);
+}
+
 // Stands for the main window: its load is of no matter here.
 class FakeMain : public forms::Form {
 public:

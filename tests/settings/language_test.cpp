@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <map>
 #include <memory>
 #include <string>
@@ -315,6 +316,26 @@ TEST(CaptionTable, HasTheRowsOfEachWindow) {
     EXPECT_EQ(settings::captionRows().size(), 274u);
 }
 
+TEST(CaptionTable, GivesEveryControlTheEntryOfTheReferenceTable) {
+    std::ifstream file(TIDVANE_REFERENCE_DIR "/caption_rows.tsv");
+    ASSERT_TRUE(file.is_open());
+    std::vector<std::string> expected;
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("#")) continue;
+        // A list has no caption to show: its entry is its tool tip.
+        if (line == "frmMain\tlstTasks\tcaption\t488") line = "frmMain\tlstTasks\ttip\t488";
+        expected.push_back(line);
+    }
+    std::vector<std::string> rows;
+    for (const settings::CaptionRow& row : settings::captionRows()) {
+        std::string slot = "caption";
+        if (row.slot == settings::CaptionSlot::Tip) slot = "tip";
+        if (row.slot == settings::CaptionSlot::Tab) slot = "tab " + std::to_string(row.tab);
+        rows.push_back(std::string(row.window) + "\t" + row.control + "\t" + slot + "\t" + std::to_string(row.text));
+    }
+    EXPECT_EQ(rows, expected);
+}
+
 TEST(CaptionTable, NamesControlsThatTheWindowsHave) {
     ProgramFixture fixture;
     // Made, not loaded: what the windows do at their load is of no matter here.
@@ -335,6 +356,57 @@ TEST(CaptionTable, NamesControlsThatTheWindowsHave) {
             EXPECT_LT(row.tab, static_cast<const forms::TabStrip*>(control)->Tabs()) << row.control;
         }
     }
+}
+
+// --- the options window itself
+
+class OptionsCaptions : public ::testing::Test, protected ProgramFixture {
+protected:
+    settings::frmOptions& options() { return program.get<settings::frmOptions>(); }
+};
+
+TEST_F(OptionsCaptions, AtTheVeryFirstStartTheMemoryButtonHasItsPlainEntry) {
+    putBeside("English.lng", "313 Folders\r\n375 Free memory\r\n496 no module\r\n");
+    (void)program.get<app::frmMain>();
+    // The pass that loads the window goes on behind its load handler.
+    EXPECT_EQ(options().cmdCleanRAM.Caption, std::string("Free memory"));
+    EXPECT_FALSE(options().cmdCleanRAM.Enabled);
+    program.windows.unload(options());
+    EXPECT_EQ(options().cmdCleanRAM.Caption, std::string("no module"));
+}
+
+TEST_F(OptionsCaptions, AReloadOfTheTextsTakesTheCountsFromTheTabs) {
+    putBeside("English.lng", "313 Folders\r\n314 Files\r\n315 Masks\r\n");
+    (void)program.get<app::frmMain>();
+    options().lstFiles.AddItem("C:\\x");
+    options().tmrCustom.fire();
+    EXPECT_EQ(options().SSTab3.TabCaption(1), "Files (1)");
+    settings::LoadAllLanguageFiles(program);
+    EXPECT_EQ(options().SSTab3.TabCaption(0), "Folders");
+    EXPECT_EQ(options().SSTab3.TabCaption(1), "Files");
+    EXPECT_EQ(options().SSTab3.TabCaption(2), "Masks");
+}
+
+TEST_F(OptionsCaptions, AFileThatWasAddedMeanwhileCountsWithoutARestart) {
+    putBeside("English.lng", "299 Options\r\n200 Recent documents\r\n732 Delete\r\n");
+    auto& main = program.get<app::frmMain>();
+    EXPECT_EQ(options().chkRecentDocuments.Caption, std::string("Recent documents"));
+    program.windows.unload(options());
+    putBeside("Spanish.lng", "200 Documentos recientes\r\n114 Archivo\r\n");
+    EXPECT_EQ(options().chkRecentDocuments.Caption, std::string("Documentos recientes"));
+    EXPECT_EQ(options().cboKillMethod.Text(), "Delete");
+    EXPECT_EQ(main.control("mnFile")->Caption, std::string("Archivo"));
+    EXPECT_EQ(&program.get<app::frmMain>(), &main);
+}
+
+TEST_F(OptionsCaptions, AreSetWithoutAMainWindow) {
+    putBeside("English.lng", "321 General\r\n");
+    (void)program.get<app::frmMain>();
+    program.UnloadAllForms();
+    ASSERT_EQ(program.windows.get("frmMain"), nullptr);
+    program.LangText.set(321, "");
+    EXPECT_EQ(options().SSTab4.TabCaption(0), "General");
+    EXPECT_EQ(program.windows.ifLoaded("frmMain"), nullptr);
 }
 
 TEST(FileList, LeavesOutFoldersHiddenAndSystemFiles) {

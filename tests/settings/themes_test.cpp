@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "forms/form.h"
 
 namespace tidvane::tests {
@@ -40,9 +43,48 @@ TEST_F(Theme, LightDarkAndDesktopSetTwoFourAndFiveProperties) {
 
 TEST_F(Theme, BlueSetsItsColours) {
     applyTheme(pane, "Blue", false, 0, 0, 0);
-    EXPECT_EQ(pane.colour("BackColor"), 0xE6AA8Cu);
-    EXPECT_EQ(pane.colour("BorderColor"), 0x80000008u);
-    EXPECT_EQ(pane.colour("SpecialItemHoverColor"), 0xFF8E42u);
+    // clang-format off
+    const std::vector<std::pair<const char*, unsigned>> expected = {
+        {"BackColor", 0xE6AA8Cu},
+        {"BorderColor", 0x80000008u},
+        {"DetailsForeColor", 0xC65D21u},
+        {"GradientBackColor", 0xCC6633u},
+        {"GradientNormalHeaderBackColor", 0xF0D2C5u},
+        {"GradientNormalItemBackColor", 0xF7DFD6u},
+        {"GradientSpecialHeaderBackColor", 0xB24801u},
+        {"GradientSpecialItemBackColor", 0xF7DFD6u},
+        {"NormalArrowDownColor", 0xC65D21u},
+        {"NormalArrowHoverColor", 0xC65D21u},
+        {"NormalArrowUpColor", 0xFF8E42u},
+        {"NormalButtonBackColor", 0xFFFFFFu},
+        {"NormalButtonDownColor", 0xF0CDC0u},
+        {"NormalButtonHoverColor", 0xF09D90u},
+        {"NormalButtonUpColor", 0xF0CDC0u},
+        {"NormalHeaderBackColor", 0xFFFFFFu},
+        {"NormalHeaderForeColor", 0xC65D21u},
+        {"NormalHeaderHoverColor", 0xFF8E42u},
+        {"NormalItemBackColor", 0xF7DFD6u},
+        {"NormalItemBorderColor", 0xFFFFFFu},
+        {"NormalItemForeColor", 0xC65D21u},
+        {"NormalItemHoverColor", 0xFF8E42u},
+        {"SpecialArrowDownColor", 0xFF8E42u},
+        {"SpecialArrowHoverColor", 0xFFFFFFu},
+        {"SpecialArrowUpColor", 0xFFFFFFu},
+        {"SpecialButtonBackColor", 0xBC5215u},
+        {"SpecialButtonDownColor", 0xB24801u},
+        {"SpecialButtonHoverColor", 0xC6AD71u},
+        {"SpecialButtonUpColor", 0xC67D41u},
+        {"SpecialHeaderBackColor", 0xBC5215u},
+        {"SpecialHeaderForeColor", 0xFFFFFFu},
+        {"SpecialHeaderHoverColor", 0xFF8E42u},
+        {"SpecialItemBackColor", 0xF7DFD6u},
+        {"SpecialItemBorderColor", 0xFFFFFFu},
+        {"SpecialItemForeColor", 0xC65D21u},
+        {"SpecialItemHoverColor", 0xFF8E42u},
+    };
+    // clang-format on
+    ASSERT_EQ(expected.size(), 36u);
+    for (const auto& [property, colour] : expected) EXPECT_EQ(pane.colour(property), colour) << property;
 }
 
 TEST_F(Theme, WindowsTakesTheVisualStyle) {
