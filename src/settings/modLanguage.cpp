@@ -100,6 +100,8 @@ int LoadLanguageFile(Program& program, const std::string& path) {
     std::string bytes;
     // Ignored on purpose: a file that cannot be read counts as one without entries.
     (void)program.platform.files.ReadFileBytes(path, bytes, kReadLimit);
+    // The limit may cut a line in two: half a text is none.
+    if (bytes.size() >= kReadLimit) bytes.erase(std::min(bytes.size(), bytes.rfind('\r')));
     readFile(program, bytes);
     try {
         ApplyLanguage(program);
