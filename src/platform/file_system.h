@@ -72,6 +72,14 @@ public:
     [[nodiscard]] virtual std::uint64_t length() const = 0;
     // Writes at the current position and moves it. Denied, InUse, DiskFull, Failed.
     virtual Status write(std::string_view bytes) = 0;
+    // The same block `times` times over; stops at the first failure and tells how many went out. Memory holds the one
+    // block.
+    virtual Status writeRepeated(std::string_view block, std::uint64_t times, std::uint64_t& written) {
+        for (written = 0; written < times; ++written) {
+            if (const Status status = write(block); !ok(status)) return status;
+        }
+        return Status::Ok;
+    }
 };
 
 class FileSystem {

@@ -35,11 +35,13 @@ void overwriteContent(platform::FileSystem& files, const std::string& path) {
     if (!ok(files.OpenForOverwrite(path, handle)) || handle == nullptr) return;
     const std::string blanks(kBlockSize, kBlank);
     const std::uint64_t length = handle->length();
-    for (std::uint64_t position = 0; position < length; position += kBlockSize) {
-        const std::uint64_t part = std::min(kBlockSize, length - position);
-        // Ignored on purpose: the next block is tried, and the delete follows in any case.
-        (void)handle->write(std::string_view(blanks).substr(0, part));
+    // Ignored on purpose: a block that fails is not the end, and the delete follows in any case.
+    for (std::uint64_t left = length / kBlockSize; left > 0;) {
+        std::uint64_t written = 0;
+        if (ok(handle->writeRepeated(blanks, left, written))) break;
+        left -= written + 1;  // the one that failed is not tried twice
     }
+    if (length % kBlockSize > 0) (void)handle->write(std::string_view(blanks).substr(0, length % kBlockSize));
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <deque>
 
@@ -20,11 +23,34 @@ public:
     OpenFile(Handle file, std::uint64_t length) : file_(std::move(file)), length_(length) {}
     [[nodiscard]] std::uint64_t length() const override { return length_; }
     Status write(std::string_view bytes) override { return statusOf(writeAll(file_.get(), bytes), Status::Failed); }
+    Status writeRepeated(std::string_view block, std::uint64_t times, std::uint64_t& written) override;
 
 private:
     Handle file_;
     std::uint64_t length_;
 };
+
+// One call for many blocks, all of them the same memory.
+Status OpenFile::writeRepeated(std::string_view block, std::uint64_t times, std::uint64_t& written) {
+    constexpr std::size_t kAtOnce = 256;
+    std::array<iovec, kAtOnce> blocks;
+    blocks.fill({const_cast<char*>(block.data()), block.size()});
+    for (written = 0; written < times;) {
+        const std::size_t count = std::min<std::uint64_t>(times - written, kAtOnce);
+        const ssize_t bytes = ::writev(file_.get(), blocks.data(), static_cast<int>(count));
+        if (bytes < 0 && errno == EINTR) continue;
+        if (bytes <= 0) return bytes < 0 ? statusOf(errno, Status::Failed) : Status::Failed;
+        written += static_cast<std::size_t>(bytes) / block.size();
+        // A block that went out in part is brought to its end, so that the next one starts at its place.
+        if (const std::size_t part = static_cast<std::size_t>(bytes) % block.size(); part != 0) {
+            if (const int error = writeAll(file_.get(), block.substr(part)); error != 0) {
+                return statusOf(error, Status::Failed);
+            }
+            ++written;
+        }
+    }
+    return Status::Ok;
+}
 
 }  // namespace
 
