@@ -9,16 +9,17 @@ namespace {
 std::size_t allocatedBytes = 0;
 }
 
-// Replaced for this test program: counts, and does nothing else.
-void* operator new(std::size_t size) {
+// Replaced for this test program: counts, and does nothing else. Never inlined: the compiler would see one of the pair
+// and take it for a mismatch.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     allocatedBytes += size;
     if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
     throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
-void operator delete(void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
