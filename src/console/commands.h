@@ -22,6 +22,10 @@ struct Session {
     std::function<void(const std::string&)> warn;
 };
 
+// The services with others in the place of these two.
+platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
+                           platform::EventPump& events);
+
 // The start, the settings of the options, the clean button, the end.
 int runCommand(Session& session, const Options& options);
 // One line a step: number, group, gate, tick, row, name. Nothing is started and nothing cleaned.

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "console/commands.h"
+#include "console/last_catch.h"
 #include "console/machine_commands.h"
 #include "console/options.h"
 #include "console/places.h"
@@ -57,10 +58,11 @@ int dispatch(const Options& options, machine::MachinePlatform& platform, std::os
         // The registry's loss is what the command itself ends with.
         if (warning.kind != platform::WarningKind::RegistryLost && session.warn) session.warn(warning.text);
     });
-    int status = exit_status::Done;
-    if (options.command == Command::Run) status = runCommand(session, options);
-    if (options.command == Command::Tasks) status = tasksCommand(session, options);
-    if (options.command == Command::Settings) status = settingsCommand(session, options);
+    const int status = withLastCatch(session, [&] {
+        if (options.command == Command::Tasks) return tasksCommand(session, options);
+        if (options.command == Command::Settings) return settingsCommand(session, options);
+        return runCommand(session, options);
+    });
     platform.setWarningSink({});
     return status;
 }

@@ -31,14 +31,6 @@ bool rehearse(const platform::Platform& platform, const Options& options, std::s
     return applySettings(program, options, changed, error);
 }
 
-platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
-                           platform::EventPump& events) {
-    return {platform.files,     profiles,         platform.registry,      platform.shell,
-            platform.processes, platform.session, platform.environment,   platform.browserCache,
-            platform.system,    platform.network, platform.restorePoints, platform.scriptHost,
-            platform.clock,     events,           platform.removed};
-}
-
 class Run {
 public:
     Run(Session& session, const Options& options)
@@ -166,6 +158,14 @@ int Run::run() {
 }
 
 }  // namespace
+
+platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
+                           platform::EventPump& events) {
+    return {platform.files,     profiles,         platform.registry,      platform.shell,
+            platform.processes, platform.session, platform.environment,   platform.browserCache,
+            platform.system,    platform.network, platform.restorePoints, platform.scriptHost,
+            platform.clock,     events,           platform.removed};
+}
 
 int runCommand(Session& session, const Options& options) {
     return Run(session, options).run();

@@ -261,8 +261,21 @@ TEST_F(Interruption, AConfigurationThatCannotBeWrittenStaysTheOldOne) {
     const ProcessResult result =
         run_.console({"run", "--tick", "chkTempFolder", "--set", "txtPurgeSpeed=0", "--quiet", "--save"}, options);
     EXPECT_EQ(misbehaviour(result), "");
+    EXPECT_EQ(result.status, console_status::Done);
+    EXPECT_NE(result.err.find("Warning: The settings could not be stored"), std::string::npos) << result.err;
     EXPECT_EQ(run_.programFile("td_config.ini"), configurationBefore_);
     EXPECT_EQ(names(), namesBefore);
+}
+
+TEST_F(Interruption, SettingsThatCannotBeStoredAreNoSuccess) {
+    const std::string place = run_.program() + "/td_config.ini";
+    fs::remove(place);
+    putFile(place + "/inside", "kept");
+    const ProcessResult result = run_.console({"settings", "--set", "txtPurgeSpeed=7", "--save"});
+    EXPECT_EQ(misbehaviour(result), "");
+    EXPECT_EQ(result.status, console_status::MachineUnusable);
+    EXPECT_NE(result.err.find("could not be stored"), std::string::npos) << result.err;
+    EXPECT_EQ(contentOfFile(place + "/inside"), "kept");
 }
 
 TEST_F(Interruption, ALastRunThatCannotBeWrittenStaysTheOldOne) {

@@ -57,7 +57,7 @@ const std::vector<std::string> kMethods{"plain", "overwrite", "recycle"};
 void makeDeepPath(const std::string& top) {
     const std::string name(200, 'd');
     int folder = ::open(top.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    for (std::size_t length = 0; length < 2 * PATH_MAX; length += name.size() + 1) {
+    for (std::size_t length = 0; length < std::size_t{2} * PATH_MAX; length += name.size() + 1) {
         ASSERT_EQ(::mkdirat(folder, name.c_str(), 0755), 0);
         const int next = ::openat(folder, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         ASSERT_GE(next, 0);

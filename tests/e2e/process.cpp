@@ -22,6 +22,7 @@ constexpr int kNotStarted = 127;
 
 std::vector<char*> pointers(std::vector<std::string>& texts) {
     std::vector<char*> result;
+    result.reserve(texts.size() + 1);
     for (std::string& text : texts) result.push_back(text.data());
     result.push_back(nullptr);
     return result;
@@ -43,7 +44,7 @@ std::string programPath(const std::string& name) {
     std::string rest = search != nullptr ? search : "/usr/bin:/bin";
     while (!rest.empty()) {
         const std::size_t colon = rest.find(':');
-        const std::string candidate = rest.substr(0, colon) + "/" + name;
+        std::string candidate = rest.substr(0, colon) + "/" + name;
         if (::access(candidate.c_str(), X_OK) == 0) return candidate;
         rest = colon == std::string::npos ? std::string() : rest.substr(colon + 1);
     }

@@ -40,7 +40,7 @@ std::string changesBetween(const TreeState& before, const TreeState& after) {
         if (now == after.end()) {
             changes += path + " went\n";
         } else if (now->second != state) {
-            changes += path + " changed from " + state + " to " + now->second + "\n";
+            changes.append(path).append(" changed from ").append(state).append(" to ").append(now->second) += "\n";
         }
     }
     for (const auto& [path, state] : after) {

@@ -57,7 +57,7 @@ std::string versionName() {
 
 // Made by one test program at a time; the others wait for it.
 std::string madePrefix() {
-    const std::string place = (buildDirectory() / ("prefix-" + versionName())).string();
+    std::string place = (buildDirectory() / ("prefix-" + versionName())).string();
     const int lock = ::open((place + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
     if (lock < 0 || ::flock(lock, LOCK_EX) != 0) throw std::runtime_error(place + ".lock cannot be locked");
     if (!fs::exists(place)) {

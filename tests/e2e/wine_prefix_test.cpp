@@ -253,6 +253,7 @@ TEST_F(WinePrefixTest, LosesWhatIsTickedAndNothingElse) {
                               "HKLM\\System\\CurrentControlSet\\Control\\Nls", "HKCU\\Control Panel",
                               "HKCU\\Software\\Elsewhere"};
     std::vector<std::string> branchesBefore;
+    branchesBefore.reserve(branches.size());
     for (const char* branch : branches) branchesBefore.push_back(exported(branch));
     const std::string saidBefore = prefix_->wine({"cmd", "/c", "ver"}).err;
     prefix_->stop();
@@ -279,7 +280,9 @@ TEST_F(WinePrefixTest, LosesWhatIsTickedAndNothingElse) {
                         std::inserter(went, went.end()));
     EXPECT_EQ(went, fileTraces());
     const TreeState stateAfter = treeState(prefix_->drive());
-    for (const auto& [path, state] : stateAfter) {
+    for (const auto& entry : stateAfter) {
+        const std::string& path = entry.first;
+        const std::string& state = entry.second;
         const auto old = stateBefore.find(path);
         const bool isAbove = std::any_of(went.begin(), went.end(), [&](const std::string& gone) {
             return fs::path(gone).parent_path().string() == path;
