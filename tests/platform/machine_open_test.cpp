@@ -117,6 +117,54 @@ TEST_F(MachineTest, DrivesThatPointOutsideAreNoDrives) {
     EXPECT_EQ(machine->drives()[1].letter, 'D');
 }
 
+TEST_F(MachineTest, ASecondLetterForAFolderOfADriveIsNoDrive) {
+    makeMachine();
+    host.folder("m/drive_c/users/anna");
+    host.folder("m/disks/one/inner");
+    host.link("../drive_c", "m/dosdevices/b:");
+    host.link("../drive_c/users", "m/dosdevices/d:");
+    host.link("../drive_c/windows", "m/dosdevices/e:");
+    host.link("../disks/one", "m/dosdevices/f:");
+    host.link("../disks", "m/dosdevices/g:");
+    host.link("../disks/one/inner", "m/dosdevices/h:");
+    auto machine = opened();
+    ASSERT_NE(machine, nullptr) << error;
+    std::string letters;
+    for (const MachineDrive& drive : machine->drives()) letters += drive.letter;
+    EXPECT_EQ(letters, "CF");
+
+    host.folder("program");
+    MachineOptions options;
+    options.programFolder = host / "program";
+    const auto platform = MachinePlatform::make(std::move(machine), options, error);
+    ASSERT_NE(platform, nullptr) << error;
+    FileSystem& files = platform->platform().files;
+    EXPECT_TRUE(files.FolderExists("C:\\users\\anna"));
+    for (const char* path : {"D:\\anna", "E:\\System32", "B:\\users\\anna"}) {
+        EXPECT_FALSE(files.FolderExists(path)) << path;
+        EXPECT_NE(files.DeleteFolder(path, true), Status::Ok) << path;
+    }
+    EXPECT_TRUE(host.has("m/drive_c/users/anna"));
+}
+
+TEST_F(MachineTest, ADriveWhoseFolderWasReplacedIsNotOpened) {
+    makeMachine();
+    host.folder("m/second/real");
+    host.folder("outside");
+    host.link("../second/real", "m/dosdevices/d:");
+    const auto machine = opened();
+    ASSERT_NE(machine, nullptr) << error;
+    ASSERT_EQ(machine->drives().size(), 2u);
+    EXPECT_TRUE(machine->openDrive(machine->drives()[1]));
+    ::rename((host / "m/second").c_str(), (host / "m/former").c_str());
+    host.link("former", "m/second");  // the very same folder, by way of a link
+    EXPECT_FALSE(machine->openDrive(machine->drives()[1]));
+    ::unlink((host / "m/second").c_str());
+    host.folder("m/second/real");
+    EXPECT_FALSE(machine->openDrive(machine->drives()[1]));
+    EXPECT_TRUE(machine->openDrive(machine->drives()[0]));
+}
+
 TEST_F(MachineTest, ADriveCOutsideIsRefused) {
     makeMachine();
     host.folder("outside");
@@ -366,6 +414,21 @@ TEST_F(MachineTest, ThePlatformTellsThatTheRegistryWasLost) {
     EXPECT_EQ(platform->commit(error), Status::InUse);
     ASSERT_EQ(warnings.size(), 1u);
     EXPECT_EQ(warnings[0].kind, WarningKind::RegistryLost);
+}
+
+TEST_F(MachineTest, AProgramFolderThatHoldsTheMachineIsRefused) {
+    makeMachine();
+    host.link(host / "m", "way");
+    for (const char* folder : {"m", "m/drive_c", ".", "way", "way/drive_c"}) {
+        MachineOptions options;
+        options.programFolder = host / folder;
+        EXPECT_EQ(MachinePlatform::make(opened(), options, error), nullptr) << folder;
+        EXPECT_NE(error.find("holds the machine"), std::string::npos) << error;
+    }
+    host.folder("m2");  // only the beginning of the name is the same
+    MachineOptions options;
+    options.programFolder = host / "m2";
+    EXPECT_NE(MachinePlatform::make(opened(), options, error), nullptr) << error;
 }
 
 TEST_F(MachineTest, AMissingProgramFolderIsTold) {

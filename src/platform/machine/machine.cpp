@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -33,6 +34,11 @@ bool hasShape(int directory) {
 
 Handle openDirectory(const std::string& directory) {
     return Handle(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+bool isOrLiesIn(const std::string& place, const std::string& folder) {
+    return place.compare(0, folder.size(), folder) == 0 &&
+           (place.size() == folder.size() || place[folder.size()] == '/' || folder == "/");
 }
 
 // The real place of a directory on the host; empty if there is none.
@@ -67,7 +73,7 @@ std::unique_ptr<Machine> Machine::open(const std::string& directory, Access acce
     std::unique_ptr<Machine> machine(new Machine);
     machine->access_ = access;
     machine->directory_ = realPlace(directory);
-    machine->handle_ = openDirectory(directory);
+    machine->handle_ = openDirectory(machine->directory_.empty() ? directory : machine->directory_);
     if (!machine->handle_) {
         const bool denied = errno == EACCES;
         error =
@@ -120,26 +126,57 @@ DriveType Machine::driveType(char letter) const {
     return DriveType::Fixed;
 }
 
+// A real place below the machine's directory, opened name by name: a link that somebody puts there meanwhile ends it.
+Handle Machine::openBelow(const std::string& place, bool& listable) const {
+    Handle folder;
+    for (std::size_t at = directory_.size() + 1; at < place.size();) {
+        const std::size_t end = std::min(place.find('/', at), place.size());
+        folder = openFolder(folder ? folder.get() : handle_.get(), place.substr(at, end - at).c_str(), listable);
+        if (!folder) return {};
+        at = end + 1;
+    }
+    return folder;
+}
+
+Handle Machine::openDrive(const MachineDrive& drive) const {
+    bool listable = true;
+    Handle folder = openBelow(drive.hostFolder, listable);
+    FolderIdentity now;
+    if (folder && (!listable || !identify(folder.get(), now) || !now.sameFolder(drive.identity))) folder.reset();
+    return folder;
+}
+
 // A drive counts if it is a directory below the machine's own. One that points elsewhere (a prefix mostly has "z:" for
 // the whole host) is no part of the machine, and neither is the machine's directory itself, which holds the registry.
-bool Machine::findDrives(std::string& error) {
+// Nor does a second letter for a folder of another drive, or for one above it, make a drive: what is protected on the
+// one would lie open under the other.
+void Machine::findDrive(char letter) {
     const std::string devices = directory_ + "/dosdevices";
+    const std::string place = realPlace(devices + "/" + letter + ":");
+    if (!isOrLiesIn(place, directory_) || place == directory_ || isOrLiesIn(place, devices)) return;
+    MachineDrive drive{static_cast<char>(letter & ~0x20), DriveType::Fixed, place, {}};
+    bool listable = true;
+    if (const Handle folder = openBelow(place, listable); !folder || !identify(folder.get(), drive.identity)) return;
+    for (const MachineDrive& other : drives_) {
+        if (isOrLiesIn(place, other.hostFolder) || isOrLiesIn(other.hostFolder, place)) return;
+        if (drive.identity.sameFolder(other.identity)) return;  // the same folder, mounted at two places
+    }
+    drive.type = driveType(drive.letter);
+    drives_.push_back(std::move(drive));
+}
+
+bool Machine::findDrives(std::string& error) {
+    findDrive('c');  // before all others: it is never the second letter
+    if (drives_.empty()) {
+        error = "its drive C: is missing or lies outside of it; name another one, or mend dosdevices/c:.";
+        return false;
+    }
     for (char letter = 'a'; letter <= 'z'; ++letter) {
-        const std::string place = realPlace(devices + "/" + letter + ":");
-        struct stat info {};
-        if (place.empty() || ::stat(place.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) continue;
-        const bool inside = place.size() > directory_.size() + 1 &&
-                            place.compare(0, directory_.size(), directory_) == 0 && place[directory_.size()] == '/';
-        const bool isDevices = place == devices || place.compare(0, devices.size() + 1, devices + "/") == 0;
-        if (!inside || isDevices) continue;
-        const char upper = static_cast<char>(letter & ~0x20);
-        drives_.push_back({upper, driveType(upper), place});
+        if (letter != 'c') findDrive(letter);
     }
-    for (const MachineDrive& drive : drives_) {
-        if (drive.letter == 'C') return true;
-    }
-    error = "its drive C: is missing or lies outside of it; name another one, or mend dosdevices/c:.";
-    return false;
+    std::sort(drives_.begin(), drives_.end(),
+              [](const MachineDrive& a, const MachineDrive& b) { return a.letter < b.letter; });
+    return true;
 }
 
 Status Machine::commit(std::string& error) {

@@ -14,6 +14,7 @@ struct MachineDrive {
     char letter;  // upper case
     DriveType type;
     std::string hostFolder;
+    FolderIdentity identity;  // of the folder when the machine was opened
 };
 
 // What a new machine is told about itself.
@@ -43,6 +44,10 @@ public:
     [[nodiscard]] const std::vector<MachineDrive>& drives() const { return drives_; }
     MachineRegistry& registry() { return registry_; }
 
+    // The open folder that is the drive's root, reached from the machine's open directory without following links.
+    // Empty: it cannot be opened, or another folder stands in its place by now.
+    [[nodiscard]] Handle openDrive(const MachineDrive& drive) const;
+
     // Writes the changed registry files back, each atomically. InUse, and nothing is written: another program changed
     // one of them, or has the registry open by now. Denied: opened for reading.
     Status commit(std::string& error);
@@ -50,6 +55,8 @@ public:
 private:
     Machine() = default;
     bool findDrives(std::string& error);
+    void findDrive(char letter);
+    [[nodiscard]] Handle openBelow(const std::string& place, bool& listable) const;
     DriveType driveType(char letter) const;
 
     std::string directory_;

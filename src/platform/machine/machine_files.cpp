@@ -55,7 +55,11 @@ constexpr std::size_t kWorthSorting = 10'000;
 }  // namespace
 
 bool MachineFiles::addDrive(char letter, DriveType type, const std::string& hostFolder) {
-    Handle root(::open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
+    return addDrive(letter, type,
+                    Handle(::open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK)));
+}
+
+bool MachineFiles::addDrive(char letter, DriveType type, Handle root) {
     if (!root || !resolver_.addDrive(letter, std::move(root))) return false;
     drives_.push_back({letter, type});
     std::sort(drives_.begin(), drives_.end(), [](const Drive& a, const Drive& b) { return a.letter < b.letter; });

@@ -23,6 +23,8 @@ public:
 
     // `hostFolder` becomes the root of the drive. False: it cannot be opened.
     bool addDrive(char letter, DriveType type, const std::string& hostFolder);
+    // The same with the folder open already.
+    bool addDrive(char letter, DriveType type, Handle root);
     // `hostFolder` becomes the program's folder, `place` on the machine ("C:\Program Files\Tidvane").
     bool mountProgram(const std::string& place, const std::string& hostFolder);
 

@@ -1,5 +1,9 @@
 #include "platform/machine/machine_platform.h"
 
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
 #include "platform/machine/machine_environment.h"
 
 namespace tidvane::platform::machine {
@@ -8,6 +12,21 @@ namespace {
 
 std::string programPlace() {
     return std::string("C:\\") + kProgramPlace;
+}
+
+// Whether a folder of the host is the machine's directory or a drive's, or lies above one. As the program's folder it
+// would be open to the program past every guard, and closed to every look-up on the machine.
+bool holdsMachine(const std::string& folder, const Machine& machine) {
+    std::error_code problem;
+    const std::filesystem::path place = std::filesystem::canonical(folder, problem);
+    if (problem) return false;  // mounting it tells
+    const auto holds = [&place](const std::string& other) {
+        const std::filesystem::path inner(other);
+        return std::mismatch(place.begin(), place.end(), inner.begin(), inner.end()).first == place.end();
+    };
+    return holds(machine.directory()) ||
+           std::any_of(machine.drives().begin(), machine.drives().end(),
+                       [&holds](const MachineDrive& drive) { return holds(drive.hostFolder); });
 }
 
 // The environment has to be complete before the services that read it are made.
@@ -40,11 +59,16 @@ std::unique_ptr<MachinePlatform> MachinePlatform::make(std::unique_ptr<Machine> 
                                                        std::string& error) {
     std::unique_ptr<MachinePlatform> made(new MachinePlatform(std::move(machine), options));
     for (const MachineDrive& drive : made->machine_->drives()) {
-        if (!made->files_.addDrive(drive.letter, drive.type, drive.hostFolder)) {
+        if (!made->files_.addDrive(drive.letter, drive.type, made->machine_->openDrive(drive))) {
             error = "Drive " + std::string{drive.letter, ':'} +
                     " of the machine cannot be opened; check the rights of \"" + drive.hostFolder + "\".";
             return nullptr;
         }
+    }
+    if (holdsMachine(options.programFolder, *made->machine_)) {
+        error = "The program's folder \"" + options.programFolder +
+                "\" holds the machine or one of its drives; name a folder of its own for the program.";
+        return nullptr;
     }
     if (!made->files_.mountProgram(programPlace(), options.programFolder)) {
         error =
