@@ -63,6 +63,17 @@ std::vector<std::string> protectedSpellings(platform::Platform& services) {
     };
 }
 
+TEST_P(GuardContract, ProtectedPlacesKeepTheirNames) {
+    const std::string profile = services.shell.SpecialFolder(platform::csidl::Profile);
+    for (const std::string& place :
+         {services.system.WindowsFolder(), profile, profile.substr(0, profile.rfind('\\'))}) {
+        ASSERT_TRUE(files.FolderExists(place)) << place;
+        EXPECT_EQ(files.RenameEntry(place, "C:\\Scratch\\renamed"), Status::Denied) << place;
+        EXPECT_TRUE(files.FolderExists(place)) << place;
+    }
+    EXPECT_TRUE(warnedOf(WarningKind::ProtectedPlace));
+}
+
 TEST_P(GuardContract, ProtectedPlacesAreNotListedForEmptying) {
     for (const std::string& place : protectedSpellings(services)) {
         std::vector<FolderEntry> entries{{"left over", platform::EntryKind::File}};

@@ -41,7 +41,8 @@ Status GuardedFileSystem::OpenForOverwrite(const std::string& file, std::unique_
 }
 
 Status GuardedFileSystem::RenameEntry(const std::string& from, const std::string& to) {
-    Status allowed = guard_.checkSingle(from);
+    // Under another name a protected place would be one no longer.
+    Status allowed = guard_.checkTree(from, false);
     if (ok(allowed)) allowed = guard_.checkSingle(to);
     return ok(allowed) ? files_.RenameEntry(from, to) : allowed;
 }
