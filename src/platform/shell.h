@@ -37,6 +37,10 @@ inline constexpr unsigned kFofNoConfirmation = 0x10;
 inline constexpr unsigned kFofSilent = 0x4;
 inline constexpr unsigned kFofNoErrorUi = 0x400;
 
+// Flags of SHEmptyRecycleBinA (SHERB_...) and what it answers when the question was not agreed to.
+inline constexpr unsigned kSherbNoConfirmation = 0x1;
+inline constexpr long kErrorCancelled = 1223;
+
 // The record of SHFileOperationA as far as it is used.
 struct ShFileOp {
     std::uint64_t hwnd = 0;
@@ -69,6 +73,8 @@ public:
 
     // An empty root means all drives. 0 when done.
     virtual long SHQueryRecycleBinA(const std::string& root, RecycleBinInfo& info) = 0;
+    // Without kSherbNoConfirmation the user is asked first. Where nobody agrees, or nobody is there to be asked, nothing
+    // is emptied: kErrorCancelled.
     virtual long SHEmptyRecycleBinA(std::uint64_t hwnd, const std::string& root, unsigned flags) = 0;
 
     // Above 32 when started. An empty file starts nothing.

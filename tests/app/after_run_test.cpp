@@ -155,6 +155,7 @@ TEST_F(AfterRun, TakesTheWindowFromTheTop) {
 TEST_F(AfterRun, OpensTheRecycleBinBeforeAndAsksToEmptyItBehind) {
     store({"chkOpenRecycleBinAsPreview=1", "cboKillMethod=1"});
     machine.shell.putRecycled("C:\\a.txt", "x");
+    machine.shell.confirmsEmptying = true;
     main();
     stopAtFirstStep();  // the question comes also then
     clean();

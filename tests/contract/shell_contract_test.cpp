@@ -103,11 +103,20 @@ TEST_P(ShellContract, EmptyingTheBinLeavesNothingInIt) {
     machine->putFile("C:\\Scratch\\tree\\sub\\b.txt", "1");
     ASSERT_EQ(services.shell.SHFileOperationA(recycling("C:\\Scratch\\a.txt")), 0);
     ASSERT_EQ(services.shell.SHFileOperationA(recycling("C:\\Scratch\\tree")), 0);
-    EXPECT_EQ(services.shell.SHEmptyRecycleBinA(0, "", 1), 0);
+    EXPECT_EQ(services.shell.SHEmptyRecycleBinA(0, "", platform::kSherbNoConfirmation), 0);
     RecycleBinInfo info{1, 1};
     ASSERT_EQ(services.shell.SHQueryRecycleBinA("", info), 0);
     EXPECT_EQ(info.items, 0u);
     EXPECT_EQ(info.bytes, 0u);
+}
+
+TEST_P(ShellContract, ABinStaysFullWhereTheQuestionIsNotAgreedTo) {
+    machine->putFile("C:\\Scratch\\a.txt", "12345");
+    ASSERT_EQ(services.shell.SHFileOperationA(recycling("C:\\Scratch\\a.txt")), 0);
+    EXPECT_EQ(services.shell.SHEmptyRecycleBinA(0, "", 0), platform::kErrorCancelled);
+    RecycleBinInfo info;
+    ASSERT_EQ(services.shell.SHQueryRecycleBinA("", info), 0);
+    EXPECT_EQ(info.items, 1u);
 }
 
 TEST_P(ShellContract, ABinOfADriveThatIsNotThere) {

@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 
+#include "base/text.h"
 #include "platform/machine/machine_platform.h"
 #include "platform/machine/recycle_record.h"
 #include "support/host_directory.h"
@@ -297,7 +298,7 @@ TEST_F(MachineShellTest, RecyclingTakesALinkAndNotItsTarget) {
     host.link(host / "outside", "m/drive_c/link.d");
     EXPECT_EQ(recycle("C:\\link.d"), 0);
     EXPECT_FALSE(host.has("m/drive_c/link.d"));
-    EXPECT_EQ(shell().SHEmptyRecycleBinA(0, "", 0), 0);
+    EXPECT_EQ(shell().SHEmptyRecycleBinA(0, "", kSherbNoConfirmation), 0);
     EXPECT_EQ(bins().items, 0u);
     EXPECT_EQ(host.content("outside/precious.txt"), "precious");
 }
@@ -310,6 +311,28 @@ TEST_F(MachineShellTest, ABinThatIsALinkTakesNothing) {
     EXPECT_NE(recycle("C:\\a.txt"), 0);
     EXPECT_TRUE(host.has("m/drive_c/a.txt"));
     EXPECT_TRUE(std::filesystem::is_empty(host / "outside"));
+}
+
+TEST_F(MachineShellTest, ASidThatIsAWayIsNotBelieved) {
+    machine.reset();
+    const std::string whole = host.content("m/user.reg");
+    for (const char* sid : {"..", "S-1-5\\..\\..", "S-1-..", "S-1-", "*"}) {
+        std::string bytes = whole;
+        std::string escaped = base::replaceAll(sid, "\\", "\\\\");
+        const std::size_t at = bytes.find(kSid);
+        ASSERT_NE(at, std::string::npos);
+        bytes.replace(at, std::string(kSid).size(), escaped);
+        host.file("m/user.reg", bytes);
+        std::string error;
+        const auto opened = Machine::open(host / "m", Machine::Access::Read, error);
+        ASSERT_NE(opened, nullptr) << error;
+        EXPECT_EQ(opened->registry().userSid(), kSid) << sid;
+    }
+    host.file("m/user.reg", base::replaceAll(whole, kSid, "S-1-5-21-7-8-9-1001"));
+    std::string error;
+    const auto opened = Machine::open(host / "m", Machine::Access::Read, error);
+    ASSERT_NE(opened, nullptr) << error;
+    EXPECT_EQ(opened->registry().userSid(), "S-1-5-21-7-8-9-1001");
 }
 
 TEST_F(MachineShellTest, WhatIsInABinStaysThere) {
@@ -356,7 +379,7 @@ TEST_F(MachineShellTest, AllFormatsOfBinsAreCountedAndEmptied) {
     EXPECT_EQ(info.items, 6u);
     EXPECT_EQ(info.bytes, 77u + 3u + 5u + 2u + 1u + 4u);
 
-    EXPECT_EQ(shell().SHEmptyRecycleBinA(0, "C:\\", 0), 0);
+    EXPECT_EQ(shell().SHEmptyRecycleBinA(0, "C:\\", kSherbNoConfirmation), 0);
     info = bins();
     EXPECT_EQ(info.items, 0u);
     EXPECT_EQ(info.bytes, 0u);

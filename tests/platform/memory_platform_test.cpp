@@ -60,7 +60,7 @@ TEST(MemoryShell, RoomIsFreeOnlyWhenTheBinIsEmptied) {
     machine.files.putFile("C:\\T\\a", "12345");
     ASSERT_EQ(machine.shell.SHFileOperationA(recycling("C:\\T\\a")), 0);
     EXPECT_EQ(machine.files.freeBytes('C'), before);
-    EXPECT_EQ(machine.shell.SHEmptyRecycleBinA(0, "", 0), 0);
+    EXPECT_EQ(machine.shell.SHEmptyRecycleBinA(0, "", kSherbNoConfirmation), 0);
     EXPECT_EQ(machine.files.freeBytes('C'), before + 5);
     EXPECT_TRUE(machine.shell.recycled.empty());
 }
@@ -92,7 +92,7 @@ TEST(MemoryShell, TheBinsOfTwoDrivesAreTwo) {
     RecycleBinInfo info;
     ASSERT_EQ(machine.shell.SHQueryRecycleBinA("d:\\", info), 0);
     EXPECT_EQ(info.items, 1u);
-    ASSERT_EQ(machine.shell.SHEmptyRecycleBinA(0, "D:", 0), 0);
+    ASSERT_EQ(machine.shell.SHEmptyRecycleBinA(0, "D:", kSherbNoConfirmation), 0);
     ASSERT_EQ(machine.shell.SHQueryRecycleBinA("", info), 0);
     EXPECT_EQ(info.bytes, 3u);
 }

@@ -26,6 +26,13 @@ bool sameFile(const struct stat& a, const struct stat& b) {
            a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
 }
 
+// "S-1-" and numbers. The name leads to folders, such as the user's recycle bin: nothing else may be believed.
+bool isSid(const std::string& text) {
+    constexpr std::size_t kLongest = 184;  // 15 parts of ten digits, and what stands before them
+    return text.size() > 4 && text.size() <= kLongest && base::startsWithNoCase(text, "S-1-") &&
+           text.find_first_not_of("0123456789-", 2) == std::string::npos;
+}
+
 }  // namespace
 
 std::optional<std::string> valueText(const RegistryValue* value) {
@@ -70,7 +77,10 @@ bool MachineRegistry::read(int directory, std::string& error) {
     if (!readFile(directory, "userdef.reg", false, ignored)) ignored.clear();
 
     std::string sid = "S-1-5-21-0-0-0-1000";
-    if (base::startsWithNoCase(files_[1].content->place(), "User\\")) sid = files_[1].content->place().substr(5);
+    if (const std::string& place = files_[1].content->place();
+        base::startsWithNoCase(place, "User\\") && isSid(place.substr(5))) {
+        sid = place.substr(5);
+    }
     tree_ = std::make_unique<RegistryTree>(sid);
     tree_->mount("Machine", files_[0].content->root());
     tree_->mount("User\\" + sid, files_[1].content->root());

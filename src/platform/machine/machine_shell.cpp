@@ -162,9 +162,10 @@ long MachineShell::SHQueryRecycleBinA(const std::string& root, RecycleBinInfo& i
     return 0;
 }
 
-long MachineShell::SHEmptyRecycleBinA(std::uint64_t /*hwnd*/, const std::string& root, unsigned /*flags*/) {
+long MachineShell::SHEmptyRecycleBinA(std::uint64_t /*hwnd*/, const std::string& root, unsigned flags) {
     std::string letters;
     if (!drivesOf(root, letters)) return kRootNotFound;
+    if ((flags & kSherbNoConfirmation) == 0) return kErrorCancelled;  // nobody is there to be asked
     Status first = Status::Ok;
     for (const char letter : letters) {
         const Status status = bin_.empty(letter);

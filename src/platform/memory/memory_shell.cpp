@@ -107,10 +107,11 @@ long MemoryShell::SHQueryRecycleBinA(const std::string& root, RecycleBinInfo& in
     return 0;
 }
 
-long MemoryShell::SHEmptyRecycleBinA(std::uint64_t /*hwnd*/, const std::string& root, unsigned /*flags*/) {
+long MemoryShell::SHEmptyRecycleBinA(std::uint64_t /*hwnd*/, const std::string& root, unsigned flags) {
     if (emptyFails != 0) return emptyFails;
     std::string drive;
     if (!knowsRoot(root, drive)) return kRootNotFound;
+    if ((flags & kSherbNoConfirmation) == 0 && !confirmsEmptying) return kErrorCancelled;
     emptiedRoots.push_back(root);
     std::erase_if(recycled, [this, &drive](RecycledItem& item) {
         if (!drive.empty() && rootOf(item.originalPath) != drive) return false;

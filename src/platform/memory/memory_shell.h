@@ -46,6 +46,7 @@ public:
     int fileOperationFails = 0;  // other than 0: every SHFileOperationA answers it and does nothing
     long queryFails = 0;         // the same for SHQueryRecycleBinA
     long emptyFails = 0;         // and for SHEmptyRecycleBinA
+    bool confirmsEmptying = false;  // what the user answers when SHEmptyRecycleBinA asks
     int shellExecuteResult = 42;
     bool shellExecuteExStarts = true;
 
