@@ -33,8 +33,8 @@ void RunRegistryAddIn(frmMain& main) {
     if (!program.platform.files.FileExists(path)) {
         main.AddLogLine(path + " " + text(543) + " " + text(550));
         if (options.chkHideAlertMessage.ticked()) return;
-        program.display.MsgBox(text(551) + "\r\n" + text(550) + " " + text(543), forms::msgbox::Exclamation,
-                               "regsweep.exe " + text(550));
+        program.MsgBox(text(551) + "\r\n" + text(550) + " " + text(543), forms::msgbox::Exclamation,
+                       "regsweep.exe " + text(550));
         return;
     }
     main.AddLogLine(path + " " + text(543));

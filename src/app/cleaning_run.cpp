@@ -9,6 +9,7 @@
 #include "app/frmMain.h"
 #include "app/last_run.h"
 #include "app/log_file.h"
+#include "app/recycle_bin_window.h"
 #include "base/date_time.h"
 #include "base/numbers.h"
 #include "base/runtime_error.h"
@@ -20,7 +21,6 @@ namespace tidvane::app {
 
 namespace {
 
-constexpr const char* kRecycleBinWindow = "explorer.exe ::{645FF040-5081-101B-9F08-00AA002F954E}";
 constexpr unsigned kWindowText = 0x80000008u;
 // The literal of the progress lines. Neither the number of steps nor a count: intended.
 constexpr const char* kOfSteps = "/64]";
@@ -49,6 +49,10 @@ std::string elapsedText(settings::Program& program, float seconds) {
 
 CleaningRun::CleaningRun(frmMain& main) : main_(main), program_(main.program()) {}
 
+settings::frmOptions& CleaningRun::options() {
+    return program_.get<settings::frmOptions>();
+}
+
 std::string CleaningRun::now() const {
     return base::dateTimeText(program_.platform.clock.now(), program_.locale());
 }
@@ -57,6 +61,8 @@ void CleaningRun::run() {
     prepare();
     announce();
     walk();
+    // Whatever let events in may have ended the program under this run.
+    if (program_.ended()) return;
     enableEntryPoints(true);
     program_.display.setPointer(forms::pointer::Default);
     summarise();
@@ -74,8 +80,7 @@ void CleaningRun::enableEntryPoints(bool enabled) {
 
 void CleaningRun::prepare() {
     main_.cmdClean.Value = true;
-    auto& options = program_.get<settings::frmOptions>();
-    if (options.chkCreateRestorePoint.ticked()) main_.menu("mnuCreateRestorePoint").Click();
+    if (options().chkCreateRestorePoint.ticked()) main_.menu("mnuCreateRestorePoint").Click();
     main_.txtLog.ForeColor = kWindowText;
     main_.SSTab1.offerOnly(frmMain::kCleaningTab);
     main_.resetTaskIcons();
@@ -88,14 +93,14 @@ void CleaningRun::prepare() {
     warnWhenNothingIsTicked();
     main_.clearTaskStatuses();
     main_.log_.empty();
-    if (options.chkOpenRecycleBinAsPreview.ticked()) openRecycleBinAsPreview();
+    if (options().chkOpenRecycleBinAsPreview.ticked()) openRecycleBinAsPreview();
 }
 
 void CleaningRun::warnWhenNothingIsTicked() {
     if (main_.lstTasks.Count() > 0 || main_.LstPlugs.SelCount() > 0) return;
     // Told, and then the run goes on: this stops nothing.
-    program_.display.MsgBox(program_.LangText(618), forms::msgbox::Exclamation, program_.LangText(619));
-    program_.display.MsgBox(program_.LangText(620), forms::msgbox::Information, program_.LangText(621));
+    program_.MsgBox(program_.LangText(618), forms::msgbox::Exclamation, program_.LangText(619));
+    program_.MsgBox(program_.LangText(620), forms::msgbox::Information, program_.LangText(621));
 }
 
 void CleaningRun::openRecycleBinAsPreview() {
@@ -120,6 +125,7 @@ const forms::ListItem* CleaningRun::rowOf(const tasks::CleaningTask& task, bool 
 void CleaningRun::walk() {
     using Watch = std::chrono::steady_clock;
     for (const tasks::CleaningTask& task : taskCatalogue()) {
+        if (program_.ended()) return;
         const platform::RemovalTotals before = program_.platform.removed.totals;
         const Watch::time_point start = Watch::now();
         StepResult result;
@@ -157,34 +163,34 @@ void CleaningRun::summarise() {
 }
 
 bool CleaningRun::finish() {
-    auto& options = program_.get<settings::frmOptions>();
     reportDiskStatistics(program_, main_.diskSizeDrive(), freeBefore_, diskHead(program_.LangText(432)));
     writeLastRun(program_);
     main_.tmrCleanButton.Enabled = false;
     RunMemoryTrim(main_);
     RunRegistryAddIn(main_);
+    if (program_.ended()) return false;
     SaveAutoLog(main_);
-    if (options.chkMinimizeSystray.ticked()) {
+    if (options().chkMinimizeSystray.ticked()) {
         main_.AddTrayIcon(" - Tidvane - " + program_.LangText(566));
         program_.display.Hide(main_);
     }
-    if (options.chkPurgeSound.ticked()) program_.display.sndPlaySound(options.txtPurgeSound.Text());
+    if (options().chkPurgeSound.ticked()) program_.display.sndPlaySound(options().txtPurgeSound.Text());
     program_.display.setTopmost(main_, false);
-    if (options.chkOpenRecycleBinAsPreview.ticked()) {
+    if (options().chkOpenRecycleBinAsPreview.ticked()) {
         main_.toBackground();
         // Without flags, so that the system asks for itself.
-        program_.platform.shell.SHEmptyRecycleBinA(program_.platform.shell.GetForegroundWindow(), "", 0);
+        program_.platform.shell.SHEmptyRecycleBinA(program_.display.windowHandle(main_), "", 0);
     }
     if (program_.removedForGood > 0) {
         program_.display.warn("The recycle bin refused " + std::to_string(program_.removedForGood) +
                               " file(s); a second attempt removed them for good.");
     }
     if (!runCustomApplication()) return false;
-    if (options.chkCloseAfterClean.ticked()) {
+    if (options().chkCloseAfterClean.ticked()) {
         main_.AddLogLine(program_.LangText(578));
         main_.cmdClean.Value = false;
         // Where this run is itself part of the unload (cleaning at the end), the unload goes on and ends the program.
-        if (program_.windows.unload(main_)) program_.display.endProgram();
+        if (program_.windows.unload(main_)) program_.end();
         return false;
     }
     return true;

@@ -3,9 +3,14 @@
 
 #include <string>
 
+#include "app/disk_statistics.h"
 #include "forms/list_controls.h"
 #include "settings/program.h"
 #include "tasks/cleaning_task.h"
+
+namespace tidvane::settings {
+class frmOptions;
+}
 
 namespace tidvane::app {
 
@@ -31,10 +36,12 @@ private:
     bool finish();
     bool runCustomApplication();
     std::string now() const;
+    // Asked for at each use: events that get in may store the options and load them anew.
+    settings::frmOptions& options();
 
     frmMain& main_;
     settings::Program& program_;
-    float freeBefore_ = 0;
+    FreeSpaceBefore freeBefore_;
     double startTime_ = 0;
 };
 

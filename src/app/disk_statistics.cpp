@@ -23,15 +23,17 @@ constexpr const char* kGigabyteGain = "1,000";
 
 }  // namespace
 
-float noteFreeSpaceBefore(settings::Program& program, const std::string& drive) {
+FreeSpaceBefore noteFreeSpaceBefore(settings::Program& program, const std::string& drive) {
     auto& window = program.get<frmDiskSizeStats>();
     window.lblFreeSpace.Caption = GetFreeSpaceText(program, drive);
-    return asSingle(window.lblFreeSpace.Caption, program.locale());
+    const std::string& text = window.lblFreeSpace.Caption;
+    return {text, asSingle(text, program.locale())};
 }
 
-void reportDiskStatistics(settings::Program& program, const std::string& drive, float before,
+void reportDiskStatistics(settings::Program& program, const std::string& drive, const FreeSpaceBefore& freeBefore,
                           const std::string& heading) {
     settings::RunReport& report = program.report();
+    const float before = freeBefore.number;
     auto& window = program.get<frmDiskSizeStats>();
     if (program.get<settings::frmMoreToConfigure>().chkDisksizeInfo.ticked()) {
         program.display.Show(window, program.windows.ifLoaded<frmMain>(), false);
@@ -70,7 +72,8 @@ void reportDiskStatistics(settings::Program& program, const std::string& drive, 
     const std::string number = gigabytes ? base::formatNumber(absolute, "###0.0000", program.locale())
                                          : base::formatNumber(absolute * 1024, "###0.00", program.locale());
     const std::string unit = gigabytes ? " GB" : " MB";
-    window.lblFreeSpace.Caption = window.lblFreeSpace.Caption.get() + " GB";
+    // From the note and not from the label: the window may have been closed meanwhile.
+    window.lblFreeSpace.Caption = freeBefore.text + " GB";
     report.AddLogHeading(program.LangText(434) + " " + window.lblFreeSpace.Caption.get());
     report.AddLogHeading(program.LangText(435) + " " + afterText + " GB");
     report.AddLogHeading(kWideRule);

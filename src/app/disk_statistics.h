@@ -7,12 +7,17 @@
 
 namespace tidvane::app {
 
-// Notes the free space of a drive ("C:") in the results window and answers it as a number of single precision.
-float noteFreeSpaceBefore(settings::Program& program, const std::string& drive);
+struct FreeSpaceBefore {
+    std::string text;  // as measured, in the system's number format
+    float number = 0;  // the text as a number of single precision
+};
+
+// Notes the free space of a drive ("C:") in the results window.
+FreeSpaceBefore noteFreeSpaceBefore(settings::Program& program, const std::string& drive);
 
 // Measures again, writes the block under `heading` to the log and fills the results window; shows it first if the
 // extended settings say so.
-void reportDiskStatistics(settings::Program& program, const std::string& drive, float before,
+void reportDiskStatistics(settings::Program& program, const std::string& drive, const FreeSpaceBefore& freeBefore,
                           const std::string& heading);
 
 }  // namespace tidvane::app

@@ -16,8 +16,8 @@ constexpr unsigned kHoverColour = 0x000000FFu;
 }  // namespace
 
 frmDiskSizeStats::frmDiskSizeStats(settings::Program& program) : forms::Form(kName), program_(program) {
-    Width.design(7200);
-    Height.design(4200);
+    Width.design(kMinWidth);
+    Height.design(kMinHeight);
     txtLog.Visible.design(false);
     lblFacebook.ForeColor.design(kLinkColour);
 
@@ -67,6 +67,11 @@ void frmDiskSizeStats::toggleLog() {
     if (show) txtLog.setText(program_.get<frmMain>().txtLog.Text());
     txtLog.Visible = show;
     Height = Height + (show ? kLogHeight : -kLogHeight);
+}
+
+void frmDiskSizeStats::resized() {
+    if (Width < kMinWidth) Width = kMinWidth;
+    if (Height < kMinHeight) Height = kMinHeight;
 }
 
 void frmDiskSizeStats::openCommunity() {

@@ -42,6 +42,9 @@ public:
     controls::isButton cmdBackground{*this, "cmdBackground", "In den Hintergrund"};
     controls::isButton cmdExit{*this, "cmdExit", "Beenden"};
 
+    static constexpr int kMinWidth = 7200;  // twips
+    static constexpr int kMinHeight = 4200;
+    void resized();
     // The link's colours change under the pointer.
     void hoverCommunity(bool inside);
 

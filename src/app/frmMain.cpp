@@ -28,6 +28,10 @@ frmMain::frmMain(settings::Program& program) : forms::Form(kName), program_(prog
     Caption.design("Tidvane");
     SSTab1.offerOnly(kCleaningTab);
     buildMenus();
+    // What no event has switched yet stands as the cleaning page wants it, and as no run is under way.
+    menu("mnCleanPlugs").Visible.design(false);
+    menu("mnExtensions").Visible.design(false);
+    cmdStop.Enabled.design(false);
     for (const platform::Drive& drive : program_.platform.files.Drives()) {
         drvDiskSizeDrive.List.push_back(base::lowerCase(std::string(1, drive.letter)) + ":");
     }
@@ -116,9 +120,13 @@ void frmMain::ExitProgram() {
 }
 
 bool frmMain::Form_QueryUnload(forms::UnloadMode mode) {
-    if (mode != forms::UnloadMode::ControlMenu) return false;
-    toBackground();
-    return true;
+    if (mode == forms::UnloadMode::ControlMenu) {
+        toBackground();
+        return true;
+    }
+    // The end of Windows may start a last cleaning, but no box may hold it up.
+    if (mode == forms::UnloadMode::WindowsShutdown) program_.unattended = true;
+    return false;
 }
 
 void frmMain::Form_Unload() {

@@ -5,6 +5,7 @@
 #include "app/frmMain.h"
 #include "app/menu_table.h"
 #include "app/pane_table.h"
+#include "app/recycle_bin_window.h"
 #include "base/text.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/frmOptions.h"
@@ -14,7 +15,6 @@ namespace tidvane::app {
 
 namespace {
 
-constexpr const char* kRecycleBinWindow = "explorer.exe ::{645FF040-5081-101B-9F08-00AA002F954E}";
 // Fixed words of the program, in every language.
 constexpr const char* kCloseBeforeTool = "Tidvane needs to be closed before qrmx.exe can be proceeded...";
 
@@ -50,7 +50,6 @@ void frmMain::connectMenus() {
                 break;
         }
     }
-    menu("mnuOptions").Click.connect([this] { showOptions(5); });
     menu("mnuBackground").Click.connect([this] { toBackground(); });
     menu("mnuExit").Click.connect([this] { ExitProgram(); });
     menu("mnuRestartTidvane").Click.connect([this] { restartProgram(); });
@@ -141,9 +140,8 @@ void frmMain::pageChanged() {
     const bool cleaning = !plugIns && !extensions && caption != "Über ...";
     menu("mnCleanPlugs").Visible = plugIns;
     menu("mnExtensions").Visible = extensions;
-    for (controls::isButton* button : {&cmdClean, &cmdStop, &cmdClearLog, &cmdCopyLog, &cmdSaveLog, &cmdViewLog}) {
-        // The stop button is no log button; it stays where it is.
-        if (button != &cmdStop) button->Visible = cleaning;
+    for (controls::isButton* button : {&cmdClean, &cmdClearLog, &cmdCopyLog, &cmdSaveLog, &cmdViewLog}) {
+        button->Visible = cleaning;
     }
 }
 
@@ -189,11 +187,16 @@ void frmMain::downloadExtensions() {
 }
 
 void frmMain::restartProgram() {
-    // The new start waits until this one has given its lock back, or it would meet the box of a second instance.
-    program_.platform.processes.releaseInstanceLock();
-    program_.platform.processes.CreateProcessA(
-        program_.inProgramFolder(program_.platform.system.ExecutableName() + ".exe"), 1);
-    ExitProgram();
+    // A run under way goes on in the background, as with the exit: two instances may not work at once.
+    if (cmdClean.Value) return toBackground();
+    settings::Program& program = program_;
+    const std::string own = program.inProgramFolder(program.platform.system.ExecutableName() + ".exe");
+    RemoveTrayIcon();
+    program.UnloadAllForms();
+    // Only now, with everything stored, the lock goes to the new start, which would else meet the box of a second
+    // instance.
+    program.platform.processes.releaseInstanceLock();
+    program.platform.processes.CreateProcessA(own, 1);
 }
 
 void frmMain::fillExplorerMenu() {

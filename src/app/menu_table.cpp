@@ -17,7 +17,7 @@ constexpr std::array kMenus{
     MenuRow{"mnTools", "Werkzeuge"},
     MenuRow{"mnuOptions", "&Optionen"},
     MenuRow{"mnHelp", "Hilfe"},
-    MenuRow{"mnuCommunityTitle", "Gemeinschaft"},
+    MenuRow{"mnuCommunityTitle", "Gemeinschaft", None, 0, nullptr, 0, true},
     // File
     MenuRow{"mnuManageCleaningJobs", "Reinigungsaufgaben"},
     MenuRow{"mnuCleaningJobWindows", "Windows", OptionsTab, 0},

@@ -20,6 +20,7 @@ struct MenuRow {
     int a = 0;
     const char* inner = nullptr;
     int b = 0;
+    bool atRightEnd = false;  // of the menu bar
 };
 
 std::span<const MenuRow> menuTable();

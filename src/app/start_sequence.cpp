@@ -186,7 +186,7 @@ bool StartSequence::anotherInstanceRuns() {
         program.display.MsgBox(program.LangText(154), forms::msgbox::Information, "Tidvane");
     }
     main_.secondInstance_ = true;
-    program.display.endProgram();
+    program.end();
     return true;
 }
 

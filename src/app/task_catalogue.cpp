@@ -71,11 +71,11 @@ constexpr std::array kCatalogue{
     CleaningTask{54, 258, nullptr, {"frmOptions", "chkSafariCookies"}, {"frmOptions", "chkSafariCookies"}, Group::Safari, notThereYet},
     CleaningTask{55, 259, nullptr, {"frmOptions", "chkSafariCache"}, {"frmOptions", "chkSafariCache"}, Group::Safari, notThereYet},
     CleaningTask{56, 260, nullptr, {"frmOptions", "chkSafariCache"}, {"frmOptions", "chkSafariSavedForms"}, Group::Safari, notThereYet},  // row and worker ask different boxes: intended
-    CleaningTask{57, 0, "Microsoft Office Access", {"frmOptions", "chkMSAccess"}, {"frmOptions", "chkMSAccess"}, Group::Office, notThereYet},
-    CleaningTask{58, 0, "Microsoft Office Excel", {"frmOptions", "chkMSExcel"}, {"frmOptions", "chkMSExcel"}, Group::Office, notThereYet},
-    CleaningTask{59, 0, "Microsoft Office PowerPoint", {"frmOptions", "chkMSPowerPoint"}, {"frmOptions", "chkMSPowerPoint"}, Group::Office, notThereYet},
-    CleaningTask{60, 0, "Microsoft Office Word", {"frmOptions", "chkMSWord"}, {"frmOptions", "chkMSWord"}, Group::Office, notThereYet},
-    CleaningTask{61, 0, "Microsoft Office Front Page", {"frmOptions", "chkMSFrontPage"}, {"frmOptions", "chkMSFrontPage"}, Group::Office, notThereYet},
+    CleaningTask{57, 0, "Microsoft Office Access", {"frmOptions", "chkMSAccess"}, {"frmOptions", "chkMSAccess"}, Group::Office, notThereYetOffice},
+    CleaningTask{58, 0, "Microsoft Office Excel", {"frmOptions", "chkMSExcel"}, {"frmOptions", "chkMSExcel"}, Group::Office, notThereYetOffice},
+    CleaningTask{59, 0, "Microsoft Office PowerPoint", {"frmOptions", "chkMSPowerPoint"}, {"frmOptions", "chkMSPowerPoint"}, Group::Office, notThereYetOffice},
+    CleaningTask{60, 0, "Microsoft Office Word", {"frmOptions", "chkMSWord"}, {"frmOptions", "chkMSWord"}, Group::Office, notThereYetOffice},
+    CleaningTask{61, 0, "Microsoft Office Front Page", {"frmOptions", "chkMSFrontPage"}, {"frmOptions", "chkMSFrontPage"}, Group::Office, notThereYetOffice},
     CleaningTask{62, 104, nullptr, {nullptr, nullptr}, {nullptr, nullptr}, Group::PlugIns, notThereYetPlugIns},
 };
 // clang-format on
@@ -99,8 +99,8 @@ const GroupRow& groupRow(Group group) {
 }
 
 // The one table of what is not there yet: these stand-ins report an unticked step.
-constexpr std::array kStandIns{notThereYet, notThereYetSilent, notThereYetOwnFolders, notThereYetOwnFiles,
-                               notThereYetPlugIns};
+constexpr std::array kStandIns{notThereYet,         notThereYetSilent, notThereYetOwnFolders,
+                               notThereYetOwnFiles, notThereYetOffice, notThereYetPlugIns};
 
 }  // namespace
 

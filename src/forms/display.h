@@ -1,6 +1,7 @@
 // What needs a screen. The front ends implement it; the logic never asks which one it has.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -69,6 +70,8 @@ public:
     virtual void addTrayIcon(const std::string& tip) = 0;
     virtual void removeTrayIcon() = 0;
 
+    // The system's handle of a window; 0 where there is none.
+    virtual std::uint64_t windowHandle(Form&) { return 0; }
     virtual void setTopmost(Form& form, bool topmost) = 0;
     virtual void setPointer(int pointer) = 0;
     virtual void popUpMenu(Form& form, const std::string& menu) = 0;

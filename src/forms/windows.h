@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "forms/display.h"
 #include "forms/form.h"
@@ -29,9 +30,12 @@ public:
     // Loads at first use. An error from the load handler passes on to the caller; the window stays loaded with the
     // state it has. Null for a name that nobody offers.
     Form* get(std::string_view name);
+    // Throws RuntimeError 91 where the window can no longer be had: the program has ended.
     template <class F>
     F& get() {
-        return static_cast<F&>(*get(F::kName));
+        Form* form = get(F::kName);
+        if (form == nullptr) throw base::RuntimeError(91, F::kName, "The window is gone: the program has ended");
+        return static_cast<F&>(*form);
     }
     Form* ifLoaded(std::string_view name) const;
     template <class F>

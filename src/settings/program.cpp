@@ -55,7 +55,19 @@ int Program::selectedKillMethod() {
 
 void Program::UnloadAllForms() {
     windows.unloadAll("frmMain");
+    end();
+}
+
+void Program::end() {
+    if (ended_) return;  // the unload of the main window gets here on its own, and its caller behind it
+    ended_ = true;
     display.endProgram();
+}
+
+int Program::MsgBox(const std::string& text, int style, const std::string& title) {
+    if (!unattended) return display.MsgBox(text, style, title);
+    constexpr int kButtons = 7;
+    return (style & kButtons) == forms::msgbox::YesNo ? forms::msgbox::No : forms::msgbox::Ok;
 }
 
 }  // namespace tidvane::settings

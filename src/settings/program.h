@@ -62,13 +62,23 @@ public:
     // 732, 733, 734 in that order. -1: it equals none of them, and the caller removes nothing.
     int selectedKillMethod();
 
+    // A message box of a run or of the end. While nobody may be kept waiting it does not come up, and the answer is the
+    // button that changes nothing.
+    int MsgBox(const std::string& text, int style, const std::string& title);
+    // Set while Windows itself ends: no box may hold that up.
+    bool unattended = false;
+
     // Unloads every window and ends the program.
     void UnloadAllForms();
+    // From here on the program is over; what still runs on the stack does nothing more.
+    void end();
+    bool ended() const { return ended_; }
 
 private:
     base::CodePage codePage_;
     std::string programFolder_;
     RunReport* report_ = nullptr;
+    bool ended_ = false;
     std::set<std::string> toldOnce_;
 };
 

@@ -14,7 +14,7 @@ constexpr const char* kFailedText = "Es ist ein Fehler beim Starten eines extern
 bool ShellWait(Program& program, const std::string& commandLine, int show) {
     const auto process = program.platform.processes.CreateProcessA(commandLine, std::abs(show));
     if (process == nullptr) {
-        program.display.MsgBox(kFailedText, forms::msgbox::Exclamation, kFailedTitle);
+        program.MsgBox(kFailedText, forms::msgbox::Exclamation, kFailedTitle);
         return false;
     }
     while (!process->wait(kPollMilliseconds)) program.platform.events.DoEvents();

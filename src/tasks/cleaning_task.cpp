@@ -1,6 +1,7 @@
 #include "tasks/cleaning_task.h"
 
 #include "forms/simple_controls.h"
+#include "settings/control_lookup.h"
 
 namespace tidvane::tasks {
 
@@ -10,7 +11,7 @@ std::string taskName(settings::Program& program, const CleaningTask& task) {
 
 int gateValue(settings::Program& program, const Gate& gate) {
     if (gate.window == nullptr || gate.control == nullptr) return 0;
-    const forms::Form* form = program.windows.get(gate.window);
+    const forms::Form* form = settings::findWindow(program, gate.window);
     if (form == nullptr) return 0;
     const forms::Control* control = form->control(gate.control);
     if (control == nullptr || control->kind != forms::ControlKind::CheckBox) return 0;

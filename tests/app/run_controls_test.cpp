@@ -109,7 +109,7 @@ TEST_F(RunControls, StopInTheFirstStepLetsEveryLaterTickedTaskReportIt) {
     EXPECT_TRUE(hasKey("Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU"));
     EXPECT_EQ(display.clipboardClears, 0);
     // Unticked tasks are still named, and the walk goes on to its end.
-    EXPECT_TRUE(logHas("Microsoft Office Front Page " + text(509)));
+    EXPECT_TRUE(logHas("Microsoft Office FrontPage History " + text(509)));
     EXPECT_TRUE(main().lstTasks.item(main().lstTasks.Count())->selected);
 }
 

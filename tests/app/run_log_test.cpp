@@ -21,11 +21,18 @@ struct RunLog : AppFixture {
         return text(491) + " [" + std::to_string(rows) + "/64] " + text(492) + " 11/3/2009 12:00:00 PM";
     }
     // What the walk logs with nothing ticked: the search and the clearing of all traces are silent.
+    // The Office tasks have names of their own for this.
+    std::string unticked(const tasks::CleaningTask& task) {
+        if (task.group != tasks::Group::Office) return tasks::taskName(program, task) + " " + text(509);
+        const char* labels[] = {"Access", "Excel", "PowerPoint", "Word", "FrontPage"};
+        return std::string("Microsoft Office ") + labels[task.step - 57] + " History " + text(509);
+    }
+
     std::vector<std::string> untickedWalk() {
         std::vector<std::string> lines{text(524) + " " + text(509), text(527) + " " + text(509)};
         for (const tasks::CleaningTask& task : app::taskCatalogue()) {
             if (task.step >= 4 && task.step <= 61 && task.step != 24) {
-                lines.push_back(tasks::taskName(program, task) + " " + text(509));
+                lines.push_back(unticked(task));
             }
         }
         lines.push_back(ruled(22, text(104), 25));

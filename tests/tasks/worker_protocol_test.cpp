@@ -93,6 +93,20 @@ TEST_F(WorkerProtocol, StepsThatAreNotThereYetTakeTheirUntickedBranch) {
                 EXPECT_EQ(lines, std::vector<std::string>{text(527) + " " + text(509)});
                 EXPECT_EQ(panels, std::vector<std::string>{text(527) + " " + text(509)});
                 break;
+            case 57:
+                EXPECT_EQ(lines, std::vector<std::string>{"Microsoft Office Access History " + text(509)});
+                EXPECT_EQ(panels[0], "Microsoft Office Access History" + text(509));
+                break;
+            case 58:
+            case 59:
+            case 60:
+                EXPECT_EQ(lines, std::vector<std::string>{name(each.step) + " History " + text(509)});
+                EXPECT_EQ(panels[0], name(each.step) + " History " + text(509));
+                break;
+            case 61:
+                EXPECT_EQ(lines, std::vector<std::string>{"Microsoft Office FrontPage History " + text(509)});
+                EXPECT_EQ(panels[0], "Microsoft Office FrontPage History  " + text(509));
+                break;
             default:
                 EXPECT_EQ(lines, std::vector<std::string>{name(each.step) + " " + text(509)}) << each.step;
         }
