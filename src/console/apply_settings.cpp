@@ -81,7 +81,10 @@ bool applySettings(settings::Program& program, const Options& options, std::set<
 
 void saveWindows(settings::Program& program, const std::set<std::string>& windows) {
     for (const std::string& window : windows) {
-        if (forms::Form* form = program.windows.get(window)) settings::SaveFormINI(program, *form);
+        forms::Form* form = settings::findWindow(program, window);
+        if (form == nullptr) continue;
+        settings::tellOfEmptiedBoxes(program, *form);
+        settings::SaveFormINI(program, *form);
     }
 }
 

@@ -18,7 +18,12 @@ bool applySettings(settings::Program& program, const Options& options, std::set<
 bool tick(settings::Program& program, const std::string& what, int value, std::set<std::string>& changed,
           std::string& error);
 
-// Stores the windows, each as its own OK would store its controls.
+// What is said when a write of theirs failed.
+inline constexpr const char* kNotStored =
+    "The settings could not be stored; check the rights and the free space of the program folder.";
+
+// Stores the windows, each as its own OK would store its controls, and tells of emptied boxes whose text comes back.
+// What cannot be written is passed over: the caller has it watched.
 void saveWindows(settings::Program& program, const std::set<std::string>& windows);
 
 }  // namespace tidvane::console

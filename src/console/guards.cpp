@@ -1,5 +1,7 @@
 #include "console/guards.h"
 
+#include "app/task_catalogue.h"
+#include "platform/common/directory_lookup.h"
 #include "settings/frmOptions.h"
 
 namespace tidvane::console {
@@ -23,11 +25,27 @@ std::string whyNotToRun(settings::Program& program) {
     return {};
 }
 
-void warnOfMissingProtection(settings::Program& program) {
+void warnOfMissingProtection(settings::Program& program, forms::Display& display) {
     if (program.platform.files.FileExists(program.inProgramFolder("td_ban.dat"))) return;
-    program.display.warn(
+    display.warn(
         "td_ban.dat is missing in the program folder, so that no own entry is checked against the list of protected "
         "places; put it back from the delivery.");
+}
+
+void warnOfMissingTexts(settings::Program& program, forms::Display& display) {
+    if (platform::anyMatch(program.platform.files, program.inProgramFolder("*.lng"))) return;
+    display.warn(
+        "The program folder holds no language file (*.lng), so that names and log lines are empty; put one back from "
+        "the delivery.");
+}
+
+void warnOfStepsNotThere(settings::Program& program, forms::Display& display) {
+    std::string names;
+    for (const tasks::CleaningTask& task : app::taskCatalogue()) {
+        if (!app::isNotThereYet(task) || tasks::gateValue(program, task.gate) != 1) continue;
+        names += (names.empty() ? "" : ", ") + std::to_string(task.step) + " (" + tasks::taskName(program, task) + ")";
+    }
+    if (!names.empty()) display.warn("Ticked, but not there yet, and so nothing is cleaned by: " + names + ".");
 }
 
 }  // namespace tidvane::console

@@ -12,6 +12,12 @@ namespace tidvane::console {
 std::string whyNotToRun(settings::Program& program);
 
 // One line for every protection that is missing; the run goes on.
-void warnOfMissingProtection(settings::Program& program);
+void warnOfMissingProtection(settings::Program& program, forms::Display& display);
+
+// One line where the program folder holds no language file: every text is empty then.
+void warnOfMissingTexts(settings::Program& program, forms::Display& display);
+
+// One line with the ticked steps that are not there yet.
+void warnOfStepsNotThere(settings::Program& program, forms::Display& display);
 
 }  // namespace tidvane::console

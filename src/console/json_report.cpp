@@ -44,6 +44,10 @@ void writeReport(std::ostream& out, const Report& report) {
     Json object = {{"version", report.version},    {"machine", report.machine}, {"method", report.method},
                    {"stopped", report.stopped},    {"elapsed", report.elapsed}, {"freeBefore", report.freeBefore},
                    {"freeAfter", report.freeAfter}};
+    object["registryStored"] = report.registryStored;
+    object["total"] = {{"files", report.total.files}, {"folders", report.total.folders},
+                       {"keys", report.total.keys},   {"values", report.total.values},
+                       {"bytes", report.total.bytes}, {"failed", report.total.failed}};
     object["steps"] = std::move(steps);
     constexpr int kIndent = 2;
     out << object.dump(kIndent, ' ', false, Json::error_handler_t::replace) << "\n";

@@ -28,8 +28,10 @@ struct Report {
     std::string machine;
     std::string method;
     bool stopped = false;
-    double elapsed = 0;            // seconds
-    std::uint64_t freeBefore = 0;  // bytes free on the drive of the disk figures
+    bool registryStored = false;    // false: the keys and values that the steps name are still there
+    platform::RemovalTotals total;  // of everything, a cleaning at the start or at the end included
+    double elapsed = 0;             // seconds
+    std::uint64_t freeBefore = 0;   // bytes free on the drive of the disk figures
     std::uint64_t freeAfter = 0;
     std::vector<ReportedStep> steps;
 };

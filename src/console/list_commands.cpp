@@ -9,9 +9,10 @@
 #include "console/apply_settings.h"
 #include "console/commands.h"
 #include "console/console_display.h"
+#include "console/guards.h"
 #include "console/stored_windows.h"
+#include "console/watched_profiles.h"
 #include "settings/modFormINI.h"
-#include "settings/modLanguage.h"
 
 namespace tidvane::console {
 
@@ -31,7 +32,8 @@ int tasksCommand(Session& session, const Options& options) {
     ConsoleDisplay display(session.err, options.answerYes);
     settings::Program program(session.platform, display);
     app::offerWindowsWithoutMain(program);
-    settings::LoadAllLanguageFiles(program);
+    loadLanguages(program);
+    warnOfMissingTexts(program, display);
     char line[160];
     std::snprintf(line, sizeof line, "%4s  %-8s  %-38s  %-6s  %-3s  %s\n", "Step", "Group", "Gate", "Ticked", "Row",
                   "Name");
@@ -50,9 +52,11 @@ int tasksCommand(Session& session, const Options& options) {
 
 int settingsCommand(Session& session, const Options& options) {
     ConsoleDisplay display(session.err, options.answerYes);
-    settings::Program program(session.platform, display);
+    WatchedProfiles profiles(session.platform.profiles);
+    settings::Program program(withOwn(session.platform, profiles, session.platform.events), display);
     app::offerWindowsWithoutMain(program);
-    settings::LoadAllLanguageFiles(program);
+    loadLanguages(program);
+    warnOfMissingTexts(program, display);
     std::set<std::string> changed;
     std::string error;
     if (!applySettings(program, options, changed, error)) {
@@ -64,7 +68,12 @@ int settingsCommand(Session& session, const Options& options) {
                     << "\n";
     });
     session.out << std::flush;
-    if (options.save) saveWindows(program, changed);
+    if (!options.save) return exit_status::Done;
+    saveWindows(program, changed);
+    if (profiles.failed()) {
+        session.err << kNotStored << std::endl;
+        return exit_status::MachineUnusable;
+    }
     return exit_status::Done;
 }
 

@@ -25,6 +25,13 @@ CLI::Option* addRepeated(CLI::App* command, const char* name, std::vector<std::s
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
+// An option that takes a path, as often as it was given.
+struct Named {
+    const char* name;
+    std::size_t count;
+    const std::string& value;
+};
+
 }  // namespace
 
 const char* methodName(int row) {
@@ -77,6 +84,15 @@ std::optional<int> parseOptions(int count, const char* const* arguments, const s
     } catch (const CLI::ParseError& problem) {
         const int status = app.exit(problem, out, err);
         return status == 0 ? exit_status::Done : exit_status::Usage;
+    }
+    for (const Named& option : {Named{"--machine", app.count("--machine"), options.machine},
+                                Named{"--program", app.count("--program"), options.program},
+                                Named{"--json", run->count("--json"), options.json},
+                                Named{"The directory", create->count("DIR"), options.directory}}) {
+        if (option.count == 0 || !option.value.empty()) continue;
+        // Never taken for "not given": most likely a variable of a script that is not set.
+        err << option.name << " is empty; give a path, or leave it out where there is a default." << std::endl;
+        return exit_status::Usage;
     }
     if (tasks->parsed()) options.command = Command::Tasks;
     if (settings->parsed()) options.command = Command::Settings;

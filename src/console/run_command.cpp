@@ -1,5 +1,6 @@
 #include <chrono>
 #include <fstream>
+#include <map>
 #include <memory>
 #include <set>
 
@@ -10,26 +11,16 @@
 #include "console/console_display.h"
 #include "console/guards.h"
 #include "console/json_report.h"
+#include "console/removed.h"
 #include "console/stop_signal.h"
+#include "console/stored_windows.h"
 #include "console/unsaved_profiles.h"
-#include "settings/modLanguage.h"
+#include "console/watched_profiles.h"
+#include "settings/frmOptions.h"
 
 namespace tidvane::console {
 
 namespace {
-
-// Applies the settings to a copy of the windows that nobody sees, so that whatever cannot be set is found before the
-// start of the program has changed anything.
-bool rehearse(const platform::Platform& platform, const Options& options, std::string& error) {
-    if (!options.method && options.set.empty() && options.tick.empty() && options.untick.empty()) return true;
-    std::ostream nowhere(nullptr);
-    ConsoleDisplay unseen(nowhere, options.answerYes);
-    settings::Program program(platform, unseen);
-    app::offerWindowsWithoutMain(program);
-    settings::LoadAllLanguageFiles(program);
-    std::set<std::string> changed;
-    return applySettings(program, options, changed, error);
-}
 
 class Run {
 public:
@@ -37,16 +28,19 @@ public:
         : session_(session),
           options_(options),
           unsaved_(session.platform.profiles),
+          watched_(session.platform.profiles),
           pump_(session.platform.events),
           display_(session.err, options.answerYes),
-          program_(withOwn(session.platform, options.save ? session.platform.profiles : unsaved_, pump_), display_) {
+          program_(withOwn(session.platform, profilesFor(options), pump_), display_),
+          before_(session.platform.removed.totals) {
         session_.warn = [this](const std::string& line) { display_.warn(line); };
         session_.platform.removed.wantBytes = !options.json.empty();
         app::offerAllWindows(program_);
-        // Made here, so that the log is listened to before the start writes its first line.
+        // Made here, so that log and steps are listened to before the start writes its first line and perhaps cleans.
         program_.windows.offer(app::frmMain::kName, [this] {
             auto main = std::make_unique<app::frmMain>(program_);
             if (!options_.quiet) main->log().appended.connect([this](const std::string& text) { show(text); });
+            main->stepDone.connect([this](const app::StepResult& result) { note(result); });
             return main;
         });
     }
@@ -57,23 +51,44 @@ public:
     int run();
 
 private:
+    // Whose steps the report holds: those of the run that was asked for, or, where the start cleans and ends the
+    // program, those of the start.
+    enum class Noting { Start, Own, Nothing };
+
+    platform::ProfileFiles& profilesFor(const Options& options) {
+        if (options.save) return watched_;
+        return unsaved_;
+    }
     void show(const std::string& text) { session_.out << withHostLineEnds(text) << std::flush; }
     int fail(int status, const std::string& sentence) {
         session_.err << sentence << std::endl;
         return status;
     }
+    platform::RemovalTotals removed() const { return removedSince(before_, session_.platform.removed); }
     bool clickStop();
-    void clean(app::frmMain& main, std::ostream* json);
+    void note(const app::StepResult& result);
+    int rehearse();
+    void start();
+    void clean();
     void end();
-    std::uint64_t freeBytes(const app::frmMain& main);
+    int refuse(int status, const std::string& sentence);
+    int stopped();
+    int finish(int status);
+    std::uint64_t freeBytes(const std::string& drive);
 
     Session& session_;
     const Options& options_;
     UnsavedProfiles unsaved_;
+    WatchedProfiles watched_;
     StopPump pump_;
     ConsoleDisplay display_;
     settings::Program program_;
+    const platform::RemovalTotals before_;
+    // Set by the start. A window that was unloaded keeps its memory, so that this one can be asked to the end.
+    app::frmMain* main_ = nullptr;
+    Noting noting_ = Noting::Start;
     Report report_;
+    std::ofstream json_;
 };
 
 bool Run::clickStop() {
@@ -83,78 +98,156 @@ bool Run::clickStop() {
     return true;
 }
 
-std::uint64_t Run::freeBytes(const app::frmMain& main) {
+std::uint64_t Run::freeBytes(const std::string& drive) {
     std::uint64_t free = 0;
     std::uint64_t total = 0;
-    (void)program_.platform.files.GetDiskFreeSpaceExA(main.diskSizeDrive(), free, total);
+    (void)program_.platform.files.GetDiskFreeSpaceExA(drive, free, total);
     return free;
 }
 
-void Run::clean(app::frmMain& main, std::ostream* json) {
-    report_.version = main.versionText();
+void Run::note(const app::StepResult& result) {
+    if (noting_ == Noting::Nothing) return;
+    report_.steps.push_back(reportedStep(program_, result));
+    // The end of the program may clean once more, inside this very run or behind it: that is not the run asked for.
+    if (noting_ == Noting::Own && result.task->step == app::kSteps) noting_ = Noting::Nothing;
+}
+
+// Goes through the settings with windows that nobody sees, so that whatever cannot be set or honoured is found before
+// the start of the program has changed anything: the start itself may clean.
+int Run::rehearse() {
+    std::ostream nowhere(nullptr);
+    ConsoleDisplay unseen(nowhere, options_.answerYes);
+    settings::Program program(withOwn(session_.platform, unsaved_, session_.platform.events), unseen);
+    app::offerWindowsWithoutMain(program);
+    loadLanguages(program);
+    if (program.get<settings::frmOptions>().chkStartClean.ticked()) {
+        const std::string refusal = whyNotToRun(program);
+        if (!refusal.empty()) {
+            return fail(exit_status::Usage,
+                        refusal + " The stored settings clean at the start, before the command line counts.");
+        }
+    }
+    std::set<std::string> changed;
+    std::string error;
+    if (!applySettings(program, options_, changed, error)) return fail(exit_status::Usage, error);
+    if (const std::string refusal = whyNotToRun(program); !refusal.empty()) return fail(exit_status::Usage, refusal);
+    warnOfMissingProtection(program, display_);
+    warnOfMissingTexts(program, display_);
+    warnOfStepsNotThere(program, display_);
+    return exit_status::Done;
+}
+
+void Run::start() {
+    std::map<std::string, std::uint64_t> free;
+    for (const platform::Drive& drive : program_.platform.files.Drives()) {
+        const std::string name{drive.letter, ':'};
+        free[name] = freeBytes(name);
+    }
+    using Watch = std::chrono::steady_clock;
+    const Watch::time_point begin = Watch::now();
+    main_ = &program_.get<app::frmMain>();
+    report_.elapsed = std::chrono::duration<double>(Watch::now() - begin).count();
+    report_.version = main_->versionText();
     report_.machine = session_.machine;
     report_.method = methodName(program_.selectedKillMethod());
-    report_.freeBefore = freeBytes(main);
-    bool recording = true;
-    main.stepDone.connect([this, &recording](const app::StepResult& result) {
-        if (recording) report_.steps.push_back(reportedStep(program_, result));
-    });
+    report_.freeBefore = free[main_->diskSizeDrive()];
+}
+
+void Run::clean() {
+    report_.steps.clear();
+    report_.method = methodName(program_.selectedKillMethod());
+    report_.freeBefore = freeBytes(main_->diskSizeDrive());
+    noting_ = Noting::Own;
     using Watch = std::chrono::steady_clock;
-    const Watch::time_point start = Watch::now();
-    main.cmdClean_Click();
-    recording = false;
-    report_.elapsed = std::chrono::duration<double>(Watch::now() - start).count();
-    report_.stopped = main.StopRequested();
-    report_.freeAfter = freeBytes(main);
-    if (json != nullptr) writeReport(*json, report_);
+    const Watch::time_point begin = Watch::now();
+    main_->cmdClean_Click();
+    noting_ = Noting::Nothing;
+    report_.elapsed = std::chrono::duration<double>(Watch::now() - begin).count();
 }
 
 // What the close box does, with the program's own end behind it: the cleaning at the end, the log that is to go.
 void Run::end() {
-    if (!display_.ended()) {
-        if (auto* main = program_.windows.ifLoaded<app::frmMain>()) program_.windows.unload(*main);
+    if (display_.ended()) return;
+    if (auto* main = program_.windows.ifLoaded<app::frmMain>()) program_.windows.unload(*main);
+}
+
+// Behind the start, which may have cleaned: what it did is kept.
+int Run::refuse(int status, const std::string& sentence) {
+    const bool some = removedSomething(removed());
+    session_.err << sentence << (some ? " The cleaning at the start had removed something already." : "") << std::endl;
+    return finish(status);
+}
+
+int Run::stopped() {
+    const bool some = removedSomething(removed());
+    return refuse(exit_status::Stopped,
+                  some ? "Stopped before the run that was asked for." : "Stopped before anything was removed.");
+}
+
+// Stores the registry, writes the report of what is really so, and finds the status: `status` where all goes well.
+int Run::finish(int status) {
+    if (!main_->secondInstance()) program_.platform.processes.releaseInstanceLock();
+    report_.freeAfter = freeBytes(main_->diskSizeDrive());
+    report_.stopped = status == exit_status::Stopped;
+    report_.total = removed();
+    std::string error;
+    report_.registryStored = session_.commit(error);
+    if (!report_.registryStored) status = fail(exit_status::MachineUnusable, error);
+    if (json_.is_open()) {
+        writeReport(json_, report_);
+        json_.close();
+        if (!json_) {
+            status = fail(exit_status::MachineUnusable, "\"" + options_.json + "\" could not be written whole.");
+        }
     }
-    program_.platform.processes.releaseInstanceLock();
+    if (watched_.failed()) {
+        display_.warn(kNotStored);
+        status = exit_status::MachineUnusable;
+    }
+    return status;
 }
 
 int Run::run() {
-    std::string error;
-    if (!rehearse(program_.platform, options_, error)) return fail(exit_status::Usage, error);
-
-    StopSignal stop;
-    pump_.click = [this] { return clickStop(); };
-    auto& main = program_.get<app::frmMain>();
-    if (main.secondInstance()) {
-        return fail(exit_status::MachineUnusable,
-                    "Tidvane is already running on this machine; wait until it has ended, then start again.");
-    }
-    std::set<std::string> changed;
-    if (!applySettings(program_, options_, changed, error)) return fail(exit_status::Usage, error);
-    // What OK does for the task list, without storing anything.
-    main.rebuildTaskRows();
-    main.clearTaskStatuses();
-    main.resetTaskIcons();
-    if (const std::string refusal = whyNotToRun(program_); !refusal.empty()) return fail(exit_status::Usage, refusal);
-    warnOfMissingProtection(program_);
-    std::ofstream json;
+    if (const int status = rehearse(); status != exit_status::Done) return status;
     if (!options_.json.empty()) {
-        json.open(options_.json);
-        if (!json) {
+        json_.open(options_.json);
+        if (!json_) {
             return fail(exit_status::Usage, "\"" + options_.json + "\" cannot be written; nothing was removed.");
         }
     }
-    if (options_.save) saveWindows(program_, changed);
-    if (StopSignal::pending()) return fail(exit_status::Stopped, "Stopped before anything was removed.");
 
-    clean(main, options_.json.empty() ? nullptr : &json);
-    json.flush();
-    if (!json) session_.err << "\"" << options_.json << "\" could not be written whole." << std::endl;
+    StopSignal stop;
+    pump_.click = [this] { return clickStop(); };
+    start();
+    if (main_->secondInstance()) {
+        return refuse(exit_status::MachineUnusable,
+                      "Tidvane is already running on this machine; wait until it has ended, then start again.");
+    }
+    if (display_.ended()) {
+        display_.warn(
+            "The stored settings clean at the start and end the program behind it; the command line changed nothing.");
+        return finish(main_->StopRequested() ? exit_status::Stopped : exit_status::Done);
+    }
+    if (main_->StopRequested()) return stopped();
+    std::set<std::string> changed;
+    std::string error;
+    if (!applySettings(program_, options_, changed, error)) return refuse(exit_status::Usage, error);
+    // What OK does for the task list, without storing anything.
+    main_->rebuildTaskRows();
+    main_->clearTaskStatuses();
+    main_->resetTaskIcons();
+    if (const std::string refusal = whyNotToRun(program_); !refusal.empty()) {
+        return refuse(exit_status::Usage, refusal);
+    }
+    if (options_.save) saveWindows(program_, changed);
+    if (StopSignal::pending()) return stopped();
+
+    clean();
+    end();
     if (StopSignal::pending()) {
         session_.err << "The run was over before Ctrl-C could take effect: no task of it lets a stop in." << std::endl;
     }
-    end();
-    if (!session_.commit(error)) return fail(exit_status::MachineUnusable, error);
-    return report_.stopped ? exit_status::Stopped : exit_status::Done;
+    return finish(main_->StopRequested() ? exit_status::Stopped : exit_status::Done);
 }
 
 }  // namespace

@@ -5,11 +5,14 @@
 #include <charconv>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "forms/list_controls.h"
 #include "forms/simple_controls.h"
 #include "forms/text_box.h"
+#include "settings/control_lookup.h"
 #include "settings/modFormINI.h"
+#include "settings/modLanguage.h"
 
 namespace tidvane::console {
 
@@ -95,9 +98,19 @@ std::string valueOf(const forms::Control& control) {
     }
 }
 
+void loadLanguages(settings::Program& program) {
+    // Every attempt that fails leaves one more window loaded, so that the next one gets further.
+    for (std::size_t attempt = 0; attempt <= kStoredWindows.size(); ++attempt) {
+        try {
+            return settings::LoadAllLanguageFiles(program);
+        } catch (const base::RuntimeError&) {
+        }
+    }
+}
+
 void forEachStoredControl(settings::Program& program, const std::function<void(forms::Form&, forms::Control&)>& visit) {
     for (const char* window : kStoredWindows) {
-        forms::Form* form = program.windows.get(window);
+        forms::Form* form = settings::findWindow(program, window);
         if (form == nullptr) continue;
         for (forms::Control* control : form->Controls()) {
             if (isStoredControl(*control)) visit(*form, *control);

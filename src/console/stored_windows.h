@@ -20,7 +20,11 @@ bool isStoredControl(const forms::Control& control);
 // The value as the file holds it; line ends inside a text are written "~|~".
 std::string valueOf(const forms::Control& control);
 
-// Every stored control of every window, windows loaded where they were not.
+// Reads the language files. A window whose stored values cannot be assigned keeps what it got, and the others are
+// captioned none the less.
+void loadLanguages(settings::Program& program);
+
+// Every stored control of every window, windows loaded where they were not, as far as their stored values let them.
 void forEachStoredControl(settings::Program& program, const std::function<void(forms::Form&, forms::Control&)>& visit);
 
 // "window.control", or the control's name alone where only one window has it; members of a control array as
