@@ -2,6 +2,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -345,6 +346,37 @@ TEST_F(MachineTest, CommitRefusesAFileThatSomebodyElseChanged) {
     EXPECT_NE(error.find("user.reg"), std::string::npos) << error;
     EXPECT_EQ(host.content("m/user.reg"), other);
     EXPECT_EQ(host.content("m/system.reg"), system);
+}
+
+TEST_F(MachineTest, CommitChangesNoFileWhenTheSecondFindsNoRoom) {
+    makeMachine();
+    const auto machine = opened();
+    ASSERT_NE(machine, nullptr);
+    machine->registry().tree().machine()->setText("Mark", "1");
+    machine->registry().tree().currentUser()->setText("Mark", std::string(400'000, 'a'));
+    const std::string system = host.content("m/system.reg");
+    const std::string user = host.content("m/user.reg");
+    struct rlimit before {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    struct sigaction ignore {
+    }, previous{};
+    ignore.sa_handler = SIG_IGN;
+    ::sigaction(SIGXFSZ, &ignore, &previous);
+    struct rlimit small = before;
+    small.rlim_cur = system.size() + 4096;  // enough for the first file
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const Status status = machine->commit(error);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    ::sigaction(SIGXFSZ, &previous, nullptr);
+    EXPECT_EQ(status, Status::DiskFull);
+    EXPECT_NE(error.find("user.reg"), std::string::npos) << error;
+    EXPECT_EQ(host.content("m/system.reg"), system);
+    EXPECT_EQ(host.content("m/user.reg"), user);
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(host / "m")) names.insert(entry.path().filename());
+    EXPECT_EQ(names, (std::set<std::string>{"dosdevices", "drive_c", "system.reg", "user.reg"}));
+    EXPECT_EQ(machine->commit(error), Status::Ok) << error;
+    EXPECT_NE(host.content("m/system.reg").find("\"Mark\""), std::string::npos);
 }
 
 TEST_F(MachineTest, AMachineOpenedForReadingIsNeverWritten) {

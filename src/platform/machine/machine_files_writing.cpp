@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 
 #include "platform/common/windows_path.h"
+#include "platform/machine/entry_rename.h"
 #include "platform/machine/file_attributes.h"
 #include "platform/machine/machine_files.h"
 #include "platform/machine/tree_removal.h"
@@ -62,9 +62,9 @@ Status MachineFiles::RenameEntry(const std::string& from, const std::string& to)
         if (!same) return Status::Exists;
         if (place.last() == oldName) return Status::Ok;
     }
-    if (::renameat2(fromFolder.get(), oldName.c_str(), entry.parent, place.last().c_str(), RENAME_NOREPLACE) != 0) {
-        if (errno == EXDEV) return Status::Failed;
-        return errno == EINVAL ? Status::Denied : statusOf(errno);  // a folder into itself
+    if (const int error = renameNoReplace(fromFolder.get(), oldName, entry.parent, place.last()); error != 0) {
+        if (error == EXDEV) return Status::Failed;
+        return error == EINVAL ? Status::Denied : statusOf(error);  // a folder into itself
     }
     resolver_.forget(source, source.names.size() - 1);
     resolver_.forget(place, place.names.size() - 1);

@@ -104,17 +104,30 @@ Status MachineRegistry::write(int directory, std::string& error) {
             return Status::InUse;
         }
     }
+    // All of them lie on the disk whole before the first takes its place.
+    const auto failed = [&error](const File& file, Status status, const char* rest) {
+        error = file.name + " could not be written (" +
+                (status == Status::DiskFull ? "the disk is full" : std::strerror(errno)) + "); " + rest;
+        return status;
+    };
+    struct Pending {
+        File& file;
+        std::unique_ptr<FileReplacement> replacement;
+    };
+    std::vector<Pending> pending;
     for (File& file : files_) {
         if (!file.content->changed()) continue;
-        FileReplacement replacement;
+        pending.push_back({file, std::make_unique<FileReplacement>()});
+        FileReplacement& replacement = *pending.back().replacement;
         Status status = replacement.start(directory, &file.read);
         if (ok(status)) status = replacement.write(file.content->serialize(fileTimeNow()));
-        if (ok(status)) status = replacement.publish(file.name, true);
-        if (!ok(status)) {
-            error = file.name + " could not be written (" +
-                    (status == Status::DiskFull ? "the disk is full" : std::strerror(errno)) +
-                    "); the old one is still there.";
-            return status;
+        if (ok(status)) status = replacement.complete(true);
+        if (!ok(status)) return failed(file, status, "the whole registry is as it was before.");
+    }
+    for (const Pending& one : pending) {
+        File& file = one.file;
+        if (const Status status = one.replacement->publish(file.name, true); !ok(status)) {
+            return failed(file, status, "the old one is still there.");
         }
         file.content->markWritten();
         (void)::fstatat(directory, file.name.c_str(), &file.read, AT_SYMLINK_NOFOLLOW);

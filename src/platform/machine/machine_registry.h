@@ -27,7 +27,9 @@ public:
     [[nodiscard]] bool changed() const;
 
     // Writes what changed. Nothing is written when one of the files to be replaced is no longer the one that was read:
-    // InUse. A file stays whole whatever happens; what was not written is still changed afterwards.
+    // InUse. The new files are complete on the disk before the first one is put in its place, so that a full disk
+    // leaves the whole registry as it was. A file stays whole whatever happens; what was not written is still changed
+    // afterwards.
     Status write(int directory, std::string& error);
 
     // Null: there is no such key. The path goes from the root: "Machine\\...", "User\\<SID>\\...".

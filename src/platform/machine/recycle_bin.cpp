@@ -5,11 +5,11 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <ctime>
 #include <random>
 
 #include "base/text.h"
+#include "platform/machine/entry_rename.h"
 #include "platform/machine/recycle_record.h"
 #include "platform/machine/tree_measure.h"
 #include "platform/machine/tree_removal.h"
@@ -151,9 +151,9 @@ Status RecycleBin::take(const std::string& path) {
     }
     OpenFolder target;
     Status status = files_.openFolder(bin, target);
-    if (ok(status) &&
-        ::renameat2(from.get(), hostName.c_str(), target.handle, ("$R" + name).c_str(), RENAME_NOREPLACE) != 0) {
-        status = errno == EXDEV ? Status::Failed : statusOf(errno, Status::Failed);
+    if (ok(status)) {
+        const int error = renameNoReplace(from.get(), hostName, target.handle, "$R" + name);
+        status = error == EXDEV ? Status::Failed : statusOf(error, Status::Failed);
     }
     files_.forget(path);
     if (!ok(status)) {

@@ -5,8 +5,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <vector>
+
+#include "platform/machine/entry_rename.h"
 
 namespace tidvane::platform::machine {
 
@@ -69,7 +70,7 @@ Status FileReplacement::start(int folder, const struct stat* old) {
     folder_ = folder;
     constexpr int kFlags = O_WRONLY | O_CLOEXEC;
     // Without a name at first, so that a killed process leaves nothing; where the volume cannot do that, with one.
-    file_ = Handle(::openat(folder, ".", kFlags | O_TMPFILE, 0666));
+    if (mayMakeNamelessFiles()) file_ = Handle(::openat(folder, ".", kFlags | O_TMPFILE, 0666));
     if (!file_) {
         temporary_ = temporaryName();
         file_ = Handle(::openat(folder, temporary_.c_str(), kFlags | O_CREAT | O_EXCL | O_NOFOLLOW, 0666));
@@ -91,17 +92,35 @@ Status FileReplacement::write(std::string_view bytes) {
     return error == 0 ? Status::Ok : statusOf(error, Status::Failed);
 }
 
-Status FileReplacement::publish(const std::string& name, bool replace) {
+Status FileReplacement::complete(bool replace) {
+    if (complete_) return Status::Ok;
     if (::fsync(file_.get()) != 0) return statusOf(errno, Status::Failed);
-    if (temporary_.empty()) {
-        const std::string self = "/proc/self/fd/" + std::to_string(file_.get());
-        std::string linked = replace ? temporaryName() : name;
-        if (::linkat(AT_FDCWD, self.c_str(), folder_, linked.c_str(), AT_SYMLINK_FOLLOW) != 0) return statusOf(errno);
-        if (!replace) return Status::Ok;
-        temporary_ = std::move(linked);
+    if (temporary_.empty() && replace) {
+        std::string name = temporaryName();
+        if (const Status status = giveName(name); !ok(status)) return status;
+        temporary_ = std::move(name);
     }
-    const unsigned flags = replace ? 0u : static_cast<unsigned>(RENAME_NOREPLACE);
-    if (::renameat2(folder_, temporary_.c_str(), folder_, name.c_str(), flags) != 0) return statusOf(errno);
+    complete_ = true;
+    return Status::Ok;
+}
+
+// The first name of a file that has none; one that exists already is not replaced.
+Status FileReplacement::giveName(const std::string& name) {
+    const std::string self = "/proc/self/fd/" + std::to_string(file_.get());
+    const bool given = ::linkat(AT_FDCWD, self.c_str(), folder_, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+    return given ? Status::Ok : statusOf(errno);
+}
+
+Status FileReplacement::publish(const std::string& name, bool replace) {
+    if (const Status status = complete(replace); !ok(status)) return status;
+    if (temporary_.empty()) return giveName(name);
+    int error = 0;
+    if (!replace) {
+        error = renameNoReplace(folder_, temporary_, folder_, name);
+    } else if (::renameat(folder_, temporary_.c_str(), folder_, name.c_str()) != 0) {
+        error = errno;
+    }
+    if (error != 0) return statusOf(error);
     temporary_.clear();
     return Status::Ok;
 }

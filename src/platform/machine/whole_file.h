@@ -34,11 +34,17 @@ public:
     Status start(int folder, const struct stat* old);
     Status write(std::string_view bytes);
     [[nodiscard]] int handle() const { return file_.get(); }
+    // Forces it to the disk. What is left for publish() to do needs no room.
+    Status complete(bool replace);
+    // `replace`: the name exists already. Exists, if it is taken without that.
     Status publish(const std::string& name, bool replace);
 
 private:
+    Status giveName(const std::string& name);
+
     int folder_ = -1;
     Handle file_;
+    bool complete_ = false;
     std::string temporary_;  // empty while the new file has no name
 };
 
