@@ -539,6 +539,60 @@ TEST_F(MachineFilesTest, KeepsHiddenAndSystemWhereWineKeepsThem) {
     EXPECT_EQ(attributes, attribute::Normal);
 }
 
+TEST_F(MachineFilesTest, TheFolderAboveARemovedOneKeepsItsRights) {
+    host.file("c/above/target/file");
+    for (const char* below : {"c/above", "c/above/target", "c/above/target/file"})
+        (void)::chown((host / below).c_str(), 65534, 65534);
+    ::chmod((host / "c/above").c_str(), 0555);
+    Status status = Status::Failed;
+    {
+        const LowRights low;
+        status = files.DeleteFolder("C:\\above\\target", true);
+    }
+    EXPECT_EQ(status, Status::Ok);
+    EXPECT_FALSE(host.has("c/above/target"));
+    struct stat info {};
+    ASSERT_EQ(::stat((host / "c/above").c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777, 0555u);
+    ::chmod((host / "c/above").c_str(), 0755);
+}
+
+TEST_F(MachineFilesTest, ReadsTheAttributesThatSambaWrites) {
+    const auto attributesOf = [this](const std::string& value) {
+        host.file("c/s/file");
+        EXPECT_EQ(::setxattr((host / "c/s/file").c_str(), "user.DOSATTRIB", value.data(), value.size(), 0), 0);
+        unsigned attributes = 0;
+        EXPECT_EQ(files.GetAttributes("C:\\s\\file", attributes), Status::Ok);
+        return attributes;
+    };
+    EXPECT_EQ(attributesOf(std::string("0x4\0\3\0\3\0\0\0", 10) + std::string(60, '\x11')), attribute::System);
+    EXPECT_EQ(attributesOf(std::string("\0\0\4\0\4\0\0\0\x51\0\0\0\2\0\0\0", 16) + std::string(40, '\x11')),
+              attribute::Hidden);
+    EXPECT_EQ(attributesOf(std::string("\0\0\4\0\4\0\0\0\x51\0\0\0\x20\0\0\0", 16)), attribute::Archive);
+    EXPECT_EQ(attributesOf("0x0"), attribute::Normal);
+    // What cannot be understood may say that the file is hidden.
+    EXPECT_EQ(attributesOf("0x"), attribute::Hidden);
+    EXPECT_EQ(attributesOf("something else"), attribute::Hidden);
+    EXPECT_EQ(attributesOf(std::string("0x0") + std::string(300, '\0')), attribute::Hidden);
+    EXPECT_EQ(files.KillFiles("C:\\s\\*"), Status::NotFound);
+    EXPECT_TRUE(host.has("c/s/file"));
+}
+
+TEST_F(MachineFilesTest, AFileWhoseAttributesMayNotBeReadCountsAsHidden) {
+    host.file("c/u/file");
+    ASSERT_EQ(::setxattr((host / "c/u/file").c_str(), "user.DOSATTRIB", "0x2", 3, 0), 0);
+    ::chmod((host / "c/u/file").c_str(), 0200);
+    ::chmod((host / "c/u").c_str(), 0777);
+    {
+        const LowRights low;
+        unsigned attributes = 0;
+        EXPECT_EQ(files.GetAttributes("C:\\u\\file", attributes), Status::Ok);
+        EXPECT_EQ(attributes, attribute::Hidden);
+        (void)files.KillFiles("C:\\u\\*");
+    }
+    EXPECT_TRUE(host.has("c/u/file"));
+}
+
 TEST_F(MachineFilesTest, ReplacingAFileKeepsItsRights) {
     host.file("c/keep/file", "old");
     ::chmod((host / "c/keep/file").c_str(), 0640);

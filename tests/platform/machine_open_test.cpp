@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <set>
 
+#include "platform/machine/folder_lock.h"
 #include "platform/machine/machine.h"
 #include "platform/machine/machine_platform.h"
 #include "platform/machine/wine_server.h"
@@ -182,6 +183,28 @@ TEST_F(MachineTest, ASecondTidvaneIsRefusedUntilTheFirstHasEnded) {
     EXPECT_NE(opened(Access::Read), nullptr);
     first.reset();
     EXPECT_NE(opened(), nullptr);
+}
+
+TEST_F(MachineTest, ASecondTidvaneIsRefusedWhereOnlyFilesAreLocked) {
+    makeMachine();
+    limitLocks(LockAbility::FilesOnly);
+    auto first = opened();
+    EXPECT_NE(first, nullptr) << error;
+    EXPECT_TRUE(refusedWith("in use by another Tidvane")) << error;
+    first.reset();
+    EXPECT_NE(opened(), nullptr) << error;
+    limitLocks(LockAbility::All);
+}
+
+TEST_F(MachineTest, AMachineThatCannotBeLockedIsRefused) {
+    makeMachine();
+    host.folder("program");
+    limitLocks(LockAbility::Nothing);
+    EXPECT_TRUE(refusedWith("knows no locks")) << error;
+    EXPECT_NE(opened(Access::Read), nullptr) << error;
+    MachineProcesses processes(host / "program");
+    EXPECT_TRUE(processes.takeInstanceLock());  // the program itself starts
+    limitLocks(LockAbility::All);
 }
 
 TEST_F(MachineTest, AMachineThatMayNotBeWrittenIsRefused) {

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
+#include <string_view>
+#include <system_error>
 
 #include "platform/file_system.h"
 #include "platform/machine/directory_handle.h"
@@ -65,15 +67,31 @@ Status storeAttributes(int parent, const std::string& name, unsigned bits) {
     return errno == ENOTSUP ? Status::Failed : statusOf(errno);
 }
 
+// The number in front of the value, "0x22" or "0x22 and more". Newer versions of Samba leave the text out and go on in
+// binary, least byte first: 2 bytes of padding, 2 bytes version, 4 bytes version again, from version 3 on 4 bytes that
+// tell what is valid (bit 0: the attributes), and 4 bytes attributes. A value that cannot be understood may say that
+// the file is hidden, and counts as that.
+unsigned storedBits(std::string_view value) {
+    unsigned bits = 0;
+    if (value.size() >= 3 && value[0] == '0' && (value[1] == 'x' || value[1] == 'X')) {
+        const auto [end, problem] = std::from_chars(value.data() + 2, value.data() + value.size(), bits, 16);
+        return problem == std::errc() && end != value.data() + 2 ? bits & kStoredBits : attribute::Hidden;
+    }
+    const auto byte = [value](std::size_t at) { return static_cast<unsigned char>(value[at]); };
+    if (value.size() >= 16 && byte(0) == 0 && byte(2) >= 3 && byte(2) <= 5 && byte(3) == 0) {
+        if ((byte(8) & 1) == 0) return 0;
+        return (byte(12) | static_cast<unsigned>(byte(13)) << 8) & kStoredBits;
+    }
+    return attribute::Hidden;
+}
+
 }  // namespace
 
 unsigned storedAttributes(int parent, const std::string& name) {
-    char text[32];
-    const ssize_t length = readStored(parent, name, text, sizeof text - 1);
-    if (length < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return 0;
-    unsigned bits = 0;
-    (void)std::from_chars(text + 2, text + length, bits, 16);
-    return bits & kStoredBits;
+    char text[256];
+    const ssize_t length = readStored(parent, name, text, sizeof text);
+    if (length < 0) return errno == EACCES || errno == ERANGE || errno == EIO ? attribute::Hidden : 0u;
+    return storedBits(std::string_view(text, static_cast<std::size_t>(length)));
 }
 
 void giveStoredAttributes(int file, unsigned stored) {

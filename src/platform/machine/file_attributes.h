@@ -1,8 +1,9 @@
 // The attributes of Windows on files of the host.
 //
 // Read-only is a file that no one may write to. Hidden, system and archive lie in the extended attribute
-// "user.DOSATTRIB" as text "0x2", the form in which Wine and Samba keep them. A leading dot hides nothing: that is
-// a custom of the host and not of the system that is looked at.
+// "user.DOSATTRIB" as text "0x2", the form in which Wine and Samba keep them. Where it cannot be read, the file counts
+// as hidden: it must not turn into a visible one that a mask takes. A leading dot hides nothing: that is a custom of
+// the host and not of the system that is looked at.
 #pragma once
 
 #include <sys/stat.h>

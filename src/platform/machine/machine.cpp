@@ -1,7 +1,6 @@
 #include "platform/machine/machine.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,6 +10,7 @@
 #include <cstdlib>
 
 #include "base/text.h"
+#include "platform/machine/folder_lock.h"
 #include "platform/machine/whole_file.h"
 #include "platform/machine/wine_server.h"
 
@@ -98,11 +98,7 @@ std::unique_ptr<Machine> Machine::open(const std::string& directory, Access acce
             error = inUse(directory);
             return nullptr;
         }
-        if (::flock(handle, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-            error = "The registry of " + quoted(directory) +
-                    " is in use by another Tidvane; wait until it has finished, then start again.";
-            return nullptr;
-        }
+        if (!machine->lock(directory, error)) return nullptr;
         removeStaleReplacements(handle);
     }
     std::string problem;
@@ -115,6 +111,27 @@ std::unique_ptr<Machine> Machine::open(const std::string& directory, Access acce
         return nullptr;
     }
     return machine;
+}
+
+// The folder, or where the volume locks none, system.reg. A commit replaces that file and so gives the lock free a
+// moment before the end; whoever opens the machine then reads the new files.
+bool Machine::lock(const std::string& directory, std::string& error) {
+    LockAnswer answer = lockFolder(handle_.get());
+    if (answer == LockAnswer::Unsupported) {
+        struct stat info {};
+        if (ok(openPlainFile(handle_.get(), "system.reg", O_RDWR, lockedFile_, info))) {
+            answer = lockFile(lockedFile_.get());
+        }
+    }
+    if (answer == LockAnswer::Held) {
+        error = "The registry of " + quoted(directory) +
+                " is in use by another Tidvane; wait until it has finished, then start again.";
+    } else if (answer == LockAnswer::Unsupported) {
+        error = "The registry of " + quoted(directory) +
+                " cannot be locked against other programs, as its volume knows no locks; copy the directory to a "
+                "local disk, or mount the volume with locks.";
+    }
+    return answer == LockAnswer::Taken;
 }
 
 DriveType Machine::driveType(char letter) const {

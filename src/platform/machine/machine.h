@@ -56,11 +56,13 @@ private:
     Machine() = default;
     bool findDrives(std::string& error);
     void findDrive(char letter);
+    bool lock(const std::string& directory, std::string& error);
     [[nodiscard]] Handle openBelow(const std::string& place, bool& listable) const;
     DriveType driveType(char letter) const;
 
     std::string directory_;
     Handle handle_;
+    Handle lockedFile_;  // where the volume locks no folders
     Access access_ = Access::Read;
     MachineRegistry registry_;
     std::vector<MachineDrive> drives_;

@@ -1,12 +1,12 @@
 #include "platform/machine/machine_services.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 
 #include <chrono>
 #include <ctime>
 #include <thread>
 
+#include "platform/machine/folder_lock.h"
 #include "platform/machine/whole_file.h"
 
 namespace tidvane::platform::machine {
@@ -46,7 +46,15 @@ void HostClock::Sleep(int milliseconds) {
 bool MachineProcesses::takeInstanceLock() {
     if (lock_) return true;
     Handle folder(::open(programFolder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder || ::flock(folder.get(), LOCK_EX | LOCK_NB) != 0) return false;
+    if (!folder) return false;
+    const LockAnswer answer = lockFolder(folder.get());
+    if (answer == LockAnswer::Held) return false;
+    if (answer == LockAnswer::Unsupported) {
+        // A volume without locks must not keep the program from ever starting. Its files are replaced as a whole, so
+        // that two programs cost each other a setting at worst. What they leave cannot be told apart: it stays.
+        lock_ = std::move(folder);
+        return true;
+    }
     removeStaleReplacements(folder.get());
     lock_ = std::move(folder);
     return true;

@@ -90,8 +90,12 @@ int TreeRemoval::removeEmpty(int parent, const char* name) {
     }
     if (::unlinkat(parent, name, AT_REMOVEDIR) != 0) {
         const int error = errno;
-        if (error != EACCES || !force_ || !makeWritable(parent)) return error;
-        if (::unlinkat(parent, name, AT_REMOVEDIR) != 0) return errno;
+        struct stat above {};
+        if (error != EACCES || !force_ || ::fstat(parent, &above) != 0 || !makeWritable(parent)) return error;
+        const int second = ::unlinkat(parent, name, AT_REMOVEDIR) == 0 ? 0 : errno;
+        // The folder above may be the one that the target lies in, which stays: as it was.
+        (void)::fchmod(parent, above.st_mode & 07777);
+        if (second != 0) return second;
     }
     ++removed_;
     ++counter_.totals.folders;
