@@ -90,6 +90,22 @@ TEST(ConsoleOptions, AnswerWrongUseWithStatus2OnTheErrorStream) {
     }
 }
 
+TEST(ConsoleOptions, RefuseAnEmptyPathWithASentence) {
+    for (const std::vector<const char*>& arguments :
+         std::vector<std::vector<const char*>>{{"run", "--machine", ""},
+                                               {"--machine", "", "tasks"},
+                                               {"--machine", "/m", "--program", "", "settings"},
+                                               {"run", "--json", ""},
+                                               {"machine", "create", ""},
+                                               {"machine", "info", "--machine", ""}}) {
+        const Parsed parsed = parse(arguments);
+        EXPECT_EQ(parsed.status, exit_status::Usage);
+        EXPECT_NE(parsed.err.find("is empty"), std::string::npos) << parsed.err;
+        EXPECT_EQ(parsed.out, "");
+    }
+    EXPECT_FALSE(parse({"--arguments", "", "run"}).status) << "no path";
+}
+
 TEST(ConsoleOptions, ShowHelpAndVersionOnTheOutput) {
     const Parsed help = parse({"--help"});
     EXPECT_EQ(help.status, exit_status::Done);

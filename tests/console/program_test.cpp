@@ -263,6 +263,30 @@ TEST_F(ConsoleProgram, ListsTasksWithoutTouchingAnything) {
     EXPECT_EQ(everything(), before);
 }
 
+TEST_F(ConsoleProgram, SurvivesABadNumberInTheStoredSettings) {
+    makeSample();
+    ASSERT_EQ(run({"tasks"}).status, 0);
+    console.home().file("data/tidvane/program/td_config.ini",
+                        "[frmIEInDepthClean]\r\nchkIEINDepthClean=bad\r\n[frmTempAge]\r\nchkActivite=bad\r\n");
+    for (const char* command : {"run", "tasks", "settings"}) {
+        const tests::Ended ended = run({command});
+        EXPECT_EQ(ended.status, 0) << command << ": " << ended.err;
+    }
+}
+
+TEST_F(ConsoleProgram, SaysWhyAProgramFolderIsRefused) {
+    makeSample();
+    const std::string before = everything();
+    const std::string file = console.home().file("nofolder");
+    for (const std::string& folder : {file, file + "/below"}) {
+        const tests::Ended ended = run({"--program", folder, "run", "--tick", "all"});
+        EXPECT_EQ(ended.status, 4);
+        EXPECT_EQ(ended.out, "");
+        EXPECT_EQ(std::count(ended.err.begin(), ended.err.end(), '\n'), 1) << ended.err;
+    }
+    EXPECT_EQ(everything(), before);
+}
+
 TEST_F(ConsoleProgram, SearchesTheSwitchesInTheArgumentText) {
     makeSample();
     // The pressed look alone starts no run, and the box of a question is not involved.
