@@ -277,7 +277,8 @@ TEST_F(ConsoleProgram, SurvivesABadNumberInTheStoredSettings) {
 TEST_F(ConsoleProgram, SaysWhyAProgramFolderIsRefused) {
     makeSample();
     const std::string before = everything();
-    const std::string file = console.home().file("nofolder");
+    console.home().file("nofolder");
+    const std::string file = console.home() / "nofolder";
     for (const std::string& folder : {file, file + "/below"}) {
         const tests::Ended ended = run({"--program", folder, "run", "--tick", "all"});
         EXPECT_EQ(ended.status, 4);
