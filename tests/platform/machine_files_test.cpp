@@ -3,16 +3,20 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <signal.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <functional>
 #include <map>
 
 #include "support/host_directory.h"
@@ -215,44 +219,80 @@ TEST_F(MachineFilesTest, DoesNotOverwriteThroughALinkOrAFurtherName) {
     EXPECT_EQ(host.content("outside/precious.txt"), "precious");
 }
 
+// A volume mounted at C:\vol\mounted, in a child with mounts of its own: nobody else sees it, and it ends with the
+// child. Where this process may not mount, the child is the superuser of a user namespace.
 class MountedFilesTest : public MachineFilesTest {
 protected:
-    void SetUp() override {
+    void withVolume(const std::function<void(MachineFiles&)>& body) {
+        constexpr int kMayNotMount = 77;
         host.folder("c/vol/mounted");
-        mounted = ::mount("none", (host / "c/vol/mounted").c_str(), "tmpfs", 0, "size=64k") == 0;
-        if (!mounted) GTEST_SKIP() << "this process may not mount";
+        std::fflush(nullptr);
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            if (!mountVolume()) ::_exit(kMayNotMount);
+            // Opened here: the handles of the parent lead through the parent's mounts.
+            MachineFiles inside(removed);
+            if (!inside.addDrive('C', DriveType::Fixed, host / "c")) ::_exit(1);
+            body(inside);
+            std::fflush(nullptr);
+            ::_exit(HasFailure() ? 1 : 0);
+        }
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFEXITED(status));
+        if (WEXITSTATUS(status) == kMayNotMount) GTEST_SKIP() << "neither this user nor a user namespace may mount";
+        EXPECT_EQ(WEXITSTATUS(status), 0) << "the child tells above what failed";
     }
-    void TearDown() override {
-        if (mounted) ::umount2((host / "c/vol/mounted").c_str(), MNT_DETACH);
+
+private:
+    static bool put(const char* file, const std::string& text) {
+        const Handle handle(::open(file, O_WRONLY | O_CLOEXEC));
+        return handle && ::write(handle.get(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
     }
-    bool mounted = false;
+    bool mountVolume() {
+        const std::string user = std::to_string(::geteuid());
+        const std::string group = std::to_string(::getegid());
+        if (::unshare(CLONE_NEWNS) != 0) {
+            if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+            (void)put("/proc/self/setgroups", "deny");
+            if (!put("/proc/self/uid_map", "0 " + user + " 1") || !put("/proc/self/gid_map", "0 " + group + " 1"))
+                return false;
+        }
+        return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+               ::mount("none", (host / "c/vol/mounted").c_str(), "tmpfs", 0, "size=64k") == 0;
+    }
 };
 
 TEST_F(MountedFilesTest, StaysOutOfMountPoints) {
-    host.file("c/vol/mounted/kept.txt", "0123456789");
-    host.file("c/vol/own.txt", "1");
-    std::vector<FolderEntry> entries;
-    EXPECT_EQ(files.ReadFolder("C:\\vol\\mounted", entries), Status::Denied);
-    EXPECT_EQ(files.RemoveFile("C:\\vol\\mounted\\kept.txt"), Status::PathNotFound);
-    FolderTotals totals;
-    EXPECT_EQ(files.MeasureFolder("C:\\vol", totals), Status::Ok);
-    EXPECT_EQ(totals.bytes, 1u);
-    EXPECT_EQ(files.DeleteFolder("C:\\vol", true), Status::Denied);
-    EXPECT_FALSE(host.has("c/vol/own.txt"));
-    EXPECT_TRUE(host.has("c/vol/mounted/kept.txt"));
+    withVolume([this](MachineFiles& inside) {
+        host.file("c/vol/mounted/kept.txt", "0123456789");
+        host.file("c/vol/own.txt", "1");
+        std::vector<FolderEntry> entries;
+        EXPECT_EQ(inside.ReadFolder("C:\\vol\\mounted", entries), Status::Denied);
+        EXPECT_EQ(inside.RemoveFile("C:\\vol\\mounted\\kept.txt"), Status::PathNotFound);
+        FolderTotals totals;
+        EXPECT_EQ(inside.MeasureFolder("C:\\vol", totals), Status::Ok);
+        EXPECT_EQ(totals.bytes, 1u);
+        EXPECT_EQ(inside.DeleteFolder("C:\\vol", true), Status::Denied);
+        EXPECT_FALSE(host.has("c/vol/own.txt"));
+        EXPECT_TRUE(host.has("c/vol/mounted/kept.txt"));
+    });
 }
 
 TEST_F(MountedFilesTest, KeepsTheOldFileOnAFullDisk) {
-    host.folder("c/vol/mounted/machine");
-    MachineFiles small(removed);
-    ASSERT_TRUE(small.addDrive('C', DriveType::Fixed, host / "c/vol/mounted/machine"));
-    EXPECT_EQ(small.WriteFileBytes("C:\\state.ini", "old content"), Status::Ok);
-    EXPECT_EQ(small.WriteFileBytes("C:\\state.ini", std::string(200'000, 'n')), Status::DiskFull);
-    EXPECT_EQ(host.content("c/vol/mounted/machine/state.ini"), "old content");
-    EXPECT_EQ(small.CopyFileBytes("C:\\state.ini", "C:\\copy.ini"), Status::Ok);
-    std::vector<FolderEntry> entries;
-    EXPECT_EQ(small.ReadFolder("C:\\", entries), Status::Ok);
-    EXPECT_EQ(entries.size(), 2u);
+    withVolume([this](MachineFiles& /*inside*/) {
+        host.folder("c/vol/mounted/machine");
+        MachineFiles small(removed);
+        ASSERT_TRUE(small.addDrive('C', DriveType::Fixed, host / "c/vol/mounted/machine"));
+        EXPECT_EQ(small.WriteFileBytes("C:\\state.ini", "old content"), Status::Ok);
+        EXPECT_EQ(small.WriteFileBytes("C:\\state.ini", std::string(200'000, 'n')), Status::DiskFull);
+        EXPECT_EQ(host.content("c/vol/mounted/machine/state.ini"), "old content");
+        EXPECT_EQ(small.CopyFileBytes("C:\\state.ini", "C:\\copy.ini"), Status::Ok);
+        std::vector<FolderEntry> entries;
+        EXPECT_EQ(small.ReadFolder("C:\\", entries), Status::Ok);
+        EXPECT_EQ(entries.size(), 2u);
+    });
 }
 
 TEST_F(MachineFilesTest, KeepsTheOldFileWhenItCannotBeWrittenWhole) {

@@ -13,6 +13,7 @@
 #include "platform/machine/machine_platform.h"
 #include "platform/machine/recycle_record.h"
 #include "support/host_directory.h"
+#include "support/reference.h"
 
 namespace tidvane::platform::machine {
 namespace {
@@ -120,6 +121,43 @@ TEST_F(MachineShellTest, ASilentRegistryGivesTheDocumentedPlacesOfWindowsXp) {
     EXPECT_EQ(shell().SpecialFolder(csidl::MyPictures), "C:\\Documents and Settings\\anna\\My Documents\\My Pictures");
     EXPECT_EQ(shell().SpecialFolder(25), "C:\\Documents and Settings\\All Users\\Desktop");
     EXPECT_EQ(shell().SpecialFolder(35), "C:\\Documents and Settings\\All Users\\Application Data");
+}
+
+class DocumentedFoldersTest : public MachineShellTest {
+protected:
+    // Compares the places of a machine whose registry says nothing with those documented in this column.
+    void compareWithColumn(const std::string& column, const std::string& userName) {
+        std::size_t compared = 0;
+        for (const auto& row : tests::readReference("shfile.tsv", TIDVANE_REFERENCE_DIR)) {
+            if (!row["op"].starts_with("SHGet")) continue;
+            const std::string documented = base::replaceAll(row[column], "<user>", userName);
+            const std::string found = shell().SpecialFolder(std::stoi(row["input"]));
+            if (documented == "-") {
+                EXPECT_EQ(found, "") << row["input"];
+            } else {
+                EXPECT_TRUE(base::equalNoCase(found, documented))
+                    << row.id() << ": " << found << ", not " << documented;
+            }
+            ++compared;
+        }
+        EXPECT_TRUE(compared == 42 || tests::otherReferenceInUse()) << compared;
+    }
+};
+
+TEST_F(DocumentedFoldersTest, AreThoseOfWindowsXp) {
+    key(user + "Software")->remove();
+    key(user + "Volatile Environment")->remove();
+    key(std::string(kNt) + "\\ProfileList")->remove();
+    key(kNt)->setText("CurrentVersion", "5.1");
+    key(user + "Volatile Environment")->setText("USERNAME", "anna");
+    start();
+    compareWithColumn("xp_documented", "anna");
+}
+
+TEST_F(DocumentedFoldersTest, AreThoseOfWindows7) {
+    key(user + "Software")->remove();
+    start();
+    compareWithColumn("win7_documented", "User");
 }
 
 TEST_F(MachineShellTest, TheTemporaryFolderIsTheUsers) {
