@@ -84,7 +84,11 @@ constexpr std::array kLinks{
     SampleLink{LOCAL "Temp/MyDocuments", "../../../Documents", Goes},
     SampleLink{LOCAL "Temp/7zS4F21/up", "..", Goes},
     SampleLink{LOCAL "Temp/lost", "nowhere/at all", Goes},
+    // Out of the machine's directory, to a part of the host that no one can remove.
+    SampleLink{WINDOWS "Temp/host", "/proc/sys", Goes},
     SampleLink{PROFILE "My Documents", "Documents", Stays},
+    // As in most prefixes; no drive of the machine.
+    SampleLink{"dosdevices/z:", "/", Stays},
 };
 
 constexpr std::array kUnits{

@@ -100,6 +100,16 @@ TEST_F(SampleMachine, CountsItsTimesBackFromNow) {
     }
 }
 
+TEST_F(SampleMachine, HasNoDriveForTheHost) {
+    ASSERT_TRUE(there("dosdevices/z:"));
+    open();
+    std::string letters;
+    for (const platform::Drive& drive : platform->platform().files.Drives()) letters += drive.letter;
+    EXPECT_EQ(letters, "C");
+    EXPECT_FALSE(platform->platform().files.FolderExists("Z:\\proc"));
+    EXPECT_FALSE(platform->platform().files.FolderExists("C:\\Windows\\Temp\\host\\kernel"));
+}
+
 TEST_F(SampleMachine, ShowsTheUnitsOfEveryBin) {
     open();
     platform::RecycleBinInfo bin;
