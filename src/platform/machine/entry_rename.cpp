@@ -16,7 +16,7 @@ VolumeAbility ability = VolumeAbility::All;
 constexpr int kNoFollow = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
 
 bool notKnown(int error) {
-    return error == EINVAL || error == ENOSYS || error == ENOTSUP || error == EOPNOTSUPP;
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
 
 int renameExclusively(int fromFolder, const std::string& from, int toFolder, const std::string& to) {
