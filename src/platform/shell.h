@@ -73,8 +73,8 @@ public:
 
     // An empty root means all drives. 0 when done.
     virtual long SHQueryRecycleBinA(const std::string& root, RecycleBinInfo& info) = 0;
-    // Without kSherbNoConfirmation the user is asked first. Where nobody agrees, or nobody is there to be asked, nothing
-    // is emptied: kErrorCancelled.
+    // Without kSherbNoConfirmation the user is asked first. Where nobody agrees, or nobody is there to be asked,
+    // nothing is emptied: kErrorCancelled.
     virtual long SHEmptyRecycleBinA(std::uint64_t hwnd, const std::string& root, unsigned flags) = 0;
 
     // Above 32 when started. An empty file starts nothing.

@@ -43,9 +43,9 @@ public:
     std::vector<ShFileOp> fileOperations;   // every call of SHFileOperationA
     std::vector<std::string> emptiedRoots;  // every call of SHEmptyRecycleBinA that reached the bin
     std::vector<StartedDocument> started;
-    int fileOperationFails = 0;  // other than 0: every SHFileOperationA answers it and does nothing
-    long queryFails = 0;         // the same for SHQueryRecycleBinA
-    long emptyFails = 0;         // and for SHEmptyRecycleBinA
+    int fileOperationFails = 0;     // other than 0: every SHFileOperationA answers it and does nothing
+    long queryFails = 0;            // the same for SHQueryRecycleBinA
+    long emptyFails = 0;            // and for SHEmptyRecycleBinA
     bool confirmsEmptying = false;  // what the user answers when SHEmptyRecycleBinA asks
     int shellExecuteResult = 42;
     bool shellExecuteExStarts = true;
