@@ -42,6 +42,7 @@ constexpr std::array kFolders{
 
 void FillExplorerMenu(frmMain& main) {
     std::vector<std::string> rows;
+    rows.reserve(kFolders.size());
     for (const FolderRow& row : kFolders)
         rows.push_back(row.label + main.program().platform.shell.SpecialFolder(row.folder));
     std::sort(rows.begin(), rows.end(), base::NoCaseLess{});

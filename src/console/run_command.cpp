@@ -201,8 +201,12 @@ int Run::finish(int status) {
         }
     }
     if (watched_.failed()) {
-        display_.warn(kNotStored);
-        status = exit_status::MachineUnusable;
+        // The sentence that the status stands for; behind another one it is a further warning.
+        if (status == exit_status::MachineUnusable) {
+            display_.warn(kNotStored);
+        } else {
+            status = fail(exit_status::MachineUnusable, kNotStored);
+        }
     }
     return status;
 }

@@ -86,7 +86,7 @@ TEST_F(StoringFails, EndsARunWith4BehindItsWork) {
     options.tick = {"chkTempFolder"};
     EXPECT_EQ(machine.run(options), exit_status::MachineUnusable);
     EXPECT_FALSE(machine.memory.files.has(kTempFile));
-    EXPECT_TRUE(contains(machine.messages(), "Warning: The settings could not be stored"));
+    EXPECT_TRUE(contains(machine.messages(), "The settings could not be stored"));
 }
 
 TEST_F(StoringFails, IsNoMatterWhereNothingWasToBeStored) {
