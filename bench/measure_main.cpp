@@ -6,6 +6,7 @@
 #include <sys/resource.h>
 
 #include <chrono>
+#include <filesystem>
 #include <iostream>
 #include <string>
 
@@ -90,7 +91,9 @@ int main(int argc, char** argv) {
     auto machine = platform::machine::Machine::open(argv[1], platform::machine::Machine::Access::Write, error);
     if (machine == nullptr) return fail(error);
     platform::machine::MachineOptions options;
-    options.programFolder = argv[1];
+    // Beside the machine: the program may not lie in what it cleans.
+    options.programFolder = std::string(argv[1]) + ".program";
+    std::filesystem::create_directories(options.programFolder);
     auto services = platform::machine::MachinePlatform::make(std::move(machine), options, error);
     if (services == nullptr) return fail(error);
     console::ConsoleDisplay display(std::cerr, false);
