@@ -66,6 +66,7 @@ std::vector<std::string> MaskSweep::allMasks() const {
 std::vector<std::string> MaskSweep::readMasks(settings::Program& owner) {
     std::vector<std::string> masks;
     const forms::ListBox& list = owner.get<settings::frmOptions>().lstSearchMasks;
+    masks.reserve(static_cast<std::size_t>(list.ListCount()));
     for (int i = 0; i < list.ListCount(); ++i) masks.push_back(list.List(i));
     return masks;
 }
