@@ -2,6 +2,7 @@
 
 #include "app/frmMain.h"
 #include "app/log_font.h"
+#include "settings/addresses.h"
 #include "settings/log_font_file.h"
 #include "settings/modFormINI.h"
 
@@ -9,7 +10,6 @@ namespace tidvane::app {
 
 namespace {
 constexpr const char* kSection = "WindowStateDiskSize";
-constexpr const char* kCommunityAddress = "https://tidvane.example/community";
 constexpr int kLogHeight = 3600;  // twips that the window grows by when the log is shown
 constexpr unsigned kLinkColour = 0x00FF0000u;
 constexpr unsigned kHoverColour = 0x000000FFu;
@@ -75,7 +75,7 @@ void frmDiskSizeStats::resized() {
 }
 
 void frmDiskSizeStats::openCommunity() {
-    program_.platform.shell.ShellExecuteA("open", kCommunityAddress, "", "", 1);
+    program_.platform.shell.ShellExecuteA("open", settings::address::kCommunity, "", "", 1);
 }
 
 void frmDiskSizeStats::hoverCommunity(bool inside) {

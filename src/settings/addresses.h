@@ -11,6 +11,7 @@ inline constexpr const char* kAddOns = "https://tidvane.example/addons";
 inline constexpr const char* kLanguages = "https://tidvane.example/languages";
 inline constexpr const char* kOnlineHelp = "https://tidvane.example/help";
 inline constexpr const char* kForum = "https://tidvane.example/forum";
+inline constexpr const char* kCommunity = "https://tidvane.example/community";
 inline constexpr const char* kFacebook = "https://tidvane.example/community/like";
 inline constexpr const char* kTwitter = "https://tidvane.example/community/follow";
 inline constexpr const char* kRegister = "https://tidvane.example/community/register";
