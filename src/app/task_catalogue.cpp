@@ -3,7 +3,12 @@
 #include <algorithm>
 #include <array>
 
-#include "tasks/not_there_yet.h"
+#include "app/plug_in_step.h"
+#include "tasks/browser_tasks.h"
+#include "tasks/internet_explorer_tasks.h"
+#include "tasks/office_tasks.h"
+#include "tasks/own_list_tasks.h"
+#include "tasks/search_task.h"
 #include "tasks/windows_tasks.h"
 
 namespace tidvane::app {
@@ -15,9 +20,9 @@ using namespace tidvane::tasks;
 // clang-format off
 constexpr std::array kCatalogue{
     // step, text of the name, fixed name, gate of the worker, gate of the row, group, worker
-    CleaningTask{1, 222, nullptr, {"frmOptions", "chkSearchTasks"}, {"frmOptions", "chkSearchTasks"}, Group::Search, notThereYetSilent},
-    CleaningTask{2, 220, nullptr, {"frmOptions", "chkActivateOwnFolder"}, {"frmOptions", "chkActivateOwnFolder"}, Group::Custom, notThereYetOwnFolders},  // one row for both
-    CleaningTask{3, 220, nullptr, {"frmOptions", "chkActivateOwnFiles"}, {"frmOptions", "chkActivateOwnFiles"}, Group::Custom, notThereYetOwnFiles},  // one row for both
+    CleaningTask{1, 222, nullptr, {"frmOptions", "chkSearchTasks"}, {"frmOptions", "chkSearchTasks"}, Group::Search, SearchMaskFiles},
+    CleaningTask{2, 220, nullptr, {"frmOptions", "chkActivateOwnFolder"}, {"frmOptions", "chkActivateOwnFolder"}, Group::Custom, cleanOwnFolders},  // one row for both
+    CleaningTask{3, 220, nullptr, {"frmOptions", "chkActivateOwnFiles"}, {"frmOptions", "chkActivateOwnFiles"}, Group::Custom, cleanOwnFiles},  // one row for both
     CleaningTask{4, 200, nullptr, {"frmOptions", "chkRecentDocuments"}, {"frmOptions", "chkRecentDocuments"}, Group::Windows, cleanWindowsRegistry},
     CleaningTask{5, 201, nullptr, {"frmOptions", "chkSearchList"}, {"frmOptions", "chkSearchList"}, Group::Windows, cleanWindowsRegistry},
     CleaningTask{6, 202, nullptr, {"frmOptions", "chkComputerList"}, {"frmOptions", "chkComputerList"}, Group::Windows, cleanWindowsRegistry},
@@ -38,45 +43,45 @@ constexpr std::array kCatalogue{
     CleaningTask{21, 217, nullptr, {"frmOptions", "chkRecentMediaPlayer"}, {"frmOptions", "chkRecentMediaPlayer"}, Group::Windows, cleanWindowsRegistry},
     CleaningTask{22, 218, nullptr, {"frmOptions", "chkAlphabetizeStartMenu"}, {"frmOptions", "chkAlphabetizeStartMenu"}, Group::Windows, sortMenuOrder},
     CleaningTask{23, 219, nullptr, {"frmOptions", "chkAlphabetizeFavorites"}, {"frmOptions", "chkAlphabetizeFavorites"}, Group::Windows, sortMenuOrder},
-    CleaningTask{24, 231, nullptr, {"frmIEInDepthClean", "chkIEINDepthCleanAll"}, {nullptr, nullptr}, Group::InternetExplorer, notThereYetSilent},
-    CleaningTask{25, 223, nullptr, {"frmOptions", "chkIEHistory"}, {"frmOptions", "chkIEHistory"}, Group::InternetExplorer, notThereYet},
-    CleaningTask{26, 224, nullptr, {"frmOptions", "chkIECookies"}, {"frmOptions", "chkIECookies"}, Group::InternetExplorer, notThereYet},
-    CleaningTask{27, 225, nullptr, {"frmOptions", "chkIECache"}, {"frmOptions", "chkIECache"}, Group::InternetExplorer, notThereYet},
-    CleaningTask{28, 226, nullptr, {"frmOptions", "chkIEURL"}, {"frmOptions", "chkIEURL"}, Group::InternetExplorer, notThereYet},
-    CleaningTask{29, 227, nullptr, {"frmOptions", "chkIEAutoCompleteForms"}, {"frmOptions", "chkIEAutoCompleteForms"}, Group::InternetExplorer, notThereYet},
-    CleaningTask{30, 228, nullptr, {"frmOptions", "chkIEDownloadedProgramFiles"}, {"frmOptions", "chkIEDownloadedProgramFiles"}, Group::InternetExplorer, notThereYet},
-    CleaningTask{31, 229, nullptr, {"frmOptions", "chkIEOfflineSites"}, {"frmOptions", "chkIEOfflineSites"}, Group::InternetExplorer, notThereYet},
-    CleaningTask{32, 230, nullptr, {"frmOptions", "chkIEAlexa"}, {"frmOptions", "chkIEAlexa"}, Group::InternetExplorer, notThereYet},
-    CleaningTask{33, 237, nullptr, {"frmOptions", "chkMozillaHistory"}, {"frmOptions", "chkMozillaHistory"}, Group::Firefox, notThereYet},
-    CleaningTask{34, 238, nullptr, {"frmOptions", "chkMozillaCookies"}, {"frmOptions", "chkMozillaCookies"}, Group::Firefox, notThereYet},
-    CleaningTask{35, 239, nullptr, {"frmOptions", "chkMozillaCache"}, {"frmOptions", "chkMozillaCache"}, Group::Firefox, notThereYet},
-    CleaningTask{36, 240, nullptr, {"frmOptions", "chkMozillaAutoComplete"}, {"frmOptions", "chkMozillaAutoComplete"}, Group::Firefox, notThereYet},
-    CleaningTask{37, 241, nullptr, {"frmOptions", "chkMozillaDownloads"}, {"frmOptions", "chkMozillaDownloads"}, Group::Firefox, notThereYet},
-    CleaningTask{38, 242, nullptr, {"frmOptions", "chkMozillaGoogleToolbar"}, {"frmOptions", "chkMozillaGoogleToolbar"}, Group::Firefox, notThereYet},
-    CleaningTask{39, 243, nullptr, {"frmOptions", "chkMozillaCrashReports"}, {"frmOptions", "chkMozillaCrashReports"}, Group::Firefox, notThereYet},
-    CleaningTask{40, 244, nullptr, {"frmOptions", "chkMozillaSearchHistory"}, {"frmOptions", "chkMozillaSearchHistory"}, Group::Firefox, notThereYet},
-    CleaningTask{41, 245, nullptr, {"frmOptions", "chkMozillaSession"}, {"frmOptions", "chkMozillaSession"}, Group::Firefox, notThereYet},
-    CleaningTask{42, 246, nullptr, {"frmOptions", "chkOperaHistory"}, {"frmOptions", "chkOperaHistory"}, Group::Opera, notThereYet},
-    CleaningTask{43, 247, nullptr, {"frmOptions", "chkOperaCookies"}, {"frmOptions", "chkOperaCookies"}, Group::Opera, notThereYet},
-    CleaningTask{44, 248, nullptr, {"frmOptions", "chkOperaCache"}, {"frmOptions", "chkOperaCache"}, Group::Opera, notThereYet},
-    CleaningTask{45, 249, nullptr, {"frmOptions", "chkOperaURL"}, {"frmOptions", "chkOperaURL"}, Group::Opera, notThereYet},
-    CleaningTask{46, 250, nullptr, {"frmOptions", "chkOperaDownloads"}, {"frmOptions", "chkOperaDownloads"}, Group::Opera, notThereYet},
-    CleaningTask{47, 251, nullptr, {"frmOptions", "chkOperaWebsiteIcons"}, {"frmOptions", "chkOperaWebsiteIcons"}, Group::Opera, notThereYet},
-    CleaningTask{48, 252, nullptr, {"frmOptions", "chkChromeHistory"}, {"frmOptions", "chkChromeHistory"}, Group::Chrome, notThereYet},
-    CleaningTask{49, 253, nullptr, {"frmOptions", "chkChromeCookies"}, {"frmOptions", "chkChromeCookies"}, Group::Chrome, notThereYet},
-    CleaningTask{50, 254, nullptr, {"frmOptions", "chkChromeCache"}, {"frmOptions", "chkChromeCache"}, Group::Chrome, notThereYet},
-    CleaningTask{51, 255, nullptr, {"frmOptions", "chkChromeSession"}, {"frmOptions", "chkChromeSession"}, Group::Chrome, notThereYet},
-    CleaningTask{52, 256, nullptr, {"frmOptions", "chkChromeDownloads"}, {"frmOptions", "chkChromeDownloads"}, Group::Chrome, notThereYet},
-    CleaningTask{53, 257, nullptr, {"frmOptions", "chkSafariHistory"}, {"frmOptions", "chkSafariHistory"}, Group::Safari, notThereYet},
-    CleaningTask{54, 258, nullptr, {"frmOptions", "chkSafariCookies"}, {"frmOptions", "chkSafariCookies"}, Group::Safari, notThereYet},
-    CleaningTask{55, 259, nullptr, {"frmOptions", "chkSafariCache"}, {"frmOptions", "chkSafariCache"}, Group::Safari, notThereYet},
-    CleaningTask{56, 260, nullptr, {"frmOptions", "chkSafariCache"}, {"frmOptions", "chkSafariSavedForms"}, Group::Safari, notThereYet},  // row and worker ask different boxes: intended
-    CleaningTask{57, 0, "Microsoft Office Access", {"frmOptions", "chkMSAccess"}, {"frmOptions", "chkMSAccess"}, Group::Office, notThereYetOffice},
-    CleaningTask{58, 0, "Microsoft Office Excel", {"frmOptions", "chkMSExcel"}, {"frmOptions", "chkMSExcel"}, Group::Office, notThereYetOffice},
-    CleaningTask{59, 0, "Microsoft Office PowerPoint", {"frmOptions", "chkMSPowerPoint"}, {"frmOptions", "chkMSPowerPoint"}, Group::Office, notThereYetOffice},
-    CleaningTask{60, 0, "Microsoft Office Word", {"frmOptions", "chkMSWord"}, {"frmOptions", "chkMSWord"}, Group::Office, notThereYetOffice},
-    CleaningTask{61, 0, "Microsoft Office Front Page", {"frmOptions", "chkMSFrontPage"}, {"frmOptions", "chkMSFrontPage"}, Group::Office, notThereYetOffice},
-    CleaningTask{62, 104, nullptr, {nullptr, nullptr}, {nullptr, nullptr}, Group::PlugIns, notThereYetPlugIns},
+    CleaningTask{24, 231, nullptr, {"frmIEInDepthClean", "chkIEINDepthCleanAll"}, {nullptr, nullptr}, Group::InternetExplorer, clearAllOfInternetExplorer},
+    CleaningTask{25, 223, nullptr, {"frmOptions", "chkIEHistory"}, {"frmOptions", "chkIEHistory"}, Group::InternetExplorer, cleanIeHistory},
+    CleaningTask{26, 224, nullptr, {"frmOptions", "chkIECookies"}, {"frmOptions", "chkIECookies"}, Group::InternetExplorer, cleanIeCookies},
+    CleaningTask{27, 225, nullptr, {"frmOptions", "chkIECache"}, {"frmOptions", "chkIECache"}, Group::InternetExplorer, cleanIeCache},
+    CleaningTask{28, 226, nullptr, {"frmOptions", "chkIEURL"}, {"frmOptions", "chkIEURL"}, Group::InternetExplorer, cleanIeTypedAddresses},
+    CleaningTask{29, 227, nullptr, {"frmOptions", "chkIEAutoCompleteForms"}, {"frmOptions", "chkIEAutoCompleteForms"}, Group::InternetExplorer, cleanIeAutoComplete},
+    CleaningTask{30, 228, nullptr, {"frmOptions", "chkIEDownloadedProgramFiles"}, {"frmOptions", "chkIEDownloadedProgramFiles"}, Group::InternetExplorer, cleanIeFolder},
+    CleaningTask{31, 229, nullptr, {"frmOptions", "chkIEOfflineSites"}, {"frmOptions", "chkIEOfflineSites"}, Group::InternetExplorer, cleanIeFolder},
+    CleaningTask{32, 230, nullptr, {"frmOptions", "chkIEAlexa"}, {"frmOptions", "chkIEAlexa"}, Group::InternetExplorer, cleanIeToolbarButton},
+    CleaningTask{33, 237, nullptr, {"frmOptions", "chkMozillaHistory"}, {"frmOptions", "chkMozillaHistory"}, Group::Firefox, cleanProfileFiles},
+    CleaningTask{34, 238, nullptr, {"frmOptions", "chkMozillaCookies"}, {"frmOptions", "chkMozillaCookies"}, Group::Firefox, cleanProfileFiles},
+    CleaningTask{35, 239, nullptr, {"frmOptions", "chkMozillaCache"}, {"frmOptions", "chkMozillaCache"}, Group::Firefox, cleanFirefoxCache},
+    CleaningTask{36, 240, nullptr, {"frmOptions", "chkMozillaAutoComplete"}, {"frmOptions", "chkMozillaAutoComplete"}, Group::Firefox, cleanProfileFiles},
+    CleaningTask{37, 241, nullptr, {"frmOptions", "chkMozillaDownloads"}, {"frmOptions", "chkMozillaDownloads"}, Group::Firefox, cleanProfileFiles},
+    CleaningTask{38, 242, nullptr, {"frmOptions", "chkMozillaGoogleToolbar"}, {"frmOptions", "chkMozillaGoogleToolbar"}, Group::Firefox, cleanProfileFiles},
+    CleaningTask{39, 243, nullptr, {"frmOptions", "chkMozillaCrashReports"}, {"frmOptions", "chkMozillaCrashReports"}, Group::Firefox, cleanFirefoxCrashReports},
+    CleaningTask{40, 244, nullptr, {"frmOptions", "chkMozillaSearchHistory"}, {"frmOptions", "chkMozillaSearchHistory"}, Group::Firefox, cleanProfileFiles},
+    CleaningTask{41, 245, nullptr, {"frmOptions", "chkMozillaSession"}, {"frmOptions", "chkMozillaSession"}, Group::Firefox, cleanProfileFiles},
+    CleaningTask{42, 246, nullptr, {"frmOptions", "chkOperaHistory"}, {"frmOptions", "chkOperaHistory"}, Group::Opera, cleanProfileFiles},
+    CleaningTask{43, 247, nullptr, {"frmOptions", "chkOperaCookies"}, {"frmOptions", "chkOperaCookies"}, Group::Opera, cleanProfileFiles},
+    CleaningTask{44, 248, nullptr, {"frmOptions", "chkOperaCache"}, {"frmOptions", "chkOperaCache"}, Group::Opera, cleanOperaCache},
+    CleaningTask{45, 249, nullptr, {"frmOptions", "chkOperaURL"}, {"frmOptions", "chkOperaURL"}, Group::Opera, cleanProfileFiles},
+    CleaningTask{46, 250, nullptr, {"frmOptions", "chkOperaDownloads"}, {"frmOptions", "chkOperaDownloads"}, Group::Opera, cleanProfileFiles},
+    CleaningTask{47, 251, nullptr, {"frmOptions", "chkOperaWebsiteIcons"}, {"frmOptions", "chkOperaWebsiteIcons"}, Group::Opera, cleanOperaIcons},
+    CleaningTask{48, 252, nullptr, {"frmOptions", "chkChromeHistory"}, {"frmOptions", "chkChromeHistory"}, Group::Chrome, cleanProfileFiles},
+    CleaningTask{49, 253, nullptr, {"frmOptions", "chkChromeCookies"}, {"frmOptions", "chkChromeCookies"}, Group::Chrome, cleanChromeCookies},
+    CleaningTask{50, 254, nullptr, {"frmOptions", "chkChromeCache"}, {"frmOptions", "chkChromeCache"}, Group::Chrome, cleanChromeCache},
+    CleaningTask{51, 255, nullptr, {"frmOptions", "chkChromeSession"}, {"frmOptions", "chkChromeSession"}, Group::Chrome, cleanProfileFiles},
+    CleaningTask{52, 256, nullptr, {"frmOptions", "chkChromeDownloads"}, {"frmOptions", "chkChromeDownloads"}, Group::Chrome, cleanProfileFiles},
+    CleaningTask{53, 257, nullptr, {"frmOptions", "chkSafariHistory"}, {"frmOptions", "chkSafariHistory"}, Group::Safari, cleanSafariHistory},
+    CleaningTask{54, 258, nullptr, {"frmOptions", "chkSafariCookies"}, {"frmOptions", "chkSafariCookies"}, Group::Safari, cleanSafariCookies},
+    CleaningTask{55, 259, nullptr, {"frmOptions", "chkSafariCache"}, {"frmOptions", "chkSafariCache"}, Group::Safari, cleanProfileFiles},
+    CleaningTask{56, 260, nullptr, {"frmOptions", "chkSafariCache"}, {"frmOptions", "chkSafariSavedForms"}, Group::Safari, cleanProfileFiles},  // row and worker ask different boxes: intended
+    CleaningTask{57, 0, "Microsoft Office Access", {"frmOptions", "chkMSAccess"}, {"frmOptions", "chkMSAccess"}, Group::Office, cleanOffice},
+    CleaningTask{58, 0, "Microsoft Office Excel", {"frmOptions", "chkMSExcel"}, {"frmOptions", "chkMSExcel"}, Group::Office, cleanOffice},
+    CleaningTask{59, 0, "Microsoft Office PowerPoint", {"frmOptions", "chkMSPowerPoint"}, {"frmOptions", "chkMSPowerPoint"}, Group::Office, cleanOffice},
+    CleaningTask{60, 0, "Microsoft Office Word", {"frmOptions", "chkMSWord"}, {"frmOptions", "chkMSWord"}, Group::Office, cleanOffice},
+    CleaningTask{61, 0, "Microsoft Office Front Page", {"frmOptions", "chkMSFrontPage"}, {"frmOptions", "chkMSFrontPage"}, Group::Office, cleanOffice},
+    CleaningTask{62, 104, nullptr, {nullptr, nullptr}, {nullptr, nullptr}, Group::PlugIns, cleanPlugIns},
 };
 // clang-format on
 static_assert(kCatalogue.size() == kSteps, "a row was lost or added: the walk has 62 steps");
@@ -99,8 +104,32 @@ const GroupRow& groupRow(Group group) {
 }
 
 // The one table of what is not there yet: these stand-ins report an unticked step.
-constexpr std::array kStandIns{notThereYet,         notThereYetSilent, notThereYetOwnFolders,
-                               notThereYetOwnFiles, notThereYetOffice, notThereYetPlugIns};
+// clang-format off
+constexpr std::array<Worker, 22> kStandIns{
+    SearchMaskFiles,
+    cleanOwnFolders,
+    cleanOwnFiles,
+    clearAllOfInternetExplorer,
+    cleanIeHistory,
+    cleanIeCookies,
+    cleanIeCache,
+    cleanIeTypedAddresses,
+    cleanIeAutoComplete,
+    cleanIeFolder,
+    cleanIeToolbarButton,
+    cleanProfileFiles,
+    cleanFirefoxCache,
+    cleanFirefoxCrashReports,
+    cleanOperaCache,
+    cleanOperaIcons,
+    cleanChromeCookies,
+    cleanChromeCache,
+    cleanSafariHistory,
+    cleanSafariCookies,
+    cleanOffice,
+    cleanPlugIns,
+};
+// clang-format on
 
 }  // namespace
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <string>
 
 namespace tidvane::platform {
 
@@ -25,11 +27,22 @@ struct RemovalTotals {
     bool operator==(const RemovalTotals&) const = default;
 };
 
+enum class RemovedKind { File, Folder, Key, Value };
+
+struct RemovedEntry {
+    RemovedKind kind;
+    std::string path;         // as the machine knows it: "C:\\...", "HKEY_CURRENT_USER\\...", a value as "key\\[name]"
+    std::uint64_t bytes = 0;  // of a file
+};
+
 // Shared by all services of one platform. Files moved to a recycle bin count as removed.
 struct RemovalCounter {
     RemovalTotals totals;
     // Lengths cost one system call a file; they are only asked for when somebody will read them.
     bool wantBytes = false;
+    // Told of every entry, in the order of removal, where somebody wants the paths: a preview with details. A real run
+    // removes trees by handles and knows no paths; there nobody is told.
+    std::function<void(const RemovedEntry&)> each;
 };
 
 }  // namespace tidvane::platform
