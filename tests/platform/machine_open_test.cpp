@@ -202,7 +202,8 @@ TEST_F(MachineTest, AMachineThatCannotBeLockedIsRefused) {
     limitLocks(LockAbility::Nothing);
     EXPECT_TRUE(refusedWith("knows no locks")) << error;
     EXPECT_NE(opened(Access::Read), nullptr) << error;
-    MachineProcesses processes(host / "program");
+    MachineBrowserCache cache;
+    MachineProcesses processes(host / "program", cache);
     EXPECT_TRUE(processes.takeInstanceLock());  // the program itself starts
     limitLocks(LockAbility::All);
 }

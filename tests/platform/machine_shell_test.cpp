@@ -249,7 +249,7 @@ TEST_F(MachineShellTest, NothingIsStartedAndNothingFetched) {
 
 TEST_F(MachineShellTest, TheInstanceLockKeepsASecondProcessOut) {
     start();
-    MachineProcesses other(host / "program");
+    MachineProcesses other(host / "program", made->platform().browserCache);
     EXPECT_TRUE(made->platform().processes.takeInstanceLock());
     EXPECT_TRUE(made->platform().processes.takeInstanceLock());
     EXPECT_FALSE(other.takeInstanceLock());

@@ -53,7 +53,7 @@ MachinePlatform::MachinePlatform(std::unique_ptr<Machine> machine, const Machine
       guardedRegistry_(registry_, removed_, warn_),
       profiles_(guardedFiles_, base::CodePage(codePage_)),
       scriptHost_(guardedRegistry_, codePage_),
-      processes_(options.programFolder) {}
+      processes_(options.programFolder, browserCache_) {}
 
 std::unique_ptr<MachinePlatform> MachinePlatform::make(std::unique_ptr<Machine> machine, const MachineOptions& options,
                                                        std::string& error) {

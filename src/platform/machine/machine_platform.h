@@ -66,9 +66,9 @@ private:
     GuardedRegistry guardedRegistry_;
     ProfileFilesOnFiles profiles_;
     ScriptHostOnRegistry scriptHost_;
+    MachineBrowserCache browserCache_;
     MachineProcesses processes_;
     MachineSession session_;
-    MachineBrowserCache browserCache_;
     MachineNetwork network_;
     MachineRestorePoints restorePoints_;
     HostClock clock_;

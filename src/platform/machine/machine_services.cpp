@@ -6,6 +6,7 @@
 #include <ctime>
 #include <thread>
 
+#include "platform/common/clear_tracks_command.h"
 #include "platform/machine/folder_lock.h"
 #include "platform/machine/whole_file.h"
 
@@ -41,6 +42,10 @@ double HostClock::timer() {
 
 void HostClock::Sleep(int milliseconds) {
     if (milliseconds > 0) std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+std::unique_ptr<Process> MachineProcesses::CreateProcessA(const std::string& commandLine, int /*show*/) {
+    return runClearTracksCommand(commandLine, cache_);
 }
 
 bool MachineProcesses::takeInstanceLock() {

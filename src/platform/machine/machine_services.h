@@ -36,16 +36,17 @@ private:
 class MachineProcesses final : public Processes {
 public:
     // The lock lies on the program's folder itself: it leaves no file and ends with the process.
-    explicit MachineProcesses(std::string programFolder) : programFolder_(std::move(programFolder)) {}
+    MachineProcesses(std::string programFolder, BrowserCache& cache)
+        : programFolder_(std::move(programFolder)), cache_(cache) {}
 
-    std::unique_ptr<Process> CreateProcessA(const std::string& /*commandLine*/, int /*show*/) override {
-        return nullptr;
-    }
+    // Starts nothing. What the browser's own cleaner is asked for by its command line is done here instead.
+    std::unique_ptr<Process> CreateProcessA(const std::string& commandLine, int show) override;
     bool takeInstanceLock() override;
     void releaseInstanceLock() override { lock_.reset(); }
 
 private:
     std::string programFolder_;
+    BrowserCache& cache_;
     Handle lock_;
 };
 
