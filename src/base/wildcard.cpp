@@ -130,6 +130,19 @@ bool Wildcard::matches(std::string_view name) const {
     return false;
 }
 
+// A star takes a whole name, and everything behind it that is no character of its own matches at the end. In front of
+// it only what may also match nothing wherever it stands.
+bool Wildcard::matchesEveryName() const {
+    const std::size_t firstStar = tokens_.find(star);
+    if (firstStar == std::u32string::npos) return false;
+    const auto takesNothing = [](char32_t token) {
+        return token == one || token == dotOrEnd || token == star || token == starNoDot;
+    };
+    return std::all_of(tokens_.begin(), tokens_.begin() + static_cast<std::ptrdiff_t>(firstStar),
+                       [](char32_t token) { return token == one; }) &&
+           std::all_of(tokens_.begin() + static_cast<std::ptrdiff_t>(firstStar), tokens_.end(), takesNothing);
+}
+
 // Between two stars the tokens take a stretch of the name that depends on where they start alone, and a later start
 // never ends earlier; so the first place that fits is the best, and going back to the last star is enough.
 bool Wildcard::matchesTokens(std::string_view name) const {

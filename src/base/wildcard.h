@@ -22,6 +22,8 @@ class Wildcard {
 public:
     explicit Wildcard(std::string_view mask);
     [[nodiscard]] bool matches(std::string_view name) const;
+    // True for "*", "*.*", "?*", "*.?" and all others that leave no name out.
+    [[nodiscard]] bool matchesEveryName() const;
 
 private:
     friend class MaskSet;

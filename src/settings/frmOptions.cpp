@@ -4,6 +4,7 @@
 
 #include "base/runtime_error.h"
 #include "settings/frmMoreToConfigure.h"
+#include "settings/list_files.h"
 #include "settings/log_font_file.h"
 #include "settings/modFormINI.h"
 #include "settings/modLanguage.h"
@@ -59,8 +60,8 @@ void passOverErrors(Step step) {
 frmOptions::frmOptions(settings::Program& program)
     : Form(kName),
       program_(program),
-      lists_{ListFile{"td_folders.dat", &lstFolders}, ListFile{"td_fkeys.dat", &lstFiles},
-             ListFile{"td_ftypes.dat", &lstSearchMasks}} {
+      lists_{ListFile{kListFiles[0], &lstFolders}, ListFile{kListFiles[1], &lstFiles},
+             ListFile{kListFiles[2], &lstSearchMasks}} {
     designStates();
     buildTaskTable();
     connectTaskPages();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace tidvane::settings {
 
 namespace {
@@ -50,7 +52,11 @@ ListItems parseListItems(std::string_view text) {
             const std::string_view item = takeItem(rest);
             if (!item.empty()) content.items.emplace_back(item);
         }
-        if (content.items.size() > before + 1) content.splitLines.emplace_back(line);
+        const std::size_t came = content.items.size() - before;
+        if (came > 1) content.splitLines.emplace_back(line);
+        if (came > 1 || (came == 1 && base::trimBlanks(content.items.back()) != base::trimBlanks(line))) {
+            content.changedLines.emplace_back(line);
+        }
     }
     return content;
 }

@@ -2,6 +2,7 @@
 // CR LF.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,9 +12,13 @@
 
 namespace tidvane::settings {
 
+// Folders; files and registry keys; masks. In the order in which they are written.
+inline constexpr std::array kListFiles{"td_folders.dat", "td_fkeys.dat", "td_ftypes.dat"};
+
 struct ListItems {
-    std::vector<std::string> items;       // without empty ones
-    std::vector<std::string> splitLines;  // lines of which more than one item came
+    std::vector<std::string> items;         // without empty ones
+    std::vector<std::string> splitLines;    // lines of which more than one item came
+    std::vector<std::string> changedLines;  // these, and lines whose one item differs from them in more than blanks
 };
 
 // Takes a text apart as list input does: a comma ends an item, a double quote opens a quoted item, blanks in front of
