@@ -191,6 +191,13 @@ TEST(ProfileText, KeepsCommentsIndentationAndLineEnds) {
 }
 
 // Any bytes may stand in a file that somebody damaged.
+TEST(ProfileText, WritesAValueInFrontOfANulThatWouldHideIt) {
+    const std::string file("[a]\r\nkey\0\0=1\r\nother=2\r\n", 24);
+    const std::string written = withProfileString(file, "a", "key", "new");
+    EXPECT_EQ(get(written, "a", "key"), "new");
+    EXPECT_EQ(get(written, "a", "other"), "2");
+}
+
 TEST(ProfileText, SurvivesBinaryFiles) {
     unsigned state = 1;
     for (int round = 0; round < 2000; ++round) {

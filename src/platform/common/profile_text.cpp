@@ -43,7 +43,7 @@ struct Line {
     Text value;  // behind "="
     bool hasValue = false;
     std::size_t start = 0;
-    std::size_t valueStart = 0;  // behind "=", or the end of a line without one
+    std::size_t valueStart = 0;  // behind "=", or the end of what is seen of a line without one
     std::size_t end = 0;         // behind the last byte in front of the line end
     std::size_t next = 0;        // behind the line end
 };
@@ -73,7 +73,8 @@ public:
 
 private:
     void read(Line& line, Text text) const {
-        text = trim(text.substr(0, text.find('\0')));
+        const std::size_t seen = std::min(text.find('\0'), text.size());
+        text = trim(text.substr(0, seen));
         if (text.empty()) return;
         if (text.front() == '[') {
             const std::size_t close = text.rfind(']');
@@ -87,7 +88,7 @@ private:
         const std::size_t sign = text.find('=');
         line.hasValue = sign != Text::npos;
         line.name = trim(text.substr(0, sign));
-        line.valueStart = line.end;
+        line.valueStart = line.start + seen;
         if (!line.hasValue) return;
         line.value = trim(text.substr(sign + 1));
         line.valueStart = static_cast<std::size_t>(text.data() - file_.data()) + sign + 1;
