@@ -8,11 +8,15 @@
 
 namespace tidvane::tasks {
 
+void logCounts(settings::Program& program, const std::string& label, std::uint64_t files, std::uint64_t bytes) {
+    program.report().AddLogLine(label + " " + base::numberText(static_cast<std::int64_t>(files)) + " " +
+                                program.LangText(500) + " (" + removal::FormatSize(bytes, program.locale()) + ")");
+}
+
 void logFolderAndCounts(settings::Program& program, const std::string& name, const std::string& folder,
                         std::uint64_t files, std::uint64_t bytes) {
     program.report().AddLogLine(name + ": " + folder);
-    program.report().AddLogLine(name + " " + base::numberText(static_cast<std::int64_t>(files)) + " " +
-                                program.LangText(500) + " (" + removal::FormatSize(bytes, program.locale()) + ")");
+    logCounts(program, name, files, bytes);
 }
 
 void logFilesIfWanted(settings::Program& program, const std::string& folder) {
@@ -30,14 +34,26 @@ void endFolderNotFound(settings::Program& program, const CleaningTask& task) {
     endRow(program, task, 498, kIconNotFound);
 }
 
-void runFolderTask(settings::Program& program, const CleaningTask& task, const std::string& folder,
-                   const BeginWords& words) {
-    if (beginTask(program, task, words) != Begin::Go) return;
+void endFolderMissing(settings::Program& program, const CleaningTask& task) {
+    endNotFound(program, task, 550, 498);
+}
+
+bool tellFolder(settings::Program& program, const CleaningTask& task, const std::string& folder, FolderEnd endMissing) {
     removal::FolderCounters counters;
     removal::FolderStats(program.platform.files, folder, counters);
-    if (!program.platform.files.FolderExists(folder)) return endFolderNotFound(program, task);
+    if (!program.platform.files.FolderExists(folder)) {
+        endMissing(program, task);
+        return false;
+    }
     logFolderAndCounts(program, taskName(program, task), folder, counters.files, counters.bytes);
     logFilesIfWanted(program, folder);
+    return true;
+}
+
+void runFolderTask(settings::Program& program, const CleaningTask& task, const std::string& folder,
+                   const BeginWords& words, FolderEnd endMissing) {
+    if (beginTask(program, task, words) != Begin::Go) return;
+    if (!tellFolder(program, task, folder, endMissing)) return;
     removal::PurgeFolder(program, folder);
     endCleaned(program, task);
 }

@@ -12,14 +12,10 @@ void runRegistryTask(settings::Program& program, const CleaningTask& task, std::
         if (target.step != task.step) continue;
         registry::DeleteAllKeys(program.platform.registry, target.root, target.key, target.subKey, result);
     }
-    const std::string name = taskName(program, task);
-    if (result == 0) {
-        program.report().AddLogLine(name + (words.cleanedWord ? " " + program.LangText(504) : std::string()) + " <OK>");
-        endRow(program, task, 507, kIconDone);
-    } else {
-        program.report().AddLogLine(name + " " + program.LangText(words.missingText));
-        endRow(program, task, words.missingStatus, kIconNotFound);
-    }
+    if (result != 0) return endNotFound(program, task, words.missingText, words.missingStatus);
+    program.report().AddLogLine(taskName(program, task) +
+                                (words.cleanedWord ? " " + program.LangText(504) : std::string()) + " <OK>");
+    endRow(program, task, 507, kIconDone);
 }
 
 }  // namespace tidvane::tasks

@@ -42,4 +42,9 @@ void endCleaned(settings::Program& program, const CleaningTask& task) {
     endRow(program, task, 507, kIconDone);
 }
 
+void endNotFound(settings::Program& program, const CleaningTask& task, int text, int status) {
+    program.report().AddLogLine(taskName(program, task) + " " + program.LangText(text));
+    endRow(program, task, status, kIconNotFound);
+}
+
 }  // namespace tidvane::tasks

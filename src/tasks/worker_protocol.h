@@ -28,6 +28,8 @@ void reportUnticked(settings::Program& program, const std::string& name);
 
 // The end of a task that did its work: log line with the word for "cleaned", status "finished", icon 9.
 void endCleaned(settings::Program& program, const CleaningTask& task);
+// The end of a task whose target is not there: log line with this text behind the name, this status, icon 10.
+void endNotFound(settings::Program& program, const CleaningTask& task, int text = 499, int status = 508);
 // The row alone.
 void endRow(settings::Program& program, const CleaningTask& task, int statusText, int icon);
 
