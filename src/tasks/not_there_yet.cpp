@@ -13,23 +13,6 @@ void notThereYet(settings::Program& program, const CleaningTask& task) {
 void notThereYetSilent(settings::Program&, const CleaningTask&) {}
 
 namespace {
-// Panel 1 keeps the line here: these two do not put "finished" behind it.
-void reportOwnListUnticked(settings::Program& program, int name) {
-    const std::string line = program.LangText(name) + " " + program.LangText(509);
-    program.report().AddLogLine(line);
-    program.report().setPanel(1, line);
-}
-}  // namespace
-
-void notThereYetOwnFolders(settings::Program& program, const CleaningTask&) {
-    reportOwnListUnticked(program, 524);
-}
-
-void notThereYetOwnFiles(settings::Program& program, const CleaningTask&) {
-    reportOwnListUnticked(program, 527);
-}
-
-namespace {
 struct OfficeLabel {
     int step;
     const char* log;

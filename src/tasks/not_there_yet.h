@@ -8,11 +8,8 @@ namespace tidvane::tasks {
 
 // Most steps: name and the word for "not ticked".
 void notThereYet(settings::Program& program, const CleaningTask& task);
-// The junk search and the clearing of all Internet Explorer traces at once: without a word, as when they are off.
+// The clearing of all Internet Explorer traces at once: without a word, as when it is off.
 void notThereYetSilent(settings::Program& program, const CleaningTask& task);
-// The own folders and the own files: their names are entries 524 and 527, not that of their common row.
-void notThereYetOwnFolders(settings::Program& program, const CleaningTask& task);
-void notThereYetOwnFiles(settings::Program& program, const CleaningTask& task);
 // The Office tasks: they have names of their own for this, one for the log and one for panel 1.
 void notThereYetOffice(settings::Program& program, const CleaningTask& task);
 // The plug-ins: head line, then "no plug-in was ticked".
