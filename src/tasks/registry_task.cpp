@@ -7,6 +7,11 @@ namespace tidvane::tasks {
 void runRegistryTask(settings::Program& program, const CleaningTask& task, std::span<const RegistryTarget> targets,
                      const RegistryWords& words) {
     if (beginTask(program, task, words.begin) != Begin::Go) return;
+    removeKeys(program, task, targets, words);
+}
+
+void removeKeys(settings::Program& program, const CleaningTask& task, std::span<const RegistryTarget> targets,
+                const RegistryWords& words) {
     long result = -1;  // a task without a key of its own removes nothing
     for (const RegistryTarget& target : targets) {
         if (target.step != task.step) continue;

@@ -29,5 +29,8 @@ struct RegistryWords {
 // a task of several keys reports by its last.
 void runRegistryTask(settings::Program& program, const CleaningTask& task, std::span<const RegistryTarget> targets,
                      const RegistryWords& words = {});
+// The same behind the stop test, for tasks that put something in front.
+void removeKeys(settings::Program& program, const CleaningTask& task, std::span<const RegistryTarget> targets,
+                const RegistryWords& words = {});
 
 }  // namespace tidvane::tasks

@@ -12,7 +12,6 @@ void reportUnticked(settings::Program& program, const std::string& name) {
 }
 
 Begin beginTask(settings::Program& program, const CleaningTask& task, const BeginWords& words) {
-    settings::RunReport& report = program.report();
     const std::string name = taskName(program, task);
     const int gate = gateValue(program, task.gate);
     if (gate != 1) {
@@ -20,8 +19,15 @@ Begin beginTask(settings::Program& program, const CleaningTask& task, const Begi
         if (!(words.greyedIsSilent && gate != 0)) reportUnticked(program, name);
         return Begin::Unticked;
     }
-    report.setPanel(1, (words.verb ? program.LangText(503) + " " : std::string()) + name + words.dots);
-    report.setRowStatus(name, program.LangText(505));
+    return beginRow(program, task, (words.verb ? program.LangText(503) + " " : std::string()) + name + words.dots);
+}
+
+Begin beginRow(settings::Program& program, const CleaningTask& task, const std::string& panel,
+               const std::string& behindRunning) {
+    settings::RunReport& report = program.report();
+    const std::string name = taskName(program, task);
+    report.setPanel(1, panel);
+    report.setRowStatus(name, program.LangText(505) + behindRunning);
     settings::pauseByPurgeSpeed(program);
     report.selectRow(name);
     if (report.StopRequested()) {

@@ -23,6 +23,11 @@ struct BeginWords {
 // selection, and only then the stop test, which sets the status "stopped" and writes no line.
 Begin beginTask(settings::Program& program, const CleaningTask& task, const BeginWords& words = {});
 
+// The same behind the gate, for tasks with words of their own: what panel 1 shows, and what stands behind the word for
+// "running" without a blank.
+Begin beginRow(settings::Program& program, const CleaningTask& task, const std::string& panel,
+               const std::string& behindRunning = {});
+
 // What a task that is off reports: the log line, the same in panel 1, then "finished" in panel 1.
 void reportUnticked(settings::Program& program, const std::string& name);
 
