@@ -15,9 +15,7 @@ BrowserDirForm::BrowserDirForm(settings::Program& program, const Names& names)
       cmdSecondFolderPath(*this, names.cmdSecondDir, "..."),
       cacheDir(*this, names.cacheDir),
       usable(*this, names.usable, "Ordner verwenden"),
-      disableAutoDetect(*this, names.disableAutoDetect, "Nicht automatisch suchen"),
-      imageSuccess(*this, names.success, false),
-      imageFail(*this, names.fail, false) {
+      disableAutoDetect(*this, names.disableAutoDetect, "Nicht automatisch suchen") {
     Caption.design(std::string("Ordner [") + names.browser + "]");
     cmdFileFolderPath.Click.connect([this] { browse(fileDir, names_.fileDirEndsInBackslash); });
     cmdSecondFolderPath.Click.connect([this] { browse(secondDir, true); });
@@ -50,7 +48,24 @@ void BrowserDirForm::browse(forms::TextBox& box, bool endsInBackslash) {
     if (!folder.empty()) box.setText(endsInBackslash ? base::withBackslash(folder) : folder);
 }
 
+forms::TextBox& BrowserDirForm::box(BrowserBox which) {
+    return which == BrowserBox::Profile ? fileDir : which == BrowserBox::Second ? secondDir : cacheDir;
+}
+
+// A folder that was typed gets what a chosen one gets, or the tasks would find nothing.
+void BrowserDirForm::completeTypedFolders() {
+    const auto complete = [](forms::TextBox& box) {
+        if (!box.Text().empty()) box.setText(base::withBackslash(box.Text()));
+    };
+    if (names_.fileDirEndsInBackslash) {
+        complete(fileDir);
+        complete(secondDir);
+    }
+    if (names_.cacheDirEndsInBackslash) complete(cacheDir);
+}
+
 void BrowserDirForm::cmdOK_Click() {
+    completeTypedFolders();
     tellOfEmptiedBoxes(program_, *this);
     SaveFormINI(program_, *this);
     program_.get<frmOptions>().enableTaskPage(names_.page, usable.ticked());

@@ -12,10 +12,18 @@
 
 namespace tidvane::settings {
 
+// The three boxes: the profile (the roaming one where there are two), the local profile (Chrome: the folder of all
+// profiles), and the cache.
+enum class BrowserBox { Profile, Second, Cache };
+
 // The paths that the tasks of a browser read. Found by the options window at its load, or set here by the user.
 class BrowserDirForm : public forms::Form {
 public:
     void Form_Load() override;
+
+    TaskPage page() const { return names_.page; }
+    const char* browser() const { return names_.browser; }
+    forms::TextBox& box(BrowserBox which);
 
 protected:
     // Names of the controls, and what differs between the browsers.
@@ -31,9 +39,7 @@ protected:
         const char* cacheDir;
         const char* usable;
         const char* disableAutoDetect;
-        const char* success;
-        const char* fail;
-        // The tasks join a file name to the box without a separator: a chosen folder gets its backslash.
+        // The tasks join a file name to the box without a separator: its folder gets a backslash.
         bool fileDirEndsInBackslash;
         bool cacheDirEndsInBackslash;
     };
@@ -56,13 +62,12 @@ public:
     controls::isButton cmdCacheFolderPath{*this, "cmdCacheFolderPath", "..."};
     forms::CheckBox usable;  // the folders are known: the browser's tasks are on offer
     forms::CheckBox disableAutoDetect;
-    forms::Image imageSuccess;
-    forms::Image imageFail;
     controls::isButton cmdOK{*this, "cmdOK", "OK"};
     controls::isButton cmdAbort{*this, "cmdAbort", "Abbrechen"};
 
 private:
     void browse(forms::TextBox& box, bool endsInBackslash);
+    void completeTypedFolders();
     void cmdOK_Click();
 };
 

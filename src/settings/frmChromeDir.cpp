@@ -14,8 +14,6 @@ frmChromeDir::frmChromeDir(settings::Program& program)
                                .cacheDir = "txtChromeCacheDir",
                                .usable = "chkChromeDir",
                                .disableAutoDetect = "chkChromeDisableAutoDetect",
-                               .success = "ImgChromeSuccess",
-                               .fail = "ImgChromeFail",
                                .fileDirEndsInBackslash = true,
                                .cacheDirEndsInBackslash = true}) {}
 

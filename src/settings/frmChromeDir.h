@@ -16,8 +16,6 @@ public:
     forms::TextBox& txtChromeCacheDir = cacheDir;
     forms::CheckBox& chkChromeDir = usable;
     forms::CheckBox& chkChromeDisableAutoDetect = disableAutoDetect;
-    forms::Image& ImgChromeSuccess = imageSuccess;
-    forms::Image& ImgChromeFail = imageFail;
 };
 
 }  // namespace tidvane::settings

@@ -14,8 +14,6 @@ frmMozillaDir::frmMozillaDir(settings::Program& program)
                                .cacheDir = "txtMozillaCacheDir",
                                .usable = "chkMozillaDir",
                                .disableAutoDetect = "chkMozillaDisableAutoDetect",
-                               .success = "ImgMozillaSuccess",
-                               .fail = "ImgMozillaFail",
                                .fileDirEndsInBackslash = false,
                                .cacheDirEndsInBackslash = false}) {}
 

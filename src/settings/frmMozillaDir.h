@@ -16,8 +16,6 @@ public:
     forms::TextBox& txtMozillaCacheDir = cacheDir;
     forms::CheckBox& chkMozillaDir = usable;
     forms::CheckBox& chkMozillaDisableAutoDetect = disableAutoDetect;
-    forms::Image& ImgMozillaSuccess = imageSuccess;
-    forms::Image& ImgMozillaFail = imageFail;
 };
 
 }  // namespace tidvane::settings

@@ -14,8 +14,6 @@ frmOperaDir::frmOperaDir(settings::Program& program)
                                .cacheDir = "txtOperaCacheDir",
                                .usable = "chkOperaDir",
                                .disableAutoDetect = "chkOperaDisableAutoDetect",
-                               .success = "ImgOperaSuccess",
-                               .fail = "ImgOperaFail",
                                .fileDirEndsInBackslash = true,
                                .cacheDirEndsInBackslash = true}) {}
 

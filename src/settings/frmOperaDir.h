@@ -16,8 +16,6 @@ public:
     forms::TextBox& txtOperaCacheDir = cacheDir;
     forms::CheckBox& chkOperaDir = usable;
     forms::CheckBox& chkOperaDisableAutoDetect = disableAutoDetect;
-    forms::Image& ImgOperaSuccess = imageSuccess;
-    forms::Image& ImgOperaFail = imageFail;
 };
 
 }  // namespace tidvane::settings

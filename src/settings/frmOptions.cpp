@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
+#include "settings/browser_detection.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/list_files.h"
 #include "settings/log_font_file.h"
@@ -144,7 +145,7 @@ void frmOptions::Form_Load() {
     passOverErrors([&] { setTaskCaptions(); });
     passOverErrors([&] { setMemoryModule(); });
     passOverErrors([&] { fillKillMethods(); });
-    // The search for the browsers' folders joins here with the windows that keep them.
+    passOverErrors([&] { DetectBrowsers(program_, *this); });
     passOverErrors([&] { (void)DetectWindows(program_); });
     passOverErrors([&] { fillDrives(); });
     passOverErrors([&] { loadLists(); });

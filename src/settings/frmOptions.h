@@ -124,6 +124,8 @@ public:
     forms::CheckBox chkMozillaSearchHistory{*this, "chkMozillaSearchHistory", "Suchverlauf"};
     forms::CheckBox chkMozillaSession{*this, "chkMozillaSession", "Sitzung"};
     controls::isButton cmdMozillaDir{*this, "cmdMozillaDir", "Ordner ..."};
+    forms::Image ImgMozillaSuccess{*this, "ImgMozillaSuccess", false};  // the folders were found, or not
+    forms::Image ImgMozillaFail{*this, "ImgMozillaFail", false};
 
     forms::Frame frmBrowserOpera{*this, "frmBrowserOpera", "Opera"};
     forms::CheckBox chkOperaTasks{*this, "chkOperaTasks", "Alle auswählen", 3};
@@ -135,6 +137,8 @@ public:
     forms::CheckBox chkOperaDownloads{*this, "chkOperaDownloads", "Liste der Downloads"};
     forms::CheckBox chkOperaWebsiteIcons{*this, "chkOperaWebsiteIcons", "Symbole der Webseiten"};
     controls::isButton cmdOperaDir{*this, "cmdOperaDir", "Ordner ..."};
+    forms::Image ImgOperaSuccess{*this, "ImgOperaSuccess", false};  // the folders were found, or not
+    forms::Image ImgOperaFail{*this, "ImgOperaFail", false};
 
     forms::Frame frmBrowserChrome{*this, "frmBrowserChrome", "Chrome"};
     forms::CheckBox chkChromeTasks{*this, "chkChromeTasks", "Alle auswählen", 4};
@@ -145,6 +149,8 @@ public:
     forms::CheckBox chkChromeSession{*this, "chkChromeSession", "Sitzung"};
     forms::CheckBox chkChromeDownloads{*this, "chkChromeDownloads", "Liste der Downloads"};
     controls::isButton cmdChromeDir{*this, "cmdChromeDir", "Ordner ..."};
+    forms::Image ImgChromeSuccess{*this, "ImgChromeSuccess", false};  // the folders were found, or not
+    forms::Image ImgChromeFail{*this, "ImgChromeFail", false};
 
     forms::Frame frmBrowserSafari{*this, "frmBrowserSafari", "Safari"};
     forms::CheckBox chkSafariTasks{*this, "chkSafariTasks", "Alle auswählen", 5};
@@ -153,6 +159,8 @@ public:
     forms::CheckBox chkSafariCache{*this, "chkSafariCache", "Cache"};
     forms::CheckBox chkSafariSavedForms{*this, "chkSafariSavedForms", "Formulareingaben"};
     controls::isButton cmdSafariDir{*this, "cmdSafariDir", "Ordner ..."};
+    forms::Image ImgSafariSuccess{*this, "ImgSafariSuccess", false};  // the folders were found, or not
+    forms::Image ImgSafariFail{*this, "ImgSafariFail", false};
 
     // --- Office
     forms::Frame frmMSOffice{*this, "frmMSOffice", "Microsoft Office"};

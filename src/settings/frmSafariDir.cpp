@@ -14,8 +14,6 @@ frmSafariDir::frmSafariDir(settings::Program& program)
                                .cacheDir = "txtSafariCacheDir",
                                .usable = "chkSafariDir",
                                .disableAutoDetect = "chkSafariDisableAutoDetect",
-                               .success = "ImgSafariSuccess",
-                               .fail = "ImgSafariFail",
                                .fileDirEndsInBackslash = true,
                                .cacheDirEndsInBackslash = true}) {}
 

@@ -16,8 +16,6 @@ public:
     forms::TextBox& txtSafariCacheDir = cacheDir;
     forms::CheckBox& chkSafariDir = usable;
     forms::CheckBox& chkSafariDisableAutoDetect = disableAutoDetect;
-    forms::Image& ImgSafariSuccess = imageSuccess;
-    forms::Image& ImgSafariFail = imageFail;
 };
 
 }  // namespace tidvane::settings

@@ -1,26 +1,19 @@
 // Adds the junk that browsers are known for to the user's own lists.
 #include "base/text.h"
 #include "settings/control_lookup.h"
+#include "settings/frmChromeDir.h"
+#include "settings/frmMozillaDir.h"
+#include "settings/frmOperaDir.h"
 #include "settings/frmOptions.h"
+#include "settings/frmSafariDir.h"
 #include "settings/list_files.h"
+#include "settings/usable_folder.h"
 
 namespace tidvane::settings {
 
 namespace {
 
-struct BrowserWindow {
-    const char* window;
-    const char* detected;  // ticked while the browser's folders are known
-    const char* profileBox;
-    const char* cacheBox;
-};
-
-constexpr std::array kBrowsers{
-    BrowserWindow{"frmMozillaDir", "chkMozillaDir", "txtMozillaFileDir", "txtMozillaCacheDir"},
-    BrowserWindow{"frmOperaDir", "chkOperaDir", "txtOperaFileDir", "txtOperaCacheDir"},
-    BrowserWindow{"frmChromeDir", "chkChromeDir", "txtChromeFileDir", "txtChromeCacheDir"},
-    BrowserWindow{"frmSafariDir", "chkSafariDir", "txtSafariFileDir", "txtSafariCacheDir"},
-};
+constexpr std::array kBrowsers{frmMozillaDir::kName, frmOperaDir::kName, frmChromeDir::kName, frmSafariDir::kName};
 
 // Index and history files in the profile of a browser: the main targets of its history task.
 struct KnownFile {
@@ -34,11 +27,10 @@ constexpr std::array kKnownFiles{
     KnownFile{"frmSafariDir", "History.plist"},
 };
 
-std::string folderOf(Program& program, const BrowserWindow& browser, const char* box) {
-    const auto* detected = findControl<forms::CheckBox>(program, browser.window, browser.detected);
-    const auto* folder = findControl<forms::TextBox>(program, browser.window, box);
-    if (detected == nullptr || folder == nullptr || !detected->ticked()) return {};
-    return base::isAbsolutePath(folder->Text()) ? folder->Text() : std::string();
+// Nothing for a browser that was not found: what its boxes still hold is nobody's junk.
+std::string folderOf(Program& program, const char* window, BrowserBox box) {
+    auto* form = dynamic_cast<BrowserDirForm*>(findWindow(program, window));
+    return form == nullptr || !form->usable.ticked() ? std::string() : usableFolder(program, *form, box);
 }
 
 bool holds(const forms::ListBox& list, const std::string& path) {
@@ -58,18 +50,18 @@ void frmOptions::addKnown(const std::string& path, forms::ListBox& list) {
 }
 
 void frmOptions::addKnownFolders() {
-    for (const BrowserWindow& browser : kBrowsers) {
-        const std::string folder = folderOf(program_, browser, browser.cacheBox);
+    for (const char* window : kBrowsers) {
+        const std::string folder = folderOf(program_, window, BrowserBox::Cache);
         if (!folder.empty() && program_.platform.files.FolderExists(folder)) addKnown(folder, lstFolders);
     }
 }
 
 void frmOptions::addKnownFiles() {
-    for (const BrowserWindow& browser : kBrowsers) {
-        const std::string folder = folderOf(program_, browser, browser.profileBox);
+    for (const char* window : kBrowsers) {
+        const std::string folder = folderOf(program_, window, BrowserBox::Profile);
         if (folder.empty()) continue;
         for (const KnownFile& known : kKnownFiles) {
-            if (std::string_view(known.window) != browser.window) continue;
+            if (std::string_view(known.window) != window) continue;
             const std::string path = base::withBackslash(folder) + known.name;
             if (program_.platform.files.FileExists(path)) addKnown(path, lstFiles);
         }

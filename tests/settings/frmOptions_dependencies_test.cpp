@@ -123,7 +123,7 @@ TEST(MasterBox, EnablesAndDisablesAWholePage) {
     options.enableTaskPage(TaskPage::Safari, false);
     EXPECT_FALSE(options.chkSafariTasks.Enabled);
     EXPECT_FALSE(options.chkSafariSavedForms.Enabled);
-    EXPECT_TRUE(options.chkChromeCache.Enabled);
+    EXPECT_TRUE(options.chkIECache.Enabled);
     options.enableTaskPage(TaskPage::Safari, true);
     EXPECT_TRUE(options.chkSafariTasks.Enabled);
     EXPECT_TRUE(options.chkSafariSavedForms.Enabled);

@@ -1,0 +1,96 @@
+#include "settings/usable_folder.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/text.h"
+#include "platform/common/windows_path.h"
+
+namespace tidvane::settings {
+
+namespace {
+
+namespace csidl = platform::csidl;
+using platform::WindowsPath;
+using enum BrowserBox;
+
+// A folder that is no profile, and so may stand in no box: neither it nor one above it. Below the roaming and the local
+// application data alike.
+struct NoProfile {
+    TaskPage page;
+    BrowserBox box;
+    const char* folder;
+};
+constexpr std::array kNoProfiles{
+    NoProfile{TaskPage::Mozilla, Profile, "\\Mozilla\\FireFox\\Profiles"},
+    NoProfile{TaskPage::Mozilla, Second, "\\Mozilla\\FireFox\\Profiles"},
+    NoProfile{TaskPage::Mozilla, Cache, "\\Mozilla\\FireFox\\Profiles"},
+    NoProfile{TaskPage::Opera, Profile, "\\Opera"},
+    NoProfile{TaskPage::Opera, Second, "\\Opera"},
+    NoProfile{TaskPage::Opera, Cache, "\\Opera\\Opera"},
+    NoProfile{TaskPage::Chrome, Profile, "\\Google\\Chrome\\User Data"},
+    NoProfile{TaskPage::Chrome, Second, "\\Google\\Chrome"},  // "User Data" is what this box is for
+    NoProfile{TaskPage::Chrome, Cache, "\\Google\\Chrome\\User Data\\Default"},
+    NoProfile{TaskPage::Safari, Profile, "\\Apple Computer"},
+    NoProfile{TaskPage::Safari, Second, "\\Apple Computer"},
+    NoProfile{TaskPage::Safari, Cache, "\\Apple Computer"},
+};
+
+bool isSeparator(char sign) {
+    return sign == '\\' || sign == '/';
+}
+
+// Blanks and dots alone: nothing, the folder itself or the one above.
+bool hasUnclearName(std::string_view text) {
+    while (!text.empty()) {
+        const auto end = std::find_if(text.begin(), text.end(), isSeparator);
+        const auto length = static_cast<std::size_t>(end - text.begin());
+        const std::string_view name = text.substr(0, length);
+        if (!name.empty() && name.find_first_not_of(" .") == std::string_view::npos) return true;
+        text.remove_prefix(std::min(text.size(), length + 1));
+    }
+    return false;
+}
+
+bool isPlainPath(const std::string& text, WindowsPath& path) {
+    if (hasUnclearName(text) || !ok(platform::parseWindowsPath(text, path)) || path.names.empty()) return false;
+    return std::all_of(path.names.begin(), path.names.end(), platform::isCreatableName);
+}
+
+// Whether `path` is `folder` or a folder above it.
+bool holds(const WindowsPath& path, const std::string& folder) {
+    WindowsPath inside;
+    if (!ok(platform::parseWindowsPath(folder, inside))) return false;
+    if (!base::equalNoCase(path.root, inside.root) || path.names.size() > inside.names.size()) return false;
+    return std::equal(path.names.begin(), path.names.end(), inside.names.begin(),
+                      [](const std::string& a, const std::string& b) {
+                          return platform::comparableName(a) == platform::comparableName(b);
+                      });
+}
+
+bool isUsable(Program& program, BrowserDirForm& form, BrowserBox box) {
+    WindowsPath path;
+    if (!isPlainPath(form.box(box).Text(), path)) return false;
+    for (const NoProfile& row : kNoProfiles) {
+        if (row.page != form.page() || row.box != box) continue;
+        for (const int data : {csidl::AppData, csidl::LocalAppData}) {
+            if (holds(path, program.platform.shell.SpecialFolder(data) + row.folder)) return false;
+        }
+    }
+    return box != Cache || !holds(path, form.box(Profile).Text());
+}
+
+}  // namespace
+
+std::string usableFolder(Program& program, BrowserDirForm& form, BrowserBox box) {
+    const forms::TextBox& text = form.box(box);
+    if (isUsable(program, form, box)) return text.Text();
+    if (program.tellOnce(text.Name + ":" + text.Text())) {
+        program.display.warn("\"" + text.Text().substr(0, text.Text().find('\0')) + "\" in " + text.Name +
+                             " is no folder of a profile of " + form.browser() + "; nothing is cleaned there.");
+    }
+    return {};
+}
+
+}  // namespace tidvane::settings
