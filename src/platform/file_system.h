@@ -45,6 +45,19 @@ struct FolderTotals {
     std::uint64_t folders = 0;  // at all depths, the top folder not counted
     std::uint64_t files = 0;    // at all depths; links and fifos count as files
     std::uint64_t bytes = 0;    // lengths without clusters; a link counts 0
+    bool partial = false;       // something in it is no part of the machine and was passed over: a mount, the program
+};
+
+// One entry as it stands in its folder, never what it points to.
+struct EntryDetails {
+    std::string name;  // as the volume spells it; empty for a root: a drive's, or the program's own folder
+    EntryKind kind = EntryKind::File;
+    bool readOnly = false;
+    std::uint64_t length = 0;  // of a file; 0 for all else
+    std::uint64_t names = 1;   // how many entries lead to its content
+    // Which content that is: the same under all its names, and only there.
+    std::uint64_t volume = 0;
+    std::uint64_t content = 0;
 };
 
 // A moment in UTC: 100 nanosecond steps since 1601-01-01, as FILETIME has it.
@@ -102,6 +115,9 @@ public:
     // Only ReadOnly, Hidden, System and Archive can be set; 0 and Normal clear them all.
     virtual Status SetAttributes(const std::string& path, unsigned attributes) = 0;
 
+    // A trailing backslash is allowed for a folder. NotFound, PathNotFound, Denied.
+    virtual Status LookAt(const std::string& path, EntryDetails& details) = 0;
+
     // Length in bytes. NotFound, Denied for a folder.
     virtual Status GetSize(const std::string& path, std::uint64_t& bytes) = 0;
 
@@ -114,7 +130,7 @@ public:
     virtual bool FolderExists(const std::string& path) = 0;
 
     // Counts and sizes of the whole tree in one walk that stops at links and mount points. One folder in it that cannot
-    // be read fails the whole: Denied, and `totals` stays as it was.
+    // be read fails the whole: Denied, and `totals` stays as it was. A mount point is counted, not what lies behind it.
     virtual Status MeasureFolder(const std::string& folder, FolderTotals& totals) = 0;
 
     // --- removing --------------------------------------------------------------------------------------------------

@@ -35,6 +35,7 @@ public:
     Status GetAttributes(const std::string& path, unsigned& attributes) override {
         return files_.GetAttributes(path, attributes);
     }
+    Status LookAt(const std::string& path, EntryDetails& details) override { return files_.LookAt(path, details); }
     Status GetSize(const std::string& path, std::uint64_t& bytes) override { return files_.GetSize(path, bytes); }
     Status GetFileTimes(const std::string& path, FileTimes& times) override { return files_.GetFileTimes(path, times); }
     bool FileExists(const std::string& path) override { return files_.FileExists(path); }

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "platform/machine/file_attributes.h"
 #include "platform/machine/tree_measure.h"
+#include "platform/machine/tree_removal.h"
 
 namespace tidvane::platform::machine {
 
@@ -90,17 +91,6 @@ Status MachineFiles::findFile(const std::string& path, FoundEntry& entry) {
     return resolver_.entry(parsed, entry);
 }
 
-Status MachineFiles::openFolder(const std::string& path, OpenFolder& folder) {
-    MachinePath parsed;
-    if (const Status status = parseFolder(path, parsed); !ok(status)) return status;
-    return resolver_.folderToRead(parsed, folder);
-}
-
-void MachineFiles::forget(const std::string& path) {
-    MachinePath parsed;
-    if (ok(parseMachinePath(path, parsed)) && !parsed.isRoot()) resolver_.forget(parsed, parsed.names.size() - 1);
-}
-
 TreeWalk::Exceptions MachineFiles::walkExceptions() {
     TreeWalk::Exceptions exceptions;
     if (!resolver_.hasProgramFolder()) return exceptions;
@@ -172,6 +162,21 @@ Status MachineFiles::SetAttributes(const std::string& path, unsigned attributes)
     return changeAttributes(entry.parent, entry.hostName, entry.info, attributes);
 }
 
+Status MachineFiles::LookAt(const std::string& path, EntryDetails& details) {
+    FoundEntry entry;
+    if (const Status status = find(path, entry); !ok(status)) return status;
+    const mode_t mode = entry.info.st_mode;
+    details = {};
+    details.name = entry.parent < 0 ? std::string() : entry.hostName;
+    details.kind = kindOf(static_cast<unsigned char>(IFTODT(mode)));
+    details.readOnly = !S_ISLNK(mode) && isReadOnlyMode(mode);
+    if (S_ISREG(mode)) details.length = static_cast<std::uint64_t>(entry.info.st_size);
+    if (!S_ISDIR(mode)) details.names = entry.info.st_nlink;
+    details.volume = entry.info.st_dev;
+    details.content = entry.info.st_ino;
+    return Status::Ok;
+}
+
 Status MachineFiles::GetSize(const std::string& path, std::uint64_t& bytes) {
     FoundEntry entry;
     if (const Status status = findFile(path, entry); !ok(status)) return status;
@@ -213,8 +218,10 @@ bool MachineFiles::FolderExists(const std::string& path) {
 
 Status MachineFiles::MeasureFolder(const std::string& folder, FolderTotals& totals) {
     const TreeWalk::Exceptions exceptions = walkExceptions();
+    MachinePath path;
+    if (const Status status = parseFolder(folder, path); !ok(status)) return status;
     OpenFolder open;
-    if (const Status status = openFolder(folder, open); !ok(status)) return status;
+    if (const Status status = resolver_.folderToRead(path, open); !ok(status)) return status;
     if (!open.listable) return Status::Denied;
     return TreeMeasure().run(open.handle, open.identity, exceptions, totals);
 }

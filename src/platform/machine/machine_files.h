@@ -28,17 +28,11 @@ public:
     // `hostFolder` becomes the program's folder, `place` on the machine ("C:\Program Files\Tidvane").
     bool mountProgram(const std::string& place, const std::string& hostFolder);
 
-    // An entry in its open folder, for the parts of this platform that work on handles. Valid until the next call.
-    Status find(const std::string& path, FoundEntry& entry);
-    Status openFolder(const std::string& path, OpenFolder& folder);
-    // Call after changing entries of a folder by handle.
-    void forget(const std::string& path);
-    [[nodiscard]] TreeWalk::Exceptions walkExceptions();
-
     Status ReadFolder(const std::string& folder, std::vector<FolderEntry>& out) override;
     Status ReadFolderToEmpty(const std::string& folder, std::vector<FolderEntry>& out) override;
     Status GetAttributes(const std::string& path, unsigned& attributes) override;
     Status SetAttributes(const std::string& path, unsigned attributes) override;
+    Status LookAt(const std::string& path, EntryDetails& details) override;
     Status GetSize(const std::string& path, std::uint64_t& bytes) override;
     Status GetFileTimes(const std::string& path, FileTimes& times) override;
     bool FileExists(const std::string& path) override;
@@ -70,6 +64,8 @@ private:
         struct stat info {};
     };
 
+    Status find(const std::string& path, FoundEntry& entry);
+    [[nodiscard]] TreeWalk::Exceptions walkExceptions();
     static Status startReplacement(const Target& target, FileReplacement& replacement);
     Status findFile(const std::string& path, FoundEntry& entry);
     Status findTarget(const std::string& path, Target& target);

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/wildcard.h"
 #include "platform/machine/machine_environment.h"
+#include "platform/machine/machine_path.h"
 #include "platform/machine/machine_system.h"
 
 namespace tidvane::platform::machine {
@@ -66,7 +67,7 @@ std::string below(const std::string& folder, const std::string& name) {
 
 }  // namespace
 
-MachineShell::MachineShell(const MachineRegistry& registry, Environment& environment, MachineFiles& files,
+MachineShell::MachineShell(const MachineRegistry& registry, Environment& environment, FileSystem& files,
                            RemovalCounter& counter)
     : registry_(registry),
       environment_(environment),

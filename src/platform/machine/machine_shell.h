@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/environment.h"
-#include "platform/machine/machine_files.h"
+#include "platform/file_system.h"
 #include "platform/machine/machine_registry.h"
 #include "platform/machine/recycle_bin.h"
 #include "platform/shell.h"
@@ -14,8 +14,7 @@ namespace tidvane::platform::machine {
 class MachineShell final : public Shell {
 public:
     // `environment`: the machine's own.
-    MachineShell(const MachineRegistry& registry, Environment& environment, MachineFiles& files,
-                 RemovalCounter& counter);
+    MachineShell(const MachineRegistry& registry, Environment& environment, FileSystem& files, RemovalCounter& counter);
 
     // From "User Shell Folders" and "Shell Folders" of the user's registry or the machine's, otherwise the place that
     // Microsoft documents for the version of Windows.
@@ -37,7 +36,7 @@ private:
 
     const MachineRegistry& registry_;
     Environment& environment_;
-    MachineFiles& files_;
+    FileSystem& files_;
     RecycleBin bin_;
     bool vista_;
 };

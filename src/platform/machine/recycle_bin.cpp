@@ -1,18 +1,12 @@
 #include "platform/machine/recycle_bin.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <ctime>
 #include <random>
 
 #include "base/text.h"
-#include "platform/machine/entry_rename.h"
+#include "platform/common/windows_path.h"
+#include "platform/machine/machine_path.h"
 #include "platform/machine/recycle_record.h"
-#include "platform/machine/tree_measure.h"
-#include "platform/machine/tree_removal.h"
 
 namespace tidvane::platform::machine {
 
@@ -99,8 +93,8 @@ Status RecycleBin::take(const std::string& path) {
     MachinePath parsed;
     if (const Status status = parseMachinePath(path, parsed); !ok(status)) return status;
     if (parsed.isRoot()) return Status::Denied;
-    FoundEntry entry;
-    if (const Status status = files_.find(path, entry); !ok(status)) return status;
+    EntryDetails entry;
+    if (const Status status = files_.LookAt(path, entry); !ok(status)) return status;
     const auto denied = [this](Status status) {
         ++counter_.totals.failed;
         return status;
@@ -108,39 +102,32 @@ Status RecycleBin::take(const std::string& path) {
     bool fixed = false;
     for (const Drive& drive : files_.Drives())
         fixed = fixed || (drive.letter == parsed.drive && drive.type == DriveType::Fixed);
-    if (!fixed || entry.parent < 0 || isBinName(parsed.names.front())) return denied(Status::Denied);
+    if (!fixed || entry.name.empty() || isBinName(parsed.names.front())) return denied(Status::Denied);
 
     // What goes: the unit itself and all in it.
-    const Handle from(::fcntl(entry.parent, F_DUPFD_CLOEXEC, 0));
-    const std::string hostName = entry.hostName;
-    const bool isFolder = S_ISDIR(entry.info.st_mode);
     RemovalTotals gone;
     RecycleRecord record;
     record.path = root(parsed.drive);
     for (std::size_t i = 0; i < parsed.names.size(); ++i) record.path += (i == 0 ? "" : "\\") + parsed.names[i];
-    if (isFolder) {
-        const TreeWalk::Exceptions exceptions = files_.walkExceptions();
-        OpenFolder folder;
+    if (entry.kind == EntryKind::Folder) {
         FolderTotals totals;
-        TreeMeasure measure;
-        Status status = files_.openFolder(path, folder);
-        if (ok(status))
-            status = folder.listable ? measure.run(folder.handle, folder.identity, exceptions, totals) : Status::Denied;
-        if (!ok(status) || measure.passedOver()) return denied(ok(status) ? Status::Denied : status);
+        const Status status = files_.MeasureFolder(path, totals);
+        if (!ok(status) || totals.partial) return denied(ok(status) ? Status::Denied : status);
         gone.files = totals.files;
         gone.folders = totals.folders + 1;
         record.bytes = gone.bytes = totals.bytes;
     } else {
         gone.files = 1;
-        record.bytes = S_ISREG(entry.info.st_mode) ? static_cast<std::uint64_t>(entry.info.st_size) : 0;
-        gone.bytes = freedBytes(entry.info);
+        record.bytes = entry.length;
+        gone.bytes = entry.names == 1 ? entry.length : 0;
     }
 
     std::string bin;
     if (const Status status = makeBin(parsed.drive, bin); !ok(status)) return denied(status);
     const std::size_t dot = parsed.last().rfind('.');
     std::string extension = dot == std::string::npos ? std::string() : parsed.last().substr(dot);
-    if (extension.size() > 200) extension.clear();  // the name has to fit beside "$Rxxxxxx"
+    // The name has to fit beside "$Rxxxxxx", and to be one that Windows knows.
+    if (extension.size() > 200 || !isCreatableName(extension)) extension.clear();
     const std::string name = freeName(bin, extension);
     record.removed = fileTimeNow();
     // The record first: a unit without one would be lost to the user, a record without a unit shows nothing.
@@ -149,14 +136,7 @@ Status RecycleBin::take(const std::string& path) {
         !ok(status)) {
         return denied(status);
     }
-    OpenFolder target;
-    Status status = files_.openFolder(bin, target);
-    if (ok(status)) {
-        const int error = renameNoReplace(from.get(), hostName, target.handle, "$R" + name);
-        status = error == EXDEV ? Status::Failed : statusOf(error, Status::Failed);
-    }
-    files_.forget(path);
-    if (!ok(status)) {
+    if (const Status status = files_.RenameEntry(path, bin + "\\$R" + name); !ok(status)) {
         const RemovalTotals before = counter_.totals;
         (void)files_.RemoveFile(recordPath);  // our own record is nothing that was removed for the user
         counter_.totals = before;

@@ -9,7 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/machine/machine_files.h"
+#include "platform/file_system.h"
+#include "platform/removal_counter.h"
 #include "platform/shell.h"
 
 namespace tidvane::platform::machine {
@@ -17,7 +18,7 @@ namespace tidvane::platform::machine {
 class RecycleBin {
 public:
     // `recordVersion`: of the records it writes, 1 or 2.
-    RecycleBin(MachineFiles& files, RemovalCounter& counter, std::string sid, int recordVersion)
+    RecycleBin(FileSystem& files, RemovalCounter& counter, std::string sid, int recordVersion)
         : files_(files), counter_(counter), sid_(std::move(sid)), recordVersion_(recordVersion) {}
 
     // Moves a file, a link or a whole folder into the bin of its drive. Nothing is ever copied: where the move cannot
@@ -47,7 +48,7 @@ private:
     Status removeForGood(const std::string& path, EntryKind kind);
     std::string freeName(const std::string& folder, const std::string& extension);
 
-    MachineFiles& files_;
+    FileSystem& files_;
     RemovalCounter& counter_;
     std::string sid_;
     int recordVersion_;

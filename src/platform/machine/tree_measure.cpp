@@ -11,7 +11,6 @@ Status TreeMeasure::run(int folder, const FolderIdentity& identity, const Except
                         FolderTotals& totals) {
     totals_ = {};
     status_ = Status::Ok;
-    passedOver_ = false;
     if (!TreeWalk::run(folder, identity, exceptions)) return status_;
     totals = totals_;
     return Status::Ok;
@@ -33,8 +32,10 @@ bool TreeMeasure::onFolder(int /*folder*/, const char* /*name*/, bool& enter, bo
 
 bool TreeMeasure::onRefused(int /*folder*/, const char* /*name*/, int error, bool& /*kept*/) {
     // Mount points and the program's own folder are passed over: they are no part of what is measured.
-    passedOver_ = passedOver_ || error == EXDEV || error == EPERM;
-    if (error == EXDEV || error == EPERM) return true;
+    if (error == EXDEV || error == EPERM) {
+        totals_.partial = true;
+        return true;
+    }
     status_ = error == EACCES ? Status::Denied : statusOf(error, Status::Failed);
     return false;
 }

@@ -12,9 +12,6 @@ public:
     // One folder that cannot be read fails the whole: `totals` stays as it was.
     Status run(int folder, const FolderIdentity& identity, const Exceptions& exceptions, FolderTotals& totals);
 
-    // The walk came across a mount point or the program's own folder.
-    [[nodiscard]] bool passedOver() const { return passedOver_; }
-
 private:
     bool onFile(int folder, const char* name, bool& kept) override;
     bool onFolder(int folder, const char* name, bool& enter, bool& kept) override;
@@ -23,7 +20,6 @@ private:
 
     FolderTotals totals_;
     Status status_ = Status::Ok;
-    bool passedOver_ = false;
 };
 
 }  // namespace tidvane::platform::machine

@@ -425,6 +425,20 @@ Status MemoryFiles::SetAttributes(const std::string& path, unsigned attributes) 
     return Status::Ok;
 }
 
+Status MemoryFiles::LookAt(const std::string& path, EntryDetails& details) {
+    const Place place = find(path, operation::Look, true);
+    if (!ok(place.status)) return place.status;
+    const Node& node = *place.node;
+    details = {};
+    details.name = place.parent == nullptr ? std::string() : node.name;
+    details.kind = node.kind;
+    details.readOnly = node.isReadOnly();
+    if (node.kind == EntryKind::File) details.length = node.content->length;
+    details.names = node.content->names;
+    details.content = reinterpret_cast<std::uintptr_t>(node.content.get());
+    return Status::Ok;
+}
+
 Status MemoryFiles::GetSize(const std::string& path, std::uint64_t& bytes) {
     const Place place = find(path, operation::Look, false);
     if (!ok(place.status)) return place.status;
@@ -460,7 +474,10 @@ Status MemoryFiles::measure(const Node& folder, const std::string& folderKey, Fo
             continue;
         }
         ++totals.folders;
-        if (child->mountPoint) continue;
+        if (child->mountPoint) {
+            totals.partial = true;
+            continue;
+        }
         // Whatever keeps one folder from being read fails the whole in the same way.
         if (!ok(measure(*child, childKeyPath(folderKey, key), totals))) return Status::Denied;
     }

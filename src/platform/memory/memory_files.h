@@ -112,6 +112,7 @@ public:
     Status ReadFolderToEmpty(const std::string& folder, std::vector<FolderEntry>& out) override;
     Status GetAttributes(const std::string& path, unsigned& attributes) override;
     Status SetAttributes(const std::string& path, unsigned attributes) override;
+    Status LookAt(const std::string& path, EntryDetails& details) override;
     Status GetSize(const std::string& path, std::uint64_t& bytes) override;
     Status GetFileTimes(const std::string& path, FileTimes& times) override;
     bool FileExists(const std::string& path) override;
