@@ -105,25 +105,7 @@ const GroupRow& groupRow(Group group) {
 
 // The one table of what is not there yet: these stand-ins report an unticked step.
 // clang-format off
-constexpr std::array<Worker, 19> kStandIns{
-    clearAllOfInternetExplorer,
-    cleanIeHistory,
-    cleanIeCookies,
-    cleanIeCache,
-    cleanIeTypedAddresses,
-    cleanIeAutoComplete,
-    cleanIeFolder,
-    cleanIeToolbarButton,
-    cleanProfileFiles,
-    cleanFirefoxCache,
-    cleanFirefoxCrashReports,
-    cleanOperaCache,
-    cleanOperaIcons,
-    cleanChromeCookies,
-    cleanChromeCache,
-    cleanSafariHistory,
-    cleanSafariCookies,
-    cleanOffice,
+constexpr std::array<Worker, 1> kStandIns{
     cleanPlugIns,
 };
 // clang-format on
