@@ -43,17 +43,23 @@ MachinePlatform::MachinePlatform(std::unique_ptr<Machine> machine, const Machine
       warn_(options.warn),
       codePage_(ansiCodePage(machine_->registry())),
       environment_(madeEnvironment(machine_->registry(), codePage_)),
+      previewFiles_(options.preview ? std::make_unique<PreviewFileSystem>(files_, removed_) : nullptr),
+      servedFiles_(options.preview ? static_cast<FileSystem&>(*previewFiles_) : files_),
       registry_(machine_->registry().tree(), removed_, codePage_),
       system_(machine_->registry(), environment_, programPlace(), options.arguments),
-      shell_(machine_->registry(), environment_, files_, removed_),
+      shell_(machine_->registry(), environment_, servedFiles_, removed_),
       places_(system_, shell_),
-      guard_(places_, files_, removed_, warn_),
-      guardedFiles_(files_, guard_),
+      guard_(places_, servedFiles_, removed_, warn_),
+      guardedFiles_(servedFiles_, guard_),
       guardedShell_(shell_, guard_),
       guardedRegistry_(registry_, removed_, warn_),
       profiles_(guardedFiles_, base::CodePage(codePage_)),
       scriptHost_(guardedRegistry_, codePage_),
-      processes_(options.programFolder, browserCache_) {}
+      browserCache_(guardedFiles_, guardedShell_, guardedRegistry_, base::CodePage(codePage_)),
+      processes_(options.programFolder, browserCache_),
+      previewProcesses_(options.preview
+                            ? std::make_unique<PreviewProcesses>(browserCache_, PreviewProcesses::Starts::Nothing)
+                            : nullptr) {}
 
 std::unique_ptr<MachinePlatform> MachinePlatform::make(std::unique_ptr<Machine> machine, const MachineOptions& options,
                                                        std::string& error) {
@@ -79,9 +85,9 @@ std::unique_ptr<MachinePlatform> MachinePlatform::make(std::unique_ptr<Machine> 
 }
 
 Platform MachinePlatform::platform() {
-    return {guardedFiles_,  profiles_,    guardedRegistry_, guardedShell_, processes_,
-            session_,       environment_, browserCache_,    system_,       network_,
-            restorePoints_, scriptHost_,  clock_,           events_,       removed_};
+    Processes& processes = previewProcesses_ ? static_cast<Processes&>(*previewProcesses_) : processes_;
+    return {guardedFiles_, profiles_, guardedRegistry_, guardedShell_, processes, session_, environment_, browserCache_,
+            system_,       network_,  restorePoints_,   scriptHost_,   clock_,    events_,  removed_};
 }
 
 void MachinePlatform::setWarningSink(const WarningSink& warn) {
@@ -91,6 +97,7 @@ void MachinePlatform::setWarningSink(const WarningSink& warn) {
 }
 
 Status MachinePlatform::commit(std::string& error) {
+    if (previewFiles_) return Status::Ok;
     const Status status = machine_->commit(error);
     if (!ok(status) && warn_) warn_({WarningKind::RegistryLost, machine_->directory(), error});
     return status;

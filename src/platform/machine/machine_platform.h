@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/common/browser_cache_on_files.h"
 #include "platform/common/environment_in_map.h"
 #include "platform/common/profile_files_on_files.h"
 #include "platform/common/registry_in_tree.h"
@@ -18,6 +19,8 @@
 #include "platform/machine/machine_shell.h"
 #include "platform/machine/machine_system.h"
 #include "platform/platform.h"
+#include "platform/preview/preview_file_system.h"
+#include "platform/preview/preview_services.h"
 
 namespace tidvane::platform::machine {
 
@@ -25,6 +28,9 @@ struct MachineOptions {
     std::string programFolder;  // on the host; it has to exist
     std::string arguments;      // the raw argument text of this start
     WarningSink warn;           // may be empty
+    // Everything is tried out and nothing done: no file, no registry file and no program is touched, commit() stores
+    // nothing and says Ok. The counter ends at what the same calls would really have removed.
+    bool preview = false;
 };
 
 // Where the program's folder is shown on the machine.
@@ -38,13 +44,13 @@ public:
 
     Platform platform();
     Machine& machine() { return *machine_; }
-    // Past the guards.
+    // Past the guards, and past a preview.
     MachineFiles& files() { return files_; }
     HookedEvents& events() { return events_; }
     void setWarningSink(const WarningSink& warn);
 
-    // Writes the registry back. Nothing else does: whoever ends the program calls it. What could not be written is told
-    // through the warning sink as well.
+    // Writes the registry back. Nothing else does: whoever ends the program calls it, and a preview has no more to do
+    // than to leave it out. What could not be written is told through the warning sink as well.
     Status commit(std::string& error);
 
 private:
@@ -56,6 +62,9 @@ private:
     RemovalCounter removed_;
     EnvironmentInMap environment_;
     MachineFiles files_{removed_};
+    std::unique_ptr<PreviewFileSystem> previewFiles_;
+    // What every service works on: the machine's files, or a preview of them.
+    FileSystem& servedFiles_;
     RegistryInTree registry_;
     MachineSystem system_;
     MachineShell shell_;
@@ -66,8 +75,9 @@ private:
     GuardedRegistry guardedRegistry_;
     ProfileFilesOnFiles profiles_;
     ScriptHostOnRegistry scriptHost_;
-    MachineBrowserCache browserCache_;
+    BrowserCacheOnFiles browserCache_;
     MachineProcesses processes_;
+    std::unique_ptr<PreviewProcesses> previewProcesses_;
     MachineSession session_;
     MachineNetwork network_;
     MachineRestorePoints restorePoints_;
