@@ -173,4 +173,11 @@ bool ListView::setSelected(int index) {
     return true;
 }
 
+bool ListView::mark(int index, bool selected) {
+    if (index < 1 || index > Count()) return false;
+    items_[static_cast<std::size_t>(index - 1)].selected = selected;
+    viewChanged();
+    return true;
+}
+
 }  // namespace tidvane::forms

@@ -116,6 +116,8 @@ public:
     // One row is selected at a time; selecting one scrolls to it.
     bool setSelected(std::string_view key);
     bool setSelected(int index);
+    // The mark of one row alone, for lists in which several rows may be selected.
+    bool mark(int index, bool selected);
     const std::vector<ListItem>& items() const { return items_; }
 
 private:

@@ -115,6 +115,8 @@ public:
     Menu(Form& form, std::string name, std::string caption = {}, std::optional<int> index = std::nullopt)
         : Control(form, ControlKind::Menu, std::move(name), std::move(caption), index) {}
     Signal<> Click;
+    // Shown in bold where its popup comes up: what a double click on the list would do.
+    Property<bool> isDefault{false, &viewChanged};
 };
 
 // Driven from outside: by the display's loop, or by the pump. Its event is not raised while its own handler runs.
