@@ -21,21 +21,17 @@ std::string timeOf(std::uint64_t lastAccess) {
     return text;
 }
 
-// Behind the first bar; the address may have bars of its own.
-std::string urlOf(const std::string& row) {
-    return row.substr(row.find('|') + 1);
-}
-
 }  // namespace
 
 frmIECache::frmIECache(settings::Program& program) : Form(kName), program_(program) {
     Caption.design("Internet Explorer Browser Cache Manager");
+    mnudeleteall.isDefault.design(true);
     cmdDeleteAll.Click.connect([this] { deleteAll(); });
     mnuselectall.Click.connect([this] { selectAll(true); });
     mnudeselectall.Click.connect([this] { selectAll(false); });
     mnudeleteall.Click.connect([this] { deleteAll(); });
     mnudeleteselected.Click.connect([this] { deleteSelected(); });
-    mnurefreshcache.Click.connect([this] { Refresh(); });
+    mnurefreshcache.Click.connect([this] { FillCacheList(); });
     mnusavecachefile.Click.connect([this] { save(); });
     tmrCache.Tick.connect([this] { tmrCache_Timer(); });
 }
@@ -51,18 +47,36 @@ void frmIECache::Form_Load() {
     mnusavecachefile.Caption = text(815);
     chkAllCookies.Caption = text(816);
     if (!settings::LoadFormINI(program_, *this)) chkAllCookies.Value = 0;
-    Refresh();
+    FillCacheList();
 }
 
 void frmIECache::Form_Unload() {
     settings::SaveFormINI(program_, *this);
 }
 
-void frmIECache::Refresh() {
+void frmIECache::FillCacheList() {
     lstCache.Clear();
     for (const platform::UrlCacheEntry& entry : program_.platform.browserCache.entries()) {
         if ((entry.type & kNormalEntry) != 0) lstCache.AddItem(timeOf(entry.lastAccess) + "|" + entry.sourceUrlName);
     }
+}
+
+std::string frmIECache::addressOf(int row) const {
+    const std::string& text = lstCache.List(row);
+    return text.substr(text.find('|') + 1);
+}
+
+bool frmIECache::goesWithAll(int row) const {
+    return chkAllCookies.ticked() || lstCache.List(row).find("Cookie") == std::string::npos;
+}
+
+void frmIECache::listMouseMove(int y, int rowHeight, int topRow) {
+    const int row = rowHeight > 0 && y >= 0 ? y / rowHeight + topRow : -1;
+    lstCache.ToolTipText = row >= 0 && row < lstCache.ListCount() ? lstCache.List(row) : std::string();
+}
+
+void frmIECache::listRightClick() {
+    program_.display.popUpMenu(*this, "mnBar");
 }
 
 void frmIECache::selectAll(bool selected) {
@@ -70,19 +84,20 @@ void frmIECache::selectAll(bool selected) {
 }
 
 void frmIECache::deleteAll() {
-    for (int row = 0; row < lstCache.ListCount(); ++row) {
-        const std::string& text = lstCache.List(row);
-        if (text.find("Cookie") != std::string::npos && !chkAllCookies.ticked()) continue;
-        (void)program_.platform.browserCache.DeleteUrlCacheEntry(urlOf(text));
+    {
+        const platform::ManyDeletes together(program_.platform.browserCache);
+        for (int row = 0; row < lstCache.ListCount(); ++row) {
+            if (goesWithAll(row)) (void)program_.platform.browserCache.DeleteUrlCacheEntry(addressOf(row));
+        }
     }
-    Refresh();
+    FillCacheList();
 }
 
 void frmIECache::deleteSelected() {
     // The current row alone, a cookie too: the marks of "select all" play no part. Intended.
     const int row = lstCache.ListIndex();
-    if (row >= 0) (void)program_.platform.browserCache.DeleteUrlCacheEntry(urlOf(lstCache.List(row)));
-    Refresh();
+    if (row >= 0) (void)program_.platform.browserCache.DeleteUrlCacheEntry(addressOf(row));
+    FillCacheList();
 }
 
 void frmIECache::save() {

@@ -22,7 +22,17 @@ public:
 
     // Fills the list anew: one row for each normal entry, "DD.MM.YYYY hh:mm:ss|URL", the time of the last access in
     // UTC.
-    void Refresh();
+    void FillCacheList();
+    // The URL of a row: what stands behind its first bar; the URL may have bars of its own.
+    std::string addressOf(int row) const;
+    // Whether a full delete takes the row: all of them with chkAllCookies ticked, otherwise those without "Cookie"
+    // anywhere, in this case of letters.
+    bool goesWithAll(int row) const;
+
+    // The pointer over the list, `y` pixels below its upper edge; height of a row and number of the uppermost row in
+    // view as the list on the screen tells them. The tip becomes the row below the pointer, empty where there is none.
+    void listMouseMove(int y, int rowHeight, int topRow);
+    void listRightClick();
 
     forms::Label lblCache{*this, "lblCache", "Cache"};
     forms::ListBox lstCache{*this, "lstCache"};
