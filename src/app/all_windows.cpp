@@ -15,6 +15,9 @@
 #include "settings/frmSafariDir.h"
 #include "settings/frmStarter.h"
 #include "tools/frmIECache.h"
+#include "tools/frmIECookies.h"
+#include "tools/frmManualSearch.h"
+#include "tools/frmSearchMasks.h"
 #include "tools/frmTempAge.h"
 
 namespace tidvane::app {
@@ -37,7 +40,8 @@ void offerWindowsWithoutMain(settings::Program& program) {
     offer<frmDiskSizeStats,                                                                                  //
           settings::frmOptions, settings::frmMoreToConfigure, settings::frmStarter, settings::frmResources,  //
           settings::frmMozillaDir, settings::frmOperaDir, settings::frmChromeDir, settings::frmSafariDir,    //
-          settings::frmIEInDepthClean, tools::frmTempAge, tools::frmIECache, desktop::frmWidget>(program);
+          settings::frmIEInDepthClean, tools::frmTempAge, tools::frmManualSearch, tools::frmSearchMasks,
+          tools::frmIECache, tools::frmIECookies, desktop::frmWidget>(program);
 }
 
 }  // namespace tidvane::app
