@@ -15,6 +15,7 @@
 #include "platform/machine/machine.h"
 #include "platform/machine/machine_platform.h"
 #include "platform/machine/wine_server.h"
+#include "platform/memory/memory_browser_cache.h"
 #include "support/host_directory.h"
 
 namespace tidvane::platform::machine {
@@ -202,7 +203,7 @@ TEST_F(MachineTest, AMachineThatCannotBeLockedIsRefused) {
     limitLocks(LockAbility::Nothing);
     EXPECT_TRUE(refusedWith("knows no locks")) << error;
     EXPECT_NE(opened(Access::Read), nullptr) << error;
-    MachineBrowserCache cache;
+    MemoryBrowserCache cache;
     MachineProcesses processes(host / "program", cache);
     EXPECT_TRUE(processes.takeInstanceLock());  // the program itself starts
     limitLocks(LockAbility::All);

@@ -55,14 +55,6 @@ public:
     bool ExitWindowsEx(unsigned /*flags*/) override { return false; }
 };
 
-class MachineBrowserCache final : public BrowserCache {
-public:
-    std::vector<UrlCacheEntry> entries() override { return {}; }
-    bool DeleteUrlCacheEntry(const std::string& /*url*/) override { return false; }
-    bool ClearHistory() override { return false; }
-    bool ClearMyTracksByProcess(int /*number*/) override { return false; }
-};
-
 class MachineNetwork final : public Network {
 public:
     long URLDownloadToFileA(const std::string& url, const std::string& file,

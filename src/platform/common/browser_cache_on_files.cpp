@@ -1,0 +1,337 @@
+#include "platform/common/browser_cache_on_files.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/text.h"
+#include "platform/common/url_cache_format.h"
+
+namespace tidvane::platform {
+
+namespace {
+
+constexpr const char* kIndex = "index.dat";
+constexpr const char* kExplorer = "Software\\Microsoft\\Internet Explorer\\";
+constexpr const char* kCaches = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\5.0\\";
+
+// The bits of ClearMyTracksByProcess.
+constexpr unsigned kHistory = 1;
+constexpr unsigned kCookies = 2;
+constexpr unsigned kPages = 8;
+constexpr unsigned kForms = 16;
+constexpr unsigned kPasswords = 32;
+constexpr unsigned kRecovery = 128;
+
+std::string below(const std::string& folder, std::string_view name) {
+    if (name.empty()) return base::withoutBackslash(folder);
+    return base::withBackslash(folder).append(name);
+}
+
+bool areDigits(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// "MSHist", a version and two dates: the visits of a day or a week.
+bool isDay(std::string_view name) {
+    constexpr std::string_view kStart = "MSHist";
+    return base::startsWithNoCase(name, kStart) && areDigits(name.substr(kStart.size()));
+}
+
+bool endsIn(std::string_view name, std::string_view end) {
+    return name.size() >= end.size() && base::equalNoCase(name.substr(name.size() - end.size()), end);
+}
+
+bool hasNameOfEight(std::string_view name) {
+    return name.size() == url_cache::kFolderNameSize && isCacheFolderName(name);
+}
+
+// "anna@site[1].txt", since Windows 7 also "0A1B2C3D.txt", since 10 "0A1B2C3D.cookie".
+bool isCookie(std::string_view name) {
+    constexpr std::string_view kText = ".txt";
+    if (endsIn(name, ".cookie")) return true;
+    if (!endsIn(name, kText)) return false;
+    const std::string_view stem = name.substr(0, name.size() - kText.size());
+    return stem.find('@') != std::string_view::npos || hasNameOfEight(stem);
+}
+
+bool isKeptTab(std::string_view name) {
+    return endsIn(name, ".dat");
+}
+
+}  // namespace
+
+struct BrowserCacheOnFiles::Place {
+    Kind kind;
+    int specialFolder;
+    const char* name;  // below the special folder
+    // Whether the folder is the cache's alone. The others hold an index here and there, besides much else.
+    bool whole;
+};
+
+// clang-format off
+const BrowserCacheOnFiles::Place BrowserCacheOnFiles::kPlaces[] = {
+    {Kind::Pages,   csidl::InternetCache, "Content.IE5",      true},
+    {Kind::Pages,   csidl::InternetCache, "Low\\Content.IE5", true},   // protected mode, since version 7
+    {Kind::Pages,   csidl::InternetCache, "",                 false},
+    {Kind::Cookies, csidl::Cookies,       "",                 true},
+    {Kind::Cookies, csidl::Cookies,       "Low",              true},
+    {Kind::History, csidl::History,       "History.IE5",      true},
+    {Kind::History, csidl::History,       "Low\\History.IE5", true},
+    {Kind::History, csidl::History,       "",                 false},
+};
+// clang-format on
+
+// --- looking -------------------------------------------------------------------------------------------------------
+
+std::vector<BrowserCacheOnFiles::Container> BrowserCacheOnFiles::containers() const {
+    std::vector<Container> list;
+    for (const Place& place : kPlaces) {
+        const std::string special = shell_.SpecialFolder(place.specialFolder);
+        if (!base::isAbsolutePath(special)) continue;
+        const std::string folder = below(special, place.name);
+        addContainer(list, folder, place.kind, place.whole);
+        if (place.kind != Kind::History) continue;
+        for (const std::string& day : foldersOfDays(folder)) addContainer(list, day, place.kind, true);
+    }
+    return list;
+}
+
+// A machine may show two of its special folders in one place: the first kind has it.
+void BrowserCacheOnFiles::addContainer(std::vector<Container>& list, std::string folder, Kind kind, bool whole) const {
+    const bool known = std::any_of(list.begin(), list.end(), [&folder](const Container& other) {
+        return base::equalNoCase(other.folder, folder);
+    });
+    if (known || !files_.FolderExists(folder)) return;
+    Container container;
+    container.folder = std::move(folder);
+    container.kind = kind;
+    container.whole = whole;
+    list.push_back(std::move(container));
+}
+
+std::vector<std::string> BrowserCacheOnFiles::foldersOfDays(const std::string& folder) const {
+    std::vector<FolderEntry> found;
+    (void)files_.ReadFolder(folder, found);  // empty on failure
+    std::vector<std::string> days;
+    for (const FolderEntry& entry : found) {
+        if (entry.kind == EntryKind::Folder && isDay(entry.name)) days.push_back(below(folder, entry.name));
+    }
+    std::sort(days.begin(), days.end());
+    return days;
+}
+
+std::string BrowserCacheOnFiles::indexFile(const Container& container) {
+    return below(container.folder, kIndex);
+}
+
+void BrowserCacheOnFiles::read(Container& container) const {
+    std::string bytes;
+    // One byte more than an index can have: a longer file is none.
+    if (!ok(files_.ReadFileBytes(indexFile(container), bytes, url_cache::kLargestFile + 1))) return;
+    container.index = UrlCacheIndex::read(std::move(bytes));
+}
+
+std::string BrowserCacheOnFiles::cachedFile(const Container& container, const UrlCacheIndex::Record& record) const {
+    if (record.file.empty()) return {};
+    return below(below(container.folder, record.folder), page_.toUtf8(record.file));
+}
+
+std::vector<UrlCacheEntry> BrowserCacheOnFiles::entries() {
+    std::vector<UrlCacheEntry> list;
+    beginDeletes();  // for what it has read
+    for (const Container& container : held_) {
+        if (!container.index) continue;
+        const std::vector<UrlCacheIndex::Record>& records = container.index->records();
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            if (container.index->isRemoved(i)) continue;
+            list.push_back({page_.toUtf8(records[i].url), cachedFile(container, records[i]), records[i].type,
+                            records[i].lastAccess});
+        }
+    }
+    endDeletes();
+    return list;
+}
+
+// --- one entry -----------------------------------------------------------------------------------------------------
+
+void BrowserCacheOnFiles::beginDeletes() {
+    if (deleting_++ > 0) return;
+    held_ = containers();
+    for (Container& container : held_) read(container);
+}
+
+bool BrowserCacheOnFiles::finishDeletes() {
+    if (deleting_ == 0 || --deleting_ > 0) return true;
+    bool written = true;
+    for (const Container& container : held_) {
+        if (!container.changed) continue;
+        written = ok(files_.WriteFileBytes(indexFile(container), container.index->bytes())) && written;
+    }
+    held_.clear();
+    return written;
+}
+
+bool BrowserCacheOnFiles::DeleteUrlCacheEntry(const std::string& url) {
+    const std::string bytes = page_.fromUtf8(url);
+    bool any = false;
+    bool all = true;
+    beginDeletes();
+    for (Container& container : held_) {
+        if (!container.index) continue;
+        for (const std::size_t record : container.index->find(bytes)) {
+            any = true;
+            const std::string file = cachedFile(container, container.index->records()[record]);
+            if (!file.empty() && !removeFile(file)) {
+                all = false;
+                continue;
+            }
+            container.index->remove(record);
+            container.changed = true;
+        }
+    }
+    const bool written = finishDeletes();
+    return any && all && written;
+}
+
+// True when there is no such file, as for a folder of that name.
+bool BrowserCacheOnFiles::removeFile(const std::string& file) {
+    unsigned attributes = 0;
+    const Status there = files_.GetAttributes(file, attributes);
+    if (there == Status::NotFound || there == Status::PathNotFound) return true;
+    const bool isLink = (attributes & attribute::ReparsePoint) != 0;
+    if (ok(there) && (attributes & attribute::Directory) != 0 && !isLink) return true;
+    if ((attributes & attribute::ReadOnly) != 0 && !isLink) {
+        (void)files_.SetAttributes(file, attributes & ~attribute::ReadOnly);
+    }
+    const Status removed = files_.RemoveFile(file);
+    return ok(removed) || removed == Status::NotFound;
+}
+
+// --- all of a kind -------------------------------------------------------------------------------------------------
+
+bool BrowserCacheOnFiles::ClearHistory() {
+    if (shell_.SpecialFolder(csidl::History).empty()) return false;
+    const bool cleared = clear(Kind::History);
+    return removeKeysOfDays() && cleared;
+}
+
+bool BrowserCacheOnFiles::ClearMyTracksByProcess(int number) {
+    const auto bits = static_cast<unsigned>(number);
+    bool all = true;
+    if ((bits & kHistory) != 0) {
+        all = ClearHistory() && all;
+        all = clearTypedAddresses() && all;
+    }
+    if ((bits & kCookies) != 0) all = clear(Kind::Cookies) && all;
+    if ((bits & kPages) != 0) all = clear(Kind::Pages) && all;
+    const std::string forms = std::string(kExplorer) + "IntelliForms\\";
+    if ((bits & kForms) != 0) all = removeKey(forms + "Storage1") && all;
+    if ((bits & kPasswords) != 0) {
+        all = removeKey(forms + "Storage2") && all;
+        all = removeKey(forms + "SPW") && all;
+    }
+    if ((bits & kRecovery) != 0) all = clearRecovery() && all;
+    return all;
+}
+
+bool BrowserCacheOnFiles::clear(Kind kind) {
+    bool all = true;
+    for (Container& container : containers()) {
+        if (container.kind != kind) continue;
+        read(container);
+        all = clearContainer(container) && all;
+    }
+    return all;
+}
+
+bool BrowserCacheOnFiles::clearContainer(Container& container) {
+    bool all = true;
+    if (container.whole && container.kind == Kind::Pages) all = removeFoldersOf(container);
+    if (container.index) {
+        for (const UrlCacheIndex::Record& record : container.index->records()) {
+            const std::string file = cachedFile(container, record);
+            if (!file.empty()) all = removeFile(file) && all;
+        }
+    }
+    if (container.whole && container.kind == Kind::Cookies) {
+        all = removeFiles(container.folder, isCookie) && all;
+    }
+    // The index goes last: with it goes the knowledge of what else there is to remove.
+    if (container.whole || container.index) all = removeFile(indexFile(container)) && all;
+    // The folder of a day holds nothing else.
+    if (container.kind == Kind::History && isDay(container.folder.substr(container.folder.rfind('\\') + 1))) {
+        all = ok(files_.DeleteFolder(container.folder, true)) && all;
+    }
+    return all;
+}
+
+// The folders of the pages go with all that is in them: files that no index knows any more are traces too.
+bool BrowserCacheOnFiles::removeFoldersOf(const Container& container) {
+    std::vector<FolderEntry> found;
+    if (!listToEmpty(container.folder, found)) return false;
+    bool all = true;
+    for (const FolderEntry& entry : found) {
+        if (entry.kind != EntryKind::Folder || !hasNameOfEight(entry.name)) continue;
+        all = ok(files_.DeleteFolder(below(container.folder, entry.name), true)) && all;
+    }
+    return all;
+}
+
+bool BrowserCacheOnFiles::removeFiles(const std::string& folder, bool (*isOne)(std::string_view)) {
+    std::vector<FolderEntry> found;
+    if (!listToEmpty(folder, found)) return false;
+    bool all = true;
+    for (const FolderEntry& entry : found) {
+        if (entry.kind == EntryKind::Folder || !isOne(entry.name)) continue;
+        all = removeFile(below(folder, entry.name)) && all;
+    }
+    return all;
+}
+
+// False where nothing may be emptied, or the folder cannot be read; a missing folder is empty.
+bool BrowserCacheOnFiles::listToEmpty(const std::string& folder, std::vector<FolderEntry>& found) {
+    const Status status = files_.ReadFolderToEmpty(folder, found);
+    return ok(status) || status == Status::NotFound || status == Status::PathNotFound;
+}
+
+bool BrowserCacheOnFiles::removeKey(const std::string& key) {
+    constexpr RegResult kNotThere = 2;
+    const RegResult result = registry_.SHDeleteKeyA(HKEY_CURRENT_USER_, key);
+    return result == 0 || result == kNotThere;
+}
+
+bool BrowserCacheOnFiles::removeKeysOfDays() {
+    constexpr std::uint32_t kRoom = 256;
+    bool all = true;
+    for (const char* side : {"Cache\\Extensible Cache", "LowCache\\Extensible Cache"}) {
+        const std::string path = std::string(kCaches) + side;
+        HKey key = 0;
+        if (registry_.RegOpenKeyExA(HKEY_CURRENT_USER_, path, kKeyEnumerateSubKeys, key) != 0) continue;
+        std::vector<std::string> days;
+        std::string name;
+        for (std::uint32_t i = 0; registry_.RegEnumKeyA(key, i, kRoom, name) == 0; ++i) {
+            if (isDay(name)) days.push_back(path + "\\" + name);
+        }
+        registry_.RegCloseKey(key);
+        for (const std::string& day : days) all = removeKey(day) && all;
+    }
+    return all;
+}
+
+bool BrowserCacheOnFiles::clearTypedAddresses() {
+    const bool addresses = removeKey(std::string(kExplorer) + "TypedURLs");
+    return removeKey(std::string(kExplorer) + "TypedURLsTime") && addresses;
+}
+
+bool BrowserCacheOnFiles::clearRecovery() {
+    const std::string local = shell_.SpecialFolder(csidl::LocalAppData);
+    if (!base::isAbsolutePath(local)) return true;
+    bool all = true;
+    for (const char* folder : {"Active", "Last Active", "High\\Active", "High\\Last Active"}) {
+        const std::string tabs = below(local, "Microsoft\\Internet Explorer\\Recovery\\") + folder;
+        all = removeFiles(tabs, isKeptTab) && all;
+    }
+    return all;
+}
+
+}  // namespace tidvane::platform
