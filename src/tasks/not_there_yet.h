@@ -8,10 +8,6 @@ namespace tidvane::tasks {
 
 // Most steps: name and the word for "not ticked".
 void notThereYet(settings::Program& program, const CleaningTask& task);
-// The clearing of all Internet Explorer traces at once: without a word, as when it is off.
-void notThereYetSilent(settings::Program& program, const CleaningTask& task);
-// The Office tasks: they have names of their own for this, one for the log and one for panel 1.
-void notThereYetOffice(settings::Program& program, const CleaningTask& task);
 // The plug-ins: head line, then "no plug-in was ticked".
 void notThereYetPlugIns(settings::Program& program, const CleaningTask& task);
 
