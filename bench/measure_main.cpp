@@ -17,63 +17,13 @@
 #include "removal/folder_stats.h"
 #include "removal/folder_sweep.h"
 #include "removal/modKillMethod.h"
+#include "settings/built_in_masks.h"
 #include "settings/frmOptions.h"
 #include "settings/program.h"
 
 namespace {
 
 using namespace tidvane;
-
-// Masks as a user of the junk search picks them.
-constexpr const char* kMasks[] = {"*.---",
-                                  "*.$$$",
-                                  "*.~*",
-                                  "*.bak",
-                                  "*.chk",
-                                  "*.dmp",
-                                  "*.fts",
-                                  "*.gid",
-                                  "*.old",
-                                  "*.tmp",
-                                  "~*.*",
-                                  "*.001",
-                                  "*.002",
-                                  "*.log",
-                                  "*.nav",
-                                  "*.syd",
-                                  "*.err",
-                                  "*.fix",
-                                  "*.cpy",
-                                  "*._mp",
-                                  "*.alt",
-                                  "*.cb",
-                                  "*.cln",
-                                  "*.cor",
-                                  "*.dot",
-                                  "*.prv",
-                                  "*.qdk",
-                                  "*.sc0",
-                                  "*.sik",
-                                  "*.ubk",
-                                  "*.umb",
-                                  "*.ump",
-                                  "*0.log",
-                                  "*modem.log",
-                                  "*mscreate.dir",
-                                  "*scandisk.log",
-                                  "*setupact.log",
-                                  "*setuperr.log",
-                                  "*userenv.log",
-                                  "*wbemess.log",
-                                  "*wbemprox.log",
-                                  "*wwmiprov.log",
-                                  "*windowsupdate.log",
-                                  "*wwmsetup.log",
-                                  "*edb.log",
-                                  "*0???????.nch",
-                                  "*bootlog.txt",
-                                  "*Deleted Items.dbx",
-                                  "thumbcache*"};
 
 int fail(const std::string& sentence) {
     std::cerr << "tidvane-measure: " << sentence << "\n";
@@ -105,7 +55,7 @@ int main(int argc, char** argv) {
     auto& settingsWindow = program.get<settings::frmOptions>();
     settingsWindow.txtPurgeSpeed.setText("0");
     if (what == "sweep") {
-        for (const char* mask : kMasks) settingsWindow.lstSearchMasks.AddItem(mask);
+        for (const char* mask : settings::kBuiltInMasks) settingsWindow.lstSearchMasks.AddItem(mask);
     }
 
     const auto start = std::chrono::steady_clock::now();

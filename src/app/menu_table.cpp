@@ -43,7 +43,7 @@ constexpr std::array kMenus{
     MenuRow{"mnuTuneUp", "Erweiterte Einstellungen", Window, 0, "frmMoreToConfigure"},
     MenuRow{"mnuBackup", "Wartung", StarterTab, 3},
     MenuRow{"mnuCreateRestorePoint", "Wiederherstellungspunkt erstellen"},
-    MenuRow{"mnuManualSearch", "Manuelle Dateisuche"},
+    MenuRow{"mnuManualSearch", "Manuelle Dateisuche", Window, 0, "frmManualSearch"},
     MenuRow{"mnuCustomizeBrowserProfiles", "Browserordner"},
     MenuRow{"mnuFirefoxProfile", "Firefox", Window, 0, "frmMozillaDir"},
     MenuRow{"mnuOperaProfile", "Opera", Window, 0, "frmOperaDir"},

@@ -21,8 +21,8 @@ namespace {
 using forms::ControlKind;
 
 constexpr std::array kStoredWindows{
-    "frmOptions",  "frmMoreToConfigure", "frmResources", "frmIECache",        "frmTempAge", "frmMozillaDir",
-    "frmOperaDir", "frmChromeDir",       "frmSafariDir", "frmIEInDepthClean", "frmWidget",
+    "frmOptions",    "frmMoreToConfigure", "frmResources", "frmIECache",   "frmTempAge",        "frmManualSearch",
+    "frmMozillaDir", "frmOperaDir",        "frmChromeDir", "frmSafariDir", "frmIEInDepthClean", "frmWidget",
 };
 
 constexpr const char* kLineBreak = "\r\n";
@@ -79,6 +79,8 @@ std::span<const char* const> storedWindows() {
 }
 
 bool isStoredControl(const forms::Control& control) {
+    // The search wizard empties its log before it stores itself.
+    if (control.Name == "txtLog") return false;
     return control.kind == ControlKind::TextBox || control.kind == ControlKind::CheckBox ||
            control.kind == ControlKind::OptionButton || control.kind == ControlKind::ComboBox;
 }

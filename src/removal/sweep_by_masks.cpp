@@ -1,12 +1,11 @@
 #include <algorithm>
-#include <array>
 #include <string>
 #include <vector>
 
 #include "base/text.h"
 #include "base/wildcard.h"
 #include "removal/folder_sweep.h"
-#include "removal/modKillMethod.h"
+#include "removal/mask_removal.h"
 #include "removal/set_aside.h"
 #include "settings/frmOptions.h"
 
@@ -15,10 +14,6 @@ namespace tidvane::removal {
 namespace {
 
 using platform::EntryKind;
-namespace attribute = platform::attribute;
-
-// Folders of the recycle bins at the root of a drive, by generation.
-constexpr std::array kBins{"$Recycle.Bin", "RECYCLER", "RECYCLED"};
 
 // One walk. The masks are matched all at once against one listing of each folder; attributes are only asked for names
 // that match.
@@ -37,13 +32,11 @@ private:
 
     static std::vector<std::string> readMasks(settings::Program& owner);
     std::vector<std::string> allMasks() const;
-    bool countsAsFile(const std::string& path);
     bool stillThere(const std::string& path);
     std::vector<std::string> matchesOf(std::size_t mask, const std::string& path);
     void setAside(const std::string& path);
-    void removeByMask(std::size_t mask, const std::string& path, const std::vector<std::string>& matches);
+    void workOnMask(std::size_t mask, const std::string& path, const std::vector<std::string>& matches);
     void restore(const std::string& path);
-    bool isBinInUse(const std::string& path, const std::string& name);
 
     settings::Program& program_;
     platform::FileSystem& files_;
@@ -71,12 +64,6 @@ std::vector<std::string> MaskSweep::readMasks(settings::Program& owner) {
     return masks;
 }
 
-bool MaskSweep::countsAsFile(const std::string& path) {
-    unsigned attributes = 0;
-    if (!ok(files_.GetAttributes(path, attributes))) return false;
-    return (attributes & (attribute::Hidden | attribute::System | attribute::Directory)) == 0;
-}
-
 bool MaskSweep::stillThere(const std::string& path) {
     unsigned attributes = 0;
     return ok(files_.GetAttributes(path, attributes));
@@ -87,7 +74,7 @@ std::vector<std::string> MaskSweep::matchesOf(std::size_t mask, const std::strin
     std::vector<std::string> found;
     for (const std::size_t index : byMask_[mask]) {
         const Name& name = wanted_[index];
-        if (!name.gone && countsAsFile(path + name.text)) found.push_back(name.text);
+        if (!name.gone && isFoundByLookUp(files_, path + name.text)) found.push_back(name.text);
     }
     std::sort(found.begin(), found.end(), base::NoCaseLess{});
     return found;
@@ -117,35 +104,18 @@ void MaskSweep::setAside(const std::string& path) {
     }
 }
 
-void MaskSweep::removeByMask(std::size_t mask, const std::string& path, const std::vector<std::string>& matches) {
+void MaskSweep::workOnMask(std::size_t mask, const std::string& path, const std::vector<std::string>& matches) {
     settings::RunReport& report = program_.report();
     const std::string& text = masks_[mask];
     report.setFirstRowStatus(program_.LangText(514) + " [" + text + "] " + program_.LangText(515) + "...");
     // Intended: one line a mask and not a file, and the name in it is the second match, or nothing.
     const std::string place = "[" + text + "] " + path + (matches.size() > 1 ? matches[1] : std::string());
-    const int method = program_.selectedKillMethod();
-    if (method >= 0) {
-        // Where case matters to the host, a mask without a wildcard may name a file by one spelling and a folder by
-        // another: the bin would take the folder whole.
-        if (method != KillRecycle || !files_.FolderExists(path + text)) {
-            KillFile(program_.platform, path + text, method, false);
-        }
-        report.AddLogLine(place + " <OK>");
-    }
-    std::vector<std::string> refused;
-    if (method == KillRecycle) {
-        for (const std::string& name : matches) {
-            if (stillThere(path + name)) refused.push_back(name);
-        }
-    }
-    // The second attempt is always plain, whatever the user chose: intended. It reports success in any case.
-    if (!KillFile(program_.platform, path + text, KillPlain, true)) {
-        report.AddLogLine(place + " " + program_.LangText(516));
-    }
+    removeByMask(program_, path, text, matches,
+                 {[&] { report.AddLogLine(place + " <OK>"); },
+                  [&] { report.AddLogLine(place + " " + program_.LangText(516)); }});
     for (Name& name : wanted_) {
         if (!name.gone && base::wildcardMatch(text, name.text)) name.gone = !stillThere(path + name.text);
     }
-    for (const std::string& name : refused) program_.removedForGood += stillThere(path + name) ? 0 : 1;
 }
 
 void MaskSweep::restore(const std::string& path) {
@@ -156,14 +126,6 @@ void MaskSweep::restore(const std::string& path) {
             (void)files_.RenameEntry(path + kRestore[row].from, path + kRestore[row].to);
         }
     }
-}
-
-// Units in a recycle bin keep their extension. Under the recycle method the walk stays out of the bins of a drive: it
-// would take for good what it has just put there.
-bool MaskSweep::isBinInUse(const std::string& path, const std::string& name) {
-    constexpr std::size_t kDriveRoot = 3;  // "C:\"
-    if (path.size() != kDriveRoot || program_.selectedKillMethod() != KillRecycle) return false;
-    return std::any_of(kBins.begin(), kBins.end(), [&](const char* bin) { return base::equalNoCase(name, bin); });
 }
 
 void MaskSweep::folder(const std::string& path) {
@@ -200,13 +162,13 @@ void MaskSweep::folder(const std::string& path) {
         for (std::size_t mask = 0; mask < masks_.size(); ++mask) {
             if (byMask_[mask].empty()) continue;
             const std::vector<std::string> matches = matchesOf(mask, path);
-            if (!matches.empty()) removeByMask(mask, path, matches);
+            if (!matches.empty()) workOnMask(mask, path, matches);
         }
         restore(path);
     }
     std::sort(subFolders.begin(), subFolders.end(), base::NoCaseLess{});
     for (const std::string& name : subFolders) {
-        if (!isBinInUse(path, name)) folder(base::withBackslash(path + name));
+        if (!isBinInUse(program_, path, name)) folder(base::withBackslash(path + name));
     }
 }
 

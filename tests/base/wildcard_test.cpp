@@ -7,61 +7,14 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
+#include "settings/built_in_masks.h"
 #include "support/reference.h"
 
 namespace tidvane::base {
 namespace {
 
 // The built-in masks of the junk search.
-const std::vector<std::string> builtInMasks{"*.---",
-                                            "*.$$$",
-                                            "*.~*",
-                                            "*.bak",
-                                            "*.chk",
-                                            "*.dmp",
-                                            "*.fts",
-                                            "*.gid",
-                                            "*.old",
-                                            "*.tmp",
-                                            "~*.*",
-                                            "*.001",
-                                            "*.002",
-                                            "*.log",
-                                            "*.nav",
-                                            "*.syd",
-                                            "*.err",
-                                            "*.fix",
-                                            "*.cpy",
-                                            "*._mp",
-                                            "*.alt",
-                                            "*.cb",
-                                            "*.cln",
-                                            "*.cor",
-                                            "*.dot",
-                                            "*.prv",
-                                            "*.qdk",
-                                            "*.sc0",
-                                            "*.sik",
-                                            "*.ubk",
-                                            "*.umb",
-                                            "*.ump",
-                                            "*0.log",
-                                            "*modem.log",
-                                            "*mscreate.dir",
-                                            "*scandisk.log",
-                                            "*setupact.log",
-                                            "*setuperr.log",
-                                            "*userenv.log",
-                                            "*wbemess.log",
-                                            "*wbemprox.log",
-                                            "*wwmiprov.log",
-                                            "*windowsupdate.log",
-                                            "*wwmsetup.log",
-                                            "*edb.log",
-                                            "*0???????.nch",
-                                            "*bootlog.txt",
-                                            "*Deleted Items.dbx",
-                                            "thumbcache*"};
+const std::vector<std::string> builtInMasks(settings::kBuiltInMasks.begin(), settings::kBuiltInMasks.end());
 
 std::vector<std::size_t> matchesOf(const MaskSet& set, std::string_view name) {
     std::vector<std::size_t> found;
