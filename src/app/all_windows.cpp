@@ -5,6 +5,7 @@
 #include "app/frmDiskSizeStats.h"
 #include "app/frmMain.h"
 #include "desktop/frmWidget.h"
+#include "plugins/frmPlugsInfo.h"
 #include "settings/frmChromeDir.h"
 #include "settings/frmIEInDepthClean.h"
 #include "settings/frmMoreToConfigure.h"
@@ -41,7 +42,7 @@ void offerWindowsWithoutMain(settings::Program& program) {
           settings::frmOptions, settings::frmMoreToConfigure, settings::frmStarter, settings::frmResources,  //
           settings::frmMozillaDir, settings::frmOperaDir, settings::frmChromeDir, settings::frmSafariDir,    //
           settings::frmIEInDepthClean, tools::frmTempAge, tools::frmManualSearch, tools::frmSearchMasks,
-          tools::frmIECache, tools::frmIECookies, desktop::frmWidget>(program);
+          tools::frmIECache, tools::frmIECookies, plugins::frmPlugsInfo, desktop::frmWidget>(program);
 }
 
 }  // namespace tidvane::app

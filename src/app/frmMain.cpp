@@ -8,19 +8,12 @@
 #include "app/window_state.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "platform/common/directory_lookup.h"
 #include "removal/modKillMethod.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/frmOptions.h"
 #include "settings/modFormINI.h"
 
 namespace tidvane::app {
-
-namespace {
-// Folders match too: one named "x.tdp" gets a row, and only its use shows that it is none.
-constexpr unsigned kWithFolders = platform::attribute::Directory;
-constexpr const char* kPlugSection = "PlugIns";
-}  // namespace
 
 frmMain::frmMain(settings::Program& program) : forms::Form(kName), program_(program), log_(program, txtLog) {
     Width.design(kMinWidth);
@@ -55,6 +48,7 @@ frmMain::frmMain(settings::Program& program) : forms::Form(kName), program_(prog
     SSTab1.Click.connect([this] { pageChanged(); });
     connectMenus();
     connectPane();
+    connectPlugList();
 }
 
 frmMain::~frmMain() {
@@ -133,7 +127,7 @@ void frmMain::Form_Unload() {
     // A second instance ends without the steps below: they would write its own rectangle over the stored one and could
     // start a cleaning that nobody asked for.
     if (secondInstance_) return;
-    writePlugTicks();
+    writePlugTicks("1", "0");
     AddLogHeading(program_.LangText(578));
     setPanel(1, program_.LangText(578));
     saveWindowState(*this);
@@ -146,35 +140,6 @@ void frmMain::Form_Unload() {
     }
     RemoveTrayIcon();
     program_.UnloadAllForms();
-}
-
-void frmMain::FillPlugList() {
-    plugPaths_.clear();
-    for (const std::string& name :
-         platform::findMatches(program_.platform.files, plugFolder_ + "*.tdp", kWithFolders)) {
-        plugPaths_.push_back(plugFolder_ + name);
-        LstPlugs.AddItem(name.substr(0, name.rfind('.')));
-        program_.platform.events.DoEvents();
-    }
-    AddLogLine(program_.LangText(576) + ": " + base::numberText(static_cast<std::int64_t>(plugPaths_.size())) + " " +
-               program_.LangText(577) + " <OK>");
-}
-
-void frmMain::writePlugTicks() {
-    for (int row = 0; row < LstPlugs.ListCount(); ++row) {
-        settings::WriteProfileValue(program_, plugIniPath_, kPlugSection, LstPlugs.List(row),
-                                    LstPlugs.Selected(row) ? "1" : "0");
-    }
-}
-
-void frmMain::readPlugTicks() {
-    const base::Locale& locale = program_.locale();
-    for (int row = 0; row < LstPlugs.ListCount(); ++row) {
-        const std::string value = settings::ReadProfileValue(program_, plugIniPath_, kPlugSection, LstPlugs.List(row));
-        bool ticked = base::equalNoCase(value, "True") || base::equalNoCase(value, locale.trueText);
-        if (const auto number = base::parseNumber(value, locale)) ticked = *number != 0;
-        LstPlugs.setSelected(row, ticked);
-    }
 }
 
 std::string frmMain::diskSizeDrive() const {

@@ -15,6 +15,7 @@
 #include "forms/simple_controls.h"
 #include "forms/text_box.h"
 #include "platform/removal_counter.h"
+#include "plugins/dPlugCleaner.h"
 #include "settings/program.h"
 #include "settings/run_report.h"
 
@@ -72,7 +73,17 @@ public:
     void toBackground();
     void AddTrayIcon(const std::string& tip);
     void RemoveTrayIcon();
+    // Rebuilds PlugPaths and adds the rows; the list itself is not cleared.
     void FillPlugList();
+    // The ticked plug-ins, one after the other. An error in one of them (base::RuntimeError) leaves the pass: the
+    // others do not run, and nothing more is written.
+    void CleanPlugins();
+    // What the user does on the page of the plug-ins.
+    void plugListRightClick();
+    void plugListMouseMove();
+    void plugListKeyDown(int key);
+    void searchBoxClick();
+    void searchBoxKeyPress(char32_t key);
     // Right button on the task list.
     void taskListRightClick();
     // Over the window; the pointer is the hourglass while a run is under way.
@@ -86,7 +97,12 @@ public:
     bool StopRequested() const override { return stopRequested_; }
     bool LogVisible() const { return logVisible_ != 0; }
     const std::string& PlugFolder() const { return plugFolder_; }
+    // Path i belongs to row i of LstPlugs.
     const std::vector<std::string>& PlugPaths() const { return plugPaths_; }
+    // The one object that reads and runs plug-ins, made at first need.
+    plugins::dPlugCleaner& plugCleaner();
+    // Index of the row that the search found last, as text; "-1": none.
+    const std::string& cmdSearchTag() const { return cmdSearchTag_; }
     const TrayRecord& TrayData() const { return trayData_; }
     // The first two characters of the drive that the disk figures are taken of, as "C:".
     std::string diskSizeDrive() const;
@@ -154,6 +170,7 @@ public:
 private:
     friend class StartSequence;
     friend class CleaningRun;
+    friend void cleanPlugInsNow(frmMain& main);
 
     void buildMenus();
     void connectMenus();
@@ -168,8 +185,18 @@ private:
     void downloadExtensions();
     void openExplorerRow(int row);
     void fillExplorerMenu();
-    void writePlugTicks();
+    void connectPlugList();
+    void writePlugTicks(const char* ticked, const char* notTicked);
     void readPlugTicks();
+    void refreshPlugList();
+    void selectAllPlugs(bool selected);
+    // Points the plug-in object at the current row. False: there is no such row, or no such file any more.
+    bool takeCurrentPlug();
+    void showPlugInfo();
+    void editPlug();
+    void createPlug();
+    void deletePlug();
+    void cmdSearch_Click();
 
     settings::Program& program_;
     Log log_;
@@ -179,6 +206,9 @@ private:
     std::string plugIniPath_;
     std::string plugFolder_;
     std::vector<std::string> plugPaths_;
+    unsigned plugListFills_ = 0;
+    std::unique_ptr<plugins::dPlugCleaner> plugCleaner_;
+    std::string cmdSearchTag_ = "-1";
     TrayRecord trayData_;
     bool secondInstance_ = false;
     std::vector<std::unique_ptr<forms::Menu>> menus_;

@@ -1,11 +1,11 @@
 #include "app/plug_in_step.h"
 
-#include "tasks/not_there_yet.h"
+#include "app/frmMain.h"
 
 namespace tidvane::app {
 
-void cleanPlugIns(settings::Program& program, const tasks::CleaningTask& task) {
-    tasks::notThereYetPlugIns(program, task);
+void cleanPlugIns(settings::Program& program, const tasks::CleaningTask& /*task*/) {
+    program.get<frmMain>().CleanPlugins();
 }
 
 }  // namespace tidvane::app

@@ -21,8 +21,9 @@ namespace {
 using forms::ControlKind;
 
 constexpr std::array kStoredWindows{
-    "frmOptions",    "frmMoreToConfigure", "frmResources", "frmIECache",   "frmTempAge",        "frmManualSearch",
-    "frmMozillaDir", "frmOperaDir",        "frmChromeDir", "frmSafariDir", "frmIEInDepthClean", "frmWidget",
+    "frmOptions",        "frmMoreToConfigure", "frmResources", "frmIECache",   "frmTempAge",
+    "frmManualSearch",   "frmMozillaDir",      "frmOperaDir",  "frmChromeDir", "frmSafariDir",
+    "frmIEInDepthClean", "frmPlugsInfo",       "frmWidget",
 };
 
 constexpr const char* kLineBreak = "\r\n";

@@ -15,6 +15,8 @@ inline constexpr const char* kCommunity = "https://tidvane.example/community";
 inline constexpr const char* kFacebook = "https://tidvane.example/community/like";
 inline constexpr const char* kTwitter = "https://tidvane.example/community/follow";
 inline constexpr const char* kRegister = "https://tidvane.example/community/register";
+// A web search service; its path and query follow.
+inline constexpr const char* kWebSearch = "https://search.example";
 
 inline constexpr const char* kSetup = "https://tidvane.example/download/tidvane-setup.exe";
 inline constexpr const char* kNews = "https://tidvane.example/td_updates/news, product updates, support.txt";
