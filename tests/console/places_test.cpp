@@ -3,6 +3,11 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
 #include "support/host_directory.h"
 
 namespace tidvane::console {
@@ -74,6 +79,20 @@ TEST_F(Places, KnowTheUsersDataDirectory) {
 
 TEST_F(Places, FindTheDeliveredFiles) {
     EXPECT_NE(deliveredData(), "");
+}
+
+TEST_F(Places, DeliverThePlugInsByteForByte) {
+    namespace fs = std::filesystem;
+    ASSERT_TRUE(fillProgramFolder(here / "home/program", deliveredData(), error)) << error;
+    std::size_t plugIns = 0;
+    for (const fs::directory_entry& entry : fs::directory_iterator(fs::path(deliveredData()) / "PlugIns")) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        ASSERT_NE(bytes, "");
+        EXPECT_EQ(here.content("home/program/PlugIns/" + entry.path().filename().string()), bytes);
+        ++plugIns;
+    }
+    EXPECT_GE(plugIns, 30U);
 }
 
 }  // namespace
