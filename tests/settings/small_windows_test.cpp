@@ -50,6 +50,35 @@ TEST_F(InDepth, EverythingAtOnceExcludesTheSingleCalls) {
     EXPECT_EQ(window().chkIEINDepthClean.Value, 0);
 }
 
+TEST_F(InDepth, AGreyedStepIsNotTicked) {
+    window().chkIEINDepthCleanAll.Value = 2;
+    EXPECT_TRUE(window().chkIEINDepthClean.Enabled);
+    EXPECT_EQ(window().chkIEINDepthClean.Value, 1);
+    window().cmdOK.Click();
+    EXPECT_TRUE(display.boxes.empty());
+}
+
+TEST_F(InDepth, TakesItsCaptions) {
+    for (int entry = 800; entry <= 802; ++entry) program.LangText.set(entry, "L" + std::to_string(entry));
+    EXPECT_EQ(window().Caption, std::string("L800"));
+    EXPECT_EQ(window().frmIEAdvancedOpt.Caption, std::string("L800"));
+    EXPECT_EQ(window().chkIEINDepthClean.Caption, std::string("L801"));
+    EXPECT_EQ(window().chkIEINDepthCleanAll.Caption, std::string("L802"));
+}
+
+TEST_F(InDepth, AFileWithoutItsSectionLeavesTheCallsTicked) {
+    putBeside("td_config.ini", "[frmOptions]\r\nchkIEHistory=1\r\n");
+    EXPECT_EQ(window().chkIEINDepthClean.Value, 1);
+    EXPECT_EQ(window().chkIEINDepthCleanAll.Value, 0);
+}
+
+TEST_F(InDepth, AStoredStepTakesTheCallsAway) {
+    putBeside("td_config.ini", "[frmIEInDepthClean]\r\nchkIEINDepthClean=1\r\nchkIEINDepthCleanAll=1\r\n");
+    EXPECT_EQ(window().chkIEINDepthCleanAll.Value, 1);
+    EXPECT_EQ(window().chkIEINDepthClean.Value, 0);
+    EXPECT_FALSE(window().chkIEINDepthClean.Enabled);
+}
+
 TEST_F(InDepth, OkWithoutTheStepAsksNothing) {
     window().cmdOK.Click();
     EXPECT_TRUE(display.boxes.empty());
@@ -67,6 +96,9 @@ TEST_F(InDepth, YesStoresTheStepAndCloses) {
     EXPECT_EQ(display.boxes[0].style, 308);
     EXPECT_EQ(stored(), "0 1");
     EXPECT_FALSE(display.wasShown("frmIEInDepthClean"));
+    EXPECT_EQ(program.windows.ifLoaded("frmIEInDepthClean"), nullptr);
+    EXPECT_EQ(window().chkIEINDepthCleanAll.Value, 1);
+    EXPECT_FALSE(window().chkIEINDepthClean.Enabled);
 }
 
 TEST_F(InDepth, NoStoresTheCallsAndShowsTheWindowAgain) {

@@ -72,6 +72,85 @@ TEST_F(IECache, TheTimerCountsAndSwitchesTheCommands) {
     EXPECT_TRUE(window().mnurefreshcache.Enabled);
 }
 
+TEST_F(IECache, AnEmptyCacheLeavesTheListEmptyAndItsCommandsDoNothing) {
+    machine.browserCache.cached.clear();
+    window().tmrCache.fire();
+    EXPECT_EQ(window().lstCache.ListCount(), 0);
+    EXPECT_FALSE(window().mnudeleteall.Enabled);
+    window().cmdDeleteAll.setValue(true);
+    window().mnudeleteselected.Click();
+    window().mnuselectall.Click();
+    EXPECT_TRUE(machine.browserCache.deleteCalls.empty());
+}
+
+TEST_F(IECache, ANormalEntryWithTheWordCookieInItsPathCountsAsOne) {
+    machine.browserCache.cached.clear();
+    add("http://d.example/Cookies/recipe.htm", 1, {2009, 11, 3, 7, 5, 9});
+    add("http://d.example/cookies/recipe.htm", 1, {2009, 11, 3, 7, 5, 9});  // another case: no cookie
+    window().mnudeleteall.Click();
+    EXPECT_EQ(machine.browserCache.deleteCalls, (std::vector<std::string>{"http://d.example/cookies/recipe.htm"}));
+    ASSERT_EQ(window().lstCache.ListCount(), 1);
+    EXPECT_EQ(window().addressOf(0), "http://d.example/Cookies/recipe.htm");
+}
+
+TEST_F(IECache, AGreyedBoxSparesCookies) {
+    window().chkAllCookies.Value = 2;
+    window().mnudeleteall.Click();
+    EXPECT_EQ(window().lstCache.ListCount(), 1);
+}
+
+TEST_F(IECache, AddressesKeepTheirOwnBars) {
+    EXPECT_EQ(window().addressOf(2), "http://c.example/?a|b");
+    window().lstCache.setListIndex(2);
+    window().mnudeleteselected.Click();
+    EXPECT_EQ(machine.browserCache.deleteCalls, (std::vector<std::string>{"http://c.example/?a|b"}));
+}
+
+TEST_F(IECache, SelectionPlaysNoPartInDeleteAll) {
+    window().mnuselectall.Click();
+    window().mnudeselectall.Click();
+    EXPECT_EQ(window().lstCache.SelCount(), 0);
+    window().mnudeleteall.Click();
+    EXPECT_EQ(machine.browserCache.deleteCalls.size(), 2u);
+}
+
+TEST_F(IECache, TheTipIsTheRowBelowThePointer) {
+    const auto tipAt = [this](int y, int rowHeight, int topRow) {
+        window().listMouseMove(y, rowHeight, topRow);
+        return window().lstCache.ToolTipText.get();
+    };
+    EXPECT_EQ(tipAt(0, 13, 0), window().lstCache.List(0));
+    EXPECT_EQ(tipAt(12, 13, 0), window().lstCache.List(0));
+    EXPECT_EQ(tipAt(13, 13, 0), window().lstCache.List(1));
+    EXPECT_EQ(tipAt(13, 13, 1), window().lstCache.List(2));  // scrolled down by one row
+    EXPECT_EQ(tipAt(13, 13, 2), "");                         // below the last row
+    EXPECT_EQ(tipAt(-1, 13, 0), "");
+    EXPECT_EQ(tipAt(5, 0, 0), "");
+}
+
+TEST_F(IECache, TheRightButtonOffersToDeleteAll) {
+    window().listRightClick();
+    EXPECT_EQ(display.menus, (std::vector<std::pair<std::string, std::string>>{{"frmIECache", "mnBar"}}));
+    for (const forms::Control* control : window().Controls()) {
+        if (control->kind != forms::ControlKind::Menu) continue;
+        EXPECT_EQ(static_cast<const forms::Menu*>(control)->isDefault, control->Name == "mnudeleteall")
+            << control->Name;
+    }
+}
+
+TEST_F(IECache, TakesItsCaptionsAndKeepsItsTitle) {
+    for (int entry = 810; entry <= 816; ++entry) program.LangText.set(entry, "L" + std::to_string(entry));
+    EXPECT_EQ(window().Caption, std::string("Internet Explorer Browser Cache Manager"));
+    EXPECT_EQ(window().mnurefreshcache.Caption, std::string("L810"));
+    EXPECT_EQ(window().mnuselectall.Caption, std::string("L811"));
+    EXPECT_EQ(window().mnudeselectall.Caption, std::string("L812"));
+    EXPECT_EQ(window().mnudeleteall.Caption, std::string("L813"));
+    EXPECT_EQ(window().cmdDeleteAll.Caption, std::string("L813"));
+    EXPECT_EQ(window().mnudeleteselected.Caption, std::string("L814"));
+    EXPECT_EQ(window().mnusavecachefile.Caption, std::string("L815"));
+    EXPECT_EQ(window().chkAllCookies.Caption, std::string("L816"));
+}
+
 TEST_F(IECache, SavesTheListAsItStands) {
     window().mnusavecachefile.Click();  // cancelled
     display.files = {"C:\\list.txt"};
