@@ -324,7 +324,7 @@ TEST_F(DeliveredPlugInFiles, EmptyNoFolderThatIsMoreThanACache) {
 // An account has up to 20 characters; where its folder is taken already, the name of the computer (up to 15) and a
 // number follow. Each may take two bytes in the code pages of East Asia.
 TEST_F(DeliveredPlugInFiles, ExpandWithinTheBufferInTheLongestProfiles) {
-    const std::string longest = std::string(2 * 20, 'u') + "." + std::string(2 * 15, 'c') + ".000";
+    const std::string longest = std::string(40, 'u') + "." + std::string(30, 'c') + ".000";
     const std::string vista = "C:\\Users\\" + longest;
     const std::string xp = "C:\\Dokumente und Einstellungen\\" + longest;
     using Variables = std::vector<std::pair<std::string, std::string>>;
