@@ -53,24 +53,32 @@ bool hasUnclearName(std::string_view text) {
     return false;
 }
 
+// False: no such path; `path` is then what could be read of it.
 bool isPlainPath(const std::string& text, WindowsPath& path) {
-    if (hasUnclearName(text) || !ok(platform::parseWindowsPath(text, path)) || path.names.empty()) return false;
+    if (!ok(platform::parseWindowsPath(text, path)) || path.names.empty() || hasUnclearName(text)) return false;
     return std::all_of(path.names.begin(), path.names.end(), platform::isCreatableName);
 }
 
 // Whether `path` is `folder` or a folder above it.
-bool holds(const WindowsPath& path, const std::string& folder) {
-    WindowsPath inside;
-    if (!ok(platform::parseWindowsPath(folder, inside))) return false;
-    if (!base::equalNoCase(path.root, inside.root) || path.names.size() > inside.names.size()) return false;
-    return std::equal(path.names.begin(), path.names.end(), inside.names.begin(),
+bool holds(const WindowsPath& path, const WindowsPath& folder) {
+    if (!base::equalNoCase(path.root, folder.root) || path.names.size() > folder.names.size()) return false;
+    return std::equal(path.names.begin(), path.names.end(), folder.names.begin(),
                       [](const std::string& a, const std::string& b) {
                           return platform::comparableName(a) == platform::comparableName(b);
                       });
 }
 
-bool isUsable(Program& program, BrowserDirForm& form, BrowserBox box) {
-    WindowsPath path;
+bool holds(const WindowsPath& path, const std::string& folder) {
+    WindowsPath inside;
+    return ok(platform::parseWindowsPath(folder, inside)) && holds(path, inside);
+}
+
+bool samePlace(const WindowsPath& a, const WindowsPath& b) {
+    return a.names.size() == b.names.size() && holds(a, b);
+}
+
+// By its shape and by where it lies; what the other boxes hold does not count.
+bool isPossibleProfile(Program& program, BrowserDirForm& form, BrowserBox box, WindowsPath& path) {
     if (!isPlainPath(form.box(box).Text(), path)) return false;
     for (const NoProfile& row : kNoProfiles) {
         if (row.page != form.page() || row.box != box) continue;
@@ -78,7 +86,17 @@ bool isUsable(Program& program, BrowserDirForm& form, BrowserBox box) {
             if (holds(path, program.platform.shell.SpecialFolder(data) + row.folder)) return false;
         }
     }
-    return box != Cache || !holds(path, form.box(Profile).Text());
+    return true;
+}
+
+bool isUsable(Program& program, BrowserDirForm& form, BrowserBox box) {
+    WindowsPath path;
+    if (!isPossibleProfile(program, form, box, path)) return false;
+    if (box != Cache) return true;
+    if (holds(path, form.box(Profile).Text())) return false;
+    WindowsPath second;
+    path.names.pop_back();
+    return isPossibleProfile(program, form, Second, second) || !samePlace(path, second);
 }
 
 }  // namespace

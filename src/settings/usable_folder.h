@@ -13,7 +13,8 @@ namespace tidvane::settings {
 // The box's text where it may be used, an empty one otherwise; the display tells each refusal once. Refused are:
 // - anything but a full path: relative, empty, with "." or ".." in it, with a sign that no path can hold;
 // - a folder that the browser keeps its profiles in, and every one above;
-// - for the cache box, the folder of the profile box, and every one above.
+// - for the cache box, the folder of the profile box, every one above, and one directly in a second box that is
+// refused.
 std::string usableFolder(Program& program, BrowserDirForm& form, BrowserBox box);
 
 }  // namespace tidvane::settings
