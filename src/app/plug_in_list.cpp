@@ -2,22 +2,17 @@
 #include <algorithm>
 
 #include "app/frmMain.h"
+#include "app/plug_in_files.h"
 #include "app/plug_in_pass.h"
 #include "base/numbers.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "platform/common/directory_lookup.h"
 #include "plugins/frmPlugsInfo.h"
 #include "removal/modKillMethod.h"
-#include "settings/modFormINI.h"
 
 namespace tidvane::app {
 
 namespace {
-
-// Folders match too: one named "x.tdp" gets a row, and only its use shows that it is none.
-constexpr unsigned kWithFolders = platform::attribute::Directory;
-constexpr const char* kPlugSection = "PlugIns";
 
 constexpr int kKeyF5 = 116;
 constexpr char32_t kEnter = 13;
@@ -70,10 +65,9 @@ plugins::dPlugCleaner& frmMain::plugCleaner() {
 void frmMain::FillPlugList() {
     const unsigned fill = ++plugListFills_;
     plugPaths_.clear();
-    for (const std::string& name :
-         platform::findMatches(program_.platform.files, plugFolder_ + "*.tdp", kWithFolders)) {
+    for (const std::string& name : plugInFiles(program_, plugFolder_)) {
         plugPaths_.push_back(plugFolder_ + name);
-        LstPlugs.AddItem(name.substr(0, name.rfind('.')));
+        LstPlugs.AddItem(plugInName(name));
         program_.platform.events.DoEvents();
         // An event that got in has filled the list anew: its rows stand, and what is left here would come twice.
         if (fill != plugListFills_ || program_.ended()) return;
@@ -84,22 +78,15 @@ void frmMain::FillPlugList() {
 
 void frmMain::writePlugTicks(const char* ticked, const char* notTicked) {
     for (int row = 0; row < LstPlugs.ListCount(); ++row) {
-        settings::WriteProfileValue(program_, plugIniPath_, kPlugSection, LstPlugs.List(row),
-                                    LstPlugs.Selected(row) ? ticked : notTicked);
+        (void)storePlugTick(program_, plugIniPath_, LstPlugs.List(row), LstPlugs.Selected(row) ? ticked : notTicked);
     }
 }
 
-// Numbers and words alike; a text that is neither leaves its row as it is.
+// A text that is no tick leaves its row as it is.
 void frmMain::readPlugTicks() {
-    const base::Locale& locale = program_.locale();
     for (int row = 0; row < LstPlugs.ListCount(); ++row) {
-        const std::string value = settings::ReadProfileValue(program_, plugIniPath_, kPlugSection, LstPlugs.List(row));
-        if (const auto number = base::parseNumber(value, locale)) {
-            LstPlugs.setSelected(row, *number != 0);
-        } else if (base::equalNoCase(value, "True") || base::equalNoCase(value, locale.trueText)) {
-            LstPlugs.setSelected(row, true);
-        } else if (base::equalNoCase(value, "False") || base::equalNoCase(value, locale.falseText)) {
-            LstPlugs.setSelected(row, false);
+        if (const auto tick = storedPlugTick(program_, plugIniPath_, LstPlugs.List(row))) {
+            LstPlugs.setSelected(row, *tick);
         }
     }
 }
@@ -107,7 +94,7 @@ void frmMain::readPlugTicks() {
 void frmMain::refreshPlugList() {
     writePlugTicks("True", "False");
     LstPlugs.Clear();
-    plugFolder_ = program_.inProgramFolder("PlugIns\\");
+    plugFolder_ = plugInFolder(program_);
     FillPlugList();
     if (!program_.ended()) readPlugTicks();
 }

@@ -9,6 +9,7 @@
 #include "app/log_font.h"
 #include "app/other_cleaners.h"
 #include "app/pane_table.h"
+#include "app/plug_in_files.h"
 #include "app/task_rows.h"
 #include "app/window_state.h"
 #include "base/runtime_error.h"
@@ -146,8 +147,8 @@ void StartSequence::warnOfAddIns() {
 
 void StartSequence::loadPlugIns() {
     settings::Program& program = main_.program_;
-    main_.plugIniPath_ = program.inProgramFolder("td_apps.ini");
-    main_.plugFolder_ = program.inProgramFolder("PlugIns\\");
+    main_.plugIniPath_ = program.inProgramFolder(kPlugTicksFile);
+    main_.plugFolder_ = plugInFolder(program);
     main_.FillPlugList();
     main_.readPlugTicks();
     constexpr double kSmallFont = 8;

@@ -103,19 +103,10 @@ const GroupRow& groupRow(Group group) {
     return *std::find_if(kGroups.begin(), kGroups.end(), [&](const GroupRow& row) { return row.group == group; });
 }
 
-// The one table of what is not there yet: these stand-ins report an unticked step.
-// clang-format off
-constexpr std::array<Worker, 0> kStandIns{};
-// clang-format on
-
 }  // namespace
 
 std::span<const CleaningTask> taskCatalogue() {
     return kCatalogue;
-}
-
-bool isNotThereYet(const CleaningTask& task) {
-    return std::find(kStandIns.begin(), kStandIns.end(), task.worker) != kStandIns.end();
 }
 
 const char* groupName(Group group) {

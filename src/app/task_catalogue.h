@@ -12,9 +12,6 @@ inline constexpr int kSteps = 62;
 // In the order of the walk. Never change a step's number: the log, the rows and the reports of runs depend on it.
 std::span<const tasks::CleaningTask> taskCatalogue();
 
-// Steps whose worker is not there yet: it takes its unticked branch, whatever its gate says.
-bool isNotThereYet(const tasks::CleaningTask& task);
-
 // The group's name as the command line knows it ("windows", "ie", ...), and its small icon in the task list.
 const char* groupName(tasks::Group group);
 int groupIcon(tasks::Group group);

@@ -22,9 +22,11 @@ struct Session {
     std::function<void(const std::string&)> warn;
 };
 
-// The services with others in the place of these two.
+// The services with others in the place of these.
 platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
                            platform::EventPump& events);
+platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
+                           platform::EventPump& events, platform::Clock& clock);
 
 // The start, the settings of the options, the clean button, the end.
 int runCommand(Session& session, const Options& options);
@@ -32,5 +34,14 @@ int runCommand(Session& session, const Options& options);
 int tasksCommand(Session& session, const Options& options);
 // One line a control: window.control=value.
 int settingsCommand(Session& session, const Options& options);
+// Shows or changes the own lists.
+int listsCommand(Session& session, const Options& options);
+// Lists the plug-ins, stores ticks, shows what a plug-in says of itself.
+int pluginsCommand(Session& session, const Options& options);
+// The search wizard, from its first page to the end of the search.
+int searchCommand(Session& session, const Options& options);
+// The managers of cookie files and of cache entries.
+int cookiesCommand(Session& session, const Options& options);
+int cacheCommand(Session& session, const Options& options);
 
 }  // namespace tidvane::console

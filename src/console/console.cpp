@@ -21,9 +21,35 @@ int fail(std::ostream& err, const std::string& sentence) {
     return exit_status::MachineUnusable;
 }
 
-// Only a run changes the machine; the other commands look, also while somebody else has it open.
-machine::Machine::Access accessFor(Command command) {
-    return command == Command::Run ? machine::Machine::Access::Write : machine::Machine::Access::Read;
+using CommandFunction = int (*)(Session&, const Options&);
+
+CommandFunction commandOf(const Options& options) {
+    switch (options.command) {
+        case Command::Tasks:
+            return tasksCommand;
+        case Command::Settings:
+            return settingsCommand;
+        case Command::Lists:
+            return listsCommand;
+        case Command::Plugins:
+            return pluginsCommand;
+        case Command::Search:
+            return searchCommand;
+        case Command::Cookies:
+            return cookiesCommand;
+        case Command::Cache:
+            return cacheCommand;
+        default:
+            return runCommand;
+    }
+}
+
+// Only what removes something changes the machine; all else looks, also while somebody else has it open.
+machine::Machine::Access accessFor(const Options& options) {
+    const bool removes =
+        ((options.command == Command::Run || options.command == Command::Search) && !options.preview) ||
+        options.manager.remove;
+    return removes ? machine::Machine::Access::Write : machine::Machine::Access::Read;
 }
 
 // False: neither the options nor the environment tell where the machine and the program folder are.
@@ -44,10 +70,11 @@ std::unique_ptr<machine::MachinePlatform> open(const Options& options, bool name
                 options.machine + "' --sample\", or name a Wine prefix with --machine.";
         return nullptr;
     }
-    auto opened = machine::Machine::open(options.machine, accessFor(options.command), error);
+    auto opened = machine::Machine::open(options.machine, accessFor(options), error);
     if (opened == nullptr) return nullptr;
     if (!fillProgramFolder(options.program, deliveredData(), error)) return nullptr;
-    return machine::MachinePlatform::make(std::move(opened), {options.program, options.arguments, {}}, error);
+    return machine::MachinePlatform::make(std::move(opened), {options.program, options.arguments, {}, options.preview},
+                                          error);
 }
 
 int dispatch(const Options& options, machine::MachinePlatform& platform, std::ostream& out, std::ostream& err) {
@@ -58,11 +85,7 @@ int dispatch(const Options& options, machine::MachinePlatform& platform, std::os
         // The registry's loss is what the command itself ends with.
         if (warning.kind != platform::WarningKind::RegistryLost && session.warn) session.warn(warning.text);
     });
-    const int status = withLastCatch(session, [&] {
-        if (options.command == Command::Tasks) return tasksCommand(session, options);
-        if (options.command == Command::Settings) return settingsCommand(session, options);
-        return runCommand(session, options);
-    });
+    const int status = withLastCatch(session, [&] { return commandOf(options)(session, options); });
     platform.setWarningSink({});
     return status;
 }

@@ -31,7 +31,8 @@ int ConsoleDisplay::MsgBox(const std::string& text, int style, const std::string
 }
 
 void ConsoleDisplay::warn(const std::string& line) {
-    err_ << "Warning: " << withHostLineEnds(line) << std::endl;
+    err_ << (preview_ ? "Warning (of a preview, nothing was removed): " : "Warning: ") << withHostLineEnds(line)
+         << std::endl;
 }
 
 }  // namespace tidvane::console

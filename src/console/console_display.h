@@ -10,7 +10,9 @@ namespace tidvane::console {
 class ConsoleDisplay final : public forms::Display {
 public:
     // `answerYes` answers every question; boxes with one button get that button.
-    ConsoleDisplay(std::ostream& err, bool answerYes) : err_(err), answerYes_(answerYes) {}
+    // Warnings of a `preview` tell what would happen, and say so.
+    ConsoleDisplay(std::ostream& err, bool answerYes, bool preview = false)
+        : err_(err), answerYes_(answerYes), preview_(preview) {}
 
     // True once the program has said that it ends.
     [[nodiscard]] bool ended() const { return ended_; }
@@ -41,6 +43,7 @@ public:
 private:
     std::ostream& err_;
     bool answerYes_;
+    bool preview_;
     bool ended_ = false;
 };
 

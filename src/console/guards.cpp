@@ -1,8 +1,12 @@
 #include "console/guards.h"
 
-#include "app/task_catalogue.h"
+#include <algorithm>
+#include <array>
+
 #include "platform/common/directory_lookup.h"
 #include "settings/frmOptions.h"
+#include "settings/list_files.h"
+#include "settings/own_entries.h"
 
 namespace tidvane::console {
 
@@ -39,13 +43,31 @@ void warnOfMissingTexts(settings::Program& program, forms::Display& display) {
         "the delivery.");
 }
 
-void warnOfStepsNotThere(settings::Program& program, forms::Display& display) {
-    std::string names;
-    for (const tasks::CleaningTask& task : app::taskCatalogue()) {
-        if (!app::isNotThereYet(task) || tasks::gateValue(program, task.gate) != 1) continue;
-        names += (names.empty() ? "" : ", ") + std::to_string(task.step) + " (" + tasks::taskName(program, task) + ")";
+std::string whyNotToSearch(settings::Program& program) {
+    if (!program.get<settings::frmOptions>().chkSearchTasks.ticked()) return {};
+    std::string masks;
+    for (const std::string& mask : settings::masksThatMatchEveryName(program)) {
+        masks += (masks.empty() ? "\"" : ", \"") + mask + "\"";
     }
-    if (!names.empty()) display.warn("Ticked, but not there yet, and so nothing is cleaned by: " + names + ".");
+    if (masks.empty()) return {};
+    return "The junk search would remove every file of its drives, since every name matches " + masks +
+           "; take that out with \"lists remove masks\", untick chkSearchTasks, or give --force.";
+}
+
+bool allowsChangedLines(settings::Program& program, forms::Display& display) {
+    const auto& options = program.get<settings::frmOptions>();
+    const std::array gates{&options.chkActivateOwnFolder, &options.chkActivateOwnFiles, &options.chkSearchTasks};
+    std::string question;
+    for (const settings::SplitLine& line : settings::splitLinesOfLists(program)) {
+        const auto file = std::find(settings::kListFiles.begin(), settings::kListFiles.end(), line.file);
+        if (!gates.at(static_cast<std::size_t>(file - settings::kListFiles.begin()))->ticked()) continue;
+        question += line.file + ": the line \"" + line.line + "\" is read as:\r\n";
+        for (const std::string& item : line.items) question += item + "\r\n";
+    }
+    if (question.empty()) return true;
+    question += "\r\nClean with these entries?";
+    const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
+    return display.MsgBox(question, style, "Tidvane") == forms::msgbox::Yes;
 }
 
 }  // namespace tidvane::console

@@ -17,7 +17,10 @@ void warnOfMissingProtection(settings::Program& program, forms::Display& display
 // One line where the program folder holds no language file: every text is empty then.
 void warnOfMissingTexts(settings::Program& program, forms::Display& display);
 
-// One line with the ticked steps that are not there yet.
-void warnOfStepsNotThere(settings::Program& program, forms::Display& display);
+// Empty: go on. Otherwise one sentence: the junk search is ticked, and masks of it match every file name.
+std::string whyNotToSearch(settings::Program& program);
+
+// Asks where a list whose step is ticked holds lines that come back as other entries than they read. False: no.
+bool allowsChangedLines(settings::Program& program, forms::Display& display);
 
 }  // namespace tidvane::console

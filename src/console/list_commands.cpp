@@ -44,7 +44,7 @@ int tasksCommand(Session& session, const Options& options) {
         std::snprintf(line, sizeof line, "%4d  %-8s  %-38s  %-6s  %-3s  ", task.step, app::groupName(task.group),
                       gateText(task).c_str(), tickMark(tasks::gateValue(program, task.gate)).c_str(),
                       app::wantsRow(program, task) ? "yes" : "no");
-        session.out << line << name << (app::isNotThereYet(task) ? "  (not there yet: cleans nothing)" : "") << "\n";
+        session.out << line << name << "\n";
     }
     session.out << std::flush;
     return exit_status::Done;

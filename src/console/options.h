@@ -16,7 +16,37 @@ inline constexpr int Stopped = 3;
 inline constexpr int MachineUnusable = 4;
 }  // namespace exit_status
 
-enum class Command { Run, Tasks, Settings, MachineCreate, MachineInfo };
+enum class Command { Run, Search, Lists, Plugins, Cookies, Cache, Tasks, Settings, MachineCreate, MachineInfo };
+
+enum class ListsAction { Show, Add, Remove };
+
+// lists
+struct ListsOptions {
+    ListsAction action = ListsAction::Show;
+    std::string list;  // "folders", "files", "masks"; empty: all of them
+    std::vector<std::string> texts;
+};
+
+// plugins
+struct PluginsOptions {
+    std::vector<std::string> tick;
+    std::vector<std::string> untick;
+    std::vector<std::string> info;
+};
+
+// search
+struct SearchOptions {
+    std::string mask;
+    std::string folder;
+};
+
+// cookies, cache
+struct ManagerOptions {
+    bool remove = false;             // else: list
+    std::vector<std::string> names;  // of cookies; addresses of cache entries
+    bool all = false;
+    bool cookies = false;  // cache: entries of cookies too
+};
 
 struct Options {
     Command command = Command::Run;
@@ -26,7 +56,7 @@ struct Options {
     std::string program;
     std::string arguments;  // the raw text that the documented switches are searched in
 
-    // run; `set` and `save` for settings too.
+    // run; `set` and `save` for settings too, `method`, `answerYes`, `quiet`, `json` and the preview for search too.
     std::optional<int> method;  // a row of cboKillMethod
     std::vector<std::string> set;
     std::vector<std::string> tick;
@@ -35,6 +65,16 @@ struct Options {
     bool save = false;
     bool quiet = false;
     std::string json;
+    std::vector<std::string> plugins;  // ticked for this run alone
+    bool force = false;                // with masks that match every name too
+    bool preview = false;
+    bool details = false;
+    bool showLog = false;  // of a preview
+
+    ListsOptions lists;
+    PluginsOptions pluginList;
+    SearchOptions search;
+    ManagerOptions manager;
 
     // machine create
     std::string directory;

@@ -1,5 +1,4 @@
 #include <chrono>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <set>
@@ -9,11 +8,16 @@
 #include "console/apply_settings.h"
 #include "console/commands.h"
 #include "console/console_display.h"
+#include "console/entry_log.h"
 #include "console/guards.h"
 #include "console/json_report.h"
+#include "console/no_pauses.h"
+#include "console/plug_in_choice.h"
+#include "console/preview_table.h"
 #include "console/removed.h"
 #include "console/stop_signal.h"
 #include "console/stored_windows.h"
+#include "console/tool_program.h"
 #include "console/unsaved_profiles.h"
 #include "console/watched_profiles.h"
 #include "settings/frmOptions.h"
@@ -29,17 +33,20 @@ public:
           options_(options),
           unsaved_(session.platform.profiles),
           watched_(session.platform.profiles),
+          noPauses_(session.platform.clock),
           pump_(session.platform.events),
-          display_(session.err, options.answerYes),
-          program_(withOwn(session.platform, profilesFor(options), pump_), display_),
-          before_(session.platform.removed.totals) {
+          display_(session.err, options.answerYes, options.preview),
+          program_(withOwn(session.platform, profilesFor(options), pump_, clockFor(options)), display_),
+          before_(session.platform.removed.totals),
+          entries_(session.platform.removed, options.details) {
         session_.warn = [this](const std::string& line) { display_.warn(line); };
-        session_.platform.removed.wantBytes = !options.json.empty();
+        session_.platform.removed.wantBytes = options.preview || !options.json.empty();
         app::offerAllWindows(program_);
         // Made here, so that log and steps are listened to before the start writes its first line and perhaps cleans.
         program_.windows.offer(app::frmMain::kName, [this] {
             auto main = std::make_unique<app::frmMain>(program_);
-            if (!options_.quiet) main->log().appended.connect([this](const std::string& text) { show(text); });
+            if (!options_.quiet && (!options_.preview || options_.showLog))
+                main->log().appended.connect([this](const std::string& text) { show(text); });
             main->stepDone.connect([this](const app::StepResult& result) { note(result); });
             return main;
         });
@@ -59,6 +66,10 @@ private:
         if (options.save) return watched_;
         return unsaved_;
     }
+    platform::Clock& clockFor(const Options& options) {
+        if (options.preview) return noPauses_;
+        return session_.platform.clock;
+    }
     void show(const std::string& text) { session_.out << withHostLineEnds(text) << std::flush; }
     int fail(int status, const std::string& sentence) {
         session_.err << sentence << std::endl;
@@ -68,6 +79,8 @@ private:
     bool clickStop();
     void note(const app::StepResult& result);
     int rehearse();
+    int allow(settings::Program& program, const std::string& why);
+    void tickPlugIns();
     void start();
     void clean();
     void end();
@@ -80,15 +93,17 @@ private:
     const Options& options_;
     UnsavedProfiles unsaved_;
     WatchedProfiles watched_;
+    NoPauses noPauses_;
     StopPump pump_;
     ConsoleDisplay display_;
     settings::Program program_;
     const platform::RemovalTotals before_;
+    EntryLog entries_;
     // Set by the start. A window that was unloaded keeps its memory, so that this one can be asked to the end.
     app::frmMain* main_ = nullptr;
     Noting noting_ = Noting::Start;
     Report report_;
-    std::ofstream json_;
+    ReportFile json_;
 };
 
 bool Run::clickStop() {
@@ -107,9 +122,24 @@ std::uint64_t Run::freeBytes(const std::string& drive) {
 
 void Run::note(const app::StepResult& result) {
     if (noting_ == Noting::Nothing) return;
-    report_.steps.push_back(reportedStep(program_, result));
+    ReportedStep& step = report_.steps.emplace_back(reportedStep(program_, result));
+    step.entries = entries_.takeLast(result.removed);
     // The end of the program may clean once more, inside this very run or behind it: that is not the run asked for.
     if (noting_ == Noting::Own && result.task->step == app::kSteps) noting_ = Noting::Nothing;
+}
+
+// Whether the settings that the program holds now may clean. `why` stands behind a refusal.
+int Run::allow(settings::Program& program, const std::string& why) {
+    std::string refusal = whyNotToRun(program);
+    // A preview is the way to see what such masks would take.
+    if (refusal.empty() && !options_.force && !options_.preview) refusal = whyNotToSearch(program);
+    if (!refusal.empty()) return fail(exit_status::Usage, refusal + why);
+    if (!options_.preview && !allowsChangedLines(program, display_)) {
+        return fail(
+            exit_status::Usage,
+            "Nothing was removed; mend the entries with the command \"lists\", or agree with --answer yes." + why);
+    }
+    return exit_status::Done;
 }
 
 // Goes through the settings with windows that nobody sees, so that whatever cannot be set or honoured is found before
@@ -120,21 +150,33 @@ int Run::rehearse() {
     settings::Program program(withOwn(session_.platform, unsaved_, session_.platform.events), unseen);
     app::offerWindowsWithoutMain(program);
     loadLanguages(program);
+    const std::vector<std::string> plugIns =
+        options_.plugins.empty() ? std::vector<std::string>{} : plugInNames(program);
+    for (const std::string& name : options_.plugins) {
+        if (findName(plugIns, name) == nullptr) return fail(exit_status::Usage, noSuchPlugIn(plugIns, name));
+    }
     if (program.get<settings::frmOptions>().chkStartClean.ticked()) {
-        const std::string refusal = whyNotToRun(program);
-        if (!refusal.empty()) {
-            return fail(exit_status::Usage,
-                        refusal + " The stored settings clean at the start, before the command line counts.");
-        }
+        const int status = allow(program, " The stored settings clean at the start, before the command line counts.");
+        if (status != exit_status::Done) return status;
     }
     std::set<std::string> changed;
     std::string error;
     if (!applySettings(program, options_, changed, error)) return fail(exit_status::Usage, error);
-    if (const std::string refusal = whyNotToRun(program); !refusal.empty()) return fail(exit_status::Usage, refusal);
+    if (const int status = allow(program, {}); status != exit_status::Done) return status;
     warnOfMissingProtection(program, display_);
     warnOfMissingTexts(program, display_);
-    warnOfStepsNotThere(program, display_);
     return exit_status::Done;
+}
+
+// Ticks them for this run; the program reads the stored ticks anew at its next start.
+void Run::tickPlugIns() {
+    std::vector<std::string> rows;
+    for (int row = 0; row < main_->LstPlugs.ListCount(); ++row) rows.push_back(main_->LstPlugs.List(row));
+    for (const std::string& name : options_.plugins) {
+        if (const std::string* found = findName(rows, name)) {
+            main_->LstPlugs.setSelected(static_cast<int>(found - rows.data()), true);
+        }
+    }
 }
 
 void Run::start() {
@@ -154,6 +196,12 @@ void Run::start() {
 }
 
 void Run::clean() {
+    // What a cleaning at the start took is no part of this run.
+    for (ReportedStep& step : report_.steps) {
+        report_.otherEntries.insert(report_.otherEntries.end(), step.entries.begin(), step.entries.end());
+    }
+    const auto since = entries_.takeAll();
+    report_.otherEntries.insert(report_.otherEntries.end(), since.begin(), since.end());
     report_.steps.clear();
     report_.method = methodName(program_.selectedKillMethod());
     report_.freeBefore = freeBytes(main_->diskSizeDrive());
@@ -173,33 +221,35 @@ void Run::end() {
 
 // Behind the start, which may have cleaned: what it did is kept.
 int Run::refuse(int status, const std::string& sentence) {
-    const bool some = removedSomething(removed());
+    const bool some = !options_.preview && removedSomething(removed());
     session_.err << sentence << (some ? " The cleaning at the start had removed something already." : "") << std::endl;
     return finish(status);
 }
 
 int Run::stopped() {
     const bool some = removedSomething(removed());
-    return refuse(exit_status::Stopped,
-                  some ? "Stopped before the run that was asked for." : "Stopped before anything was removed.");
+    return refuse(exit_status::Stopped, options_.preview ? "Stopped before the preview."
+                                        : some           ? "Stopped before the run that was asked for."
+                                                         : "Stopped before anything was removed.");
 }
 
 // Stores the registry, writes the report of what is really so, and finds the status: `status` where all goes well.
 int Run::finish(int status) {
     if (!main_->secondInstance()) program_.platform.processes.releaseInstanceLock();
     report_.freeAfter = freeBytes(main_->diskSizeDrive());
+    report_.preview = options_.preview;
+    report_.details = options_.details;
     report_.stopped = status == exit_status::Stopped;
     report_.total = removed();
+    const auto since = entries_.takeAll();
+    report_.otherEntries.insert(report_.otherEntries.end(), since.begin(), since.end());
     std::string error;
-    report_.registryStored = session_.commit(error);
-    if (!report_.registryStored) status = fail(exit_status::MachineUnusable, error);
-    if (json_.is_open()) {
-        writeReport(json_, report_);
-        json_.close();
-        if (!json_) {
-            status = fail(exit_status::MachineUnusable, "\"" + options_.json + "\" could not be written whole.");
-        }
+    if (!options_.preview) {
+        report_.registryStored = session_.commit(error);
+        if (!report_.registryStored) status = fail(exit_status::MachineUnusable, error);
     }
+    if (!json_.write(report_, error)) status = fail(exit_status::MachineUnusable, error);
+    if (options_.preview && !options_.quiet) writePreviewTable(session_.out, report_);
     if (watched_.failed()) {
         // The sentence that the status stands for; behind another one it is a further warning.
         if (status == exit_status::MachineUnusable) {
@@ -213,19 +263,14 @@ int Run::finish(int status) {
 
 int Run::run() {
     if (const int status = rehearse(); status != exit_status::Done) return status;
-    if (!options_.json.empty()) {
-        json_.open(options_.json);
-        if (!json_) {
-            return fail(exit_status::Usage, "\"" + options_.json + "\" cannot be written; nothing was removed.");
-        }
-    }
+    std::string error;
+    if (!json_.open(options_.json, error)) return fail(exit_status::Usage, error);
 
     StopSignal stop;
     pump_.click = [this] { return clickStop(); };
     start();
     if (main_->secondInstance()) {
-        return refuse(exit_status::MachineUnusable,
-                      "Tidvane is already running on this machine; wait until it has ended, then start again.");
+        return refuse(exit_status::MachineUnusable, kAnotherRuns);
     }
     if (display_.ended()) {
         display_.warn(
@@ -234,8 +279,8 @@ int Run::run() {
     }
     if (main_->StopRequested()) return stopped();
     std::set<std::string> changed;
-    std::string error;
     if (!applySettings(program_, options_, changed, error)) return refuse(exit_status::Usage, error);
+    tickPlugIns();
     // What OK does for the task list, without storing anything.
     main_->rebuildTaskRows();
     main_->clearTaskStatuses();
@@ -258,10 +303,26 @@ int Run::run() {
 
 platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
                            platform::EventPump& events) {
-    return {platform.files,     profiles,         platform.registry,      platform.shell,
-            platform.processes, platform.session, platform.environment,   platform.browserCache,
-            platform.system,    platform.network, platform.restorePoints, platform.scriptHost,
-            platform.clock,     events,           platform.removed};
+    return withOwn(platform, profiles, events, platform.clock);
+}
+
+platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
+                           platform::EventPump& events, platform::Clock& clock) {
+    return {platform.files,
+            profiles,
+            platform.registry,
+            platform.shell,
+            platform.processes,
+            platform.session,
+            platform.environment,
+            platform.browserCache,
+            platform.system,
+            platform.network,
+            platform.restorePoints,
+            platform.scriptHost,
+            clock,
+            events,
+            platform.removed};
 }
 
 int runCommand(Session& session, const Options& options) {

@@ -35,15 +35,6 @@ TEST(TasksCommand, ShowsTicksAndRowsThatAreStored) {
     EXPECT_TRUE(contains(lines[56], "chkSafariCache               no      yes  ")) << "row and worker ask other boxes";
 }
 
-TEST(TasksCommand, MarksWhatIsNotThereYet) {
-    tests::MemorySession machine;
-    tasksCommand(machine.session, {});
-    const auto lines = linesOf(machine.log());
-    for (const tasks::CleaningTask& task : app::taskCatalogue()) {
-        EXPECT_EQ(contains(lines[static_cast<std::size_t>(task.step)], "not there yet"), app::isNotThereYet(task));
-    }
-}
-
 TEST(TasksCommand, NeverCleansWhateverIsStored) {
     tests::MemorySession machine;
     machine.memory.files.putFile("C:\\Windows\\Temp\\a.tmp", "x");

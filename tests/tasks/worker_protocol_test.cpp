@@ -76,39 +76,6 @@ TEST_F(WorkerProtocol, AMissingRowIsNoMatter) {
     EXPECT_EQ(logLines(), cleaned(15));
 }
 
-TEST_F(WorkerProtocol, StepsThatAreNotThereYetTakeTheirUntickedBranch) {
-    for (const tasks::CleaningTask& each : app::taskCatalogue()) {
-        if (!app::isNotThereYet(each) || each.step == 62) continue;
-        const std::vector<std::string> lines = run(each.step);
-        switch (each.step) {
-            case 24:
-                EXPECT_TRUE(lines.empty()) << each.step;
-                break;
-            case 57:
-                EXPECT_EQ(lines, std::vector<std::string>{"Microsoft Office Access History " + text(509)});
-                EXPECT_EQ(panels[0], "Microsoft Office Access History" + text(509));
-                break;
-            case 58:
-            case 59:
-            case 60:
-                EXPECT_EQ(lines, std::vector<std::string>{name(each.step) + " History " + text(509)});
-                EXPECT_EQ(panels[0], name(each.step) + " History " + text(509));
-                break;
-            case 61:
-                EXPECT_EQ(lines, std::vector<std::string>{"Microsoft Office FrontPage History " + text(509)});
-                EXPECT_EQ(panels[0], "Microsoft Office FrontPage History  " + text(509));
-                break;
-            default:
-                EXPECT_EQ(lines, std::vector<std::string>{name(each.step) + " " + text(509)}) << each.step;
-        }
-        tick(gate(each.step), 0);
-    }
-}
-
-TEST_F(WorkerProtocol, TheOwnListsTheSearchAndTheWindowsTasksAreAllThere) {
-    for (int step = 1; step <= 23; ++step) EXPECT_FALSE(app::isNotThereYet(task(step))) << step;
-}
-
 TEST_F(WorkerProtocol, ThePlugInsTellThatNoneIsTicked) {
     main().log().empty();
     task(62).worker(program, task(62));

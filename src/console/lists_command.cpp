@@ -1,0 +1,169 @@
+// The own lists, through the options window: its boxes and buttons, its questions and refusals. What OK would store of
+// the changed list is stored, and no other setting.
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/text.h"
+#include "console/commands.h"
+#include "console/own_masks.h"
+#include "console/tool_program.h"
+#include "settings/frmOptions.h"
+#include "settings/list_files.h"
+
+namespace tidvane::console {
+
+namespace {
+
+using settings::frmOptions;
+
+struct OwnList {
+    const char* word;  // of the command line
+    const char* file;
+    forms::CheckBox frmOptions::*active;  // the page is off without it, and the run passes the list over
+    forms::ListBox frmOptions::*rows;
+    forms::TextBox frmOptions::*entry;
+    controls::isButton frmOptions::*add;
+    controls::isButton frmOptions::*removeSelected;
+};
+constexpr std::array kLists{
+    OwnList{"folders", settings::kListFiles[0], &frmOptions::chkActivateOwnFolder, &frmOptions::lstFolders,
+            &frmOptions::txtAddFolderPath, &frmOptions::cmdAddFolderPath, &frmOptions::cmdDeleteSelected},
+    OwnList{"files", settings::kListFiles[1], &frmOptions::chkActivateOwnFiles, &frmOptions::lstFiles,
+            &frmOptions::txtAddFilePath, &frmOptions::cmdAddFilePath, &frmOptions::cmdDeleteSelected2},
+    OwnList{"masks", settings::kListFiles[2], &frmOptions::chkSearchTasks, &frmOptions::lstSearchMasks,
+            &frmOptions::txtSearchMask, &frmOptions::cmdAddSearchMask, &frmOptions::cmdRemoveSearchMask},
+};
+
+const OwnList& listOf(const std::string& word) {
+    return *std::find_if(kLists.begin(), kLists.end(), [&](const OwnList& list) { return word == list.word; });
+}
+
+std::string quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+class Lists {
+public:
+    Lists(Session& session, const Options& options)
+        : session_(session), options_(options.lists), tool_(session, options) {}
+
+    int run();
+
+private:
+    void show();
+    bool add(const std::string& text);
+    bool remove(const std::string& text);
+    int change();
+    // False, and nothing is told: the window itself says why.
+    bool pressAdd(const std::string& text);
+
+    frmOptions& window() { return tool_.program().get<frmOptions>(); }
+    forms::ListBox& rows() { return window().*list_->rows; }
+
+    Session& session_;
+    const ListsOptions& options_;
+    ToolProgram tool_;
+    const OwnList* list_ = nullptr;
+};
+
+void Lists::show() {
+    for (const OwnList& list : kLists) {
+        if (list_ != nullptr && list_ != &list) continue;
+        const forms::ListBox& rows = window().*list.rows;
+        for (int row = 0; row < rows.ListCount(); ++row) {
+            // Several lists in one: the list's word in front, as wide as the widest.
+            if (list_ == nullptr) session_.out << list.word << std::string(9 - std::string_view(list.word).size(), ' ');
+            session_.out << rows.List(row) << "\n";
+        }
+    }
+    session_.out << std::flush;
+}
+
+bool Lists::pressAdd(const std::string& text) {
+    const int before = rows().ListCount();
+    (window().*list_->entry).setText(text);
+    (window().*list_->add).press();
+    return rows().ListCount() > before;
+}
+
+bool Lists::add(const std::string& text) {
+    const bool mask = list_->rows == &frmOptions::lstSearchMasks;
+    if (mask && canMatchNothing(text)) {
+        session_.err << quoted(text) << " can match no file; a mask is a name with \"*\" and \"?\" in it, as \"*.tmp\"."
+                     << std::endl;
+        return false;
+    }
+    // An empty one is for the window to answer.
+    if (!text.empty() && base::trimBlanks(text).empty()) {
+        session_.err << "An entry of blanks alone means nothing; give a text." << std::endl;
+        return false;
+    }
+    return pressAdd(text);
+}
+
+bool Lists::remove(const std::string& text) {
+    bool found = false;
+    for (int row = 0; row < rows().ListCount(); ++row) {
+        const bool same = base::equalNoCase(rows().List(row), text);
+        rows().setSelected(row, same);
+        found = found || same;
+    }
+    if (!found) {
+        session_.err << "The list of " << list_->word << " has no entry " << quoted(text)
+                     << "; the command \"lists show " << list_->word << "\" shows its entries." << std::endl;
+        return false;
+    }
+    (window().*list_->removeSelected).press();
+    return true;
+}
+
+int Lists::change() {
+    settings::Program& program = tool_.program();
+    const std::string file = program.inProgramFolder(list_->file);
+    settings::ListItems stored;
+    const platform::Status readable = settings::readListFile(program, file, stored);
+    if (!platform::ok(readable) && readable != platform::Status::NotFound) {
+        session_.err << list_->file << " cannot be read, so that nothing was changed; check its rights." << std::endl;
+        return exit_status::MachineUnusable;
+    }
+    const bool wasActive = (window().*list_->active).ticked();
+    // With the page on its buttons are; the tick itself is not stored.
+    (window().*list_->active).Value = 1;
+    const bool adds = options_.action == ListsAction::Add;
+    for (const std::string& text : options_.texts) {
+        if (adds ? add(text) : remove(text)) continue;
+        session_.err << "Nothing was changed in the list of " << list_->word << "." << std::endl;
+        return exit_status::Usage;
+    }
+    std::vector<std::string> lines;
+    for (int row = 0; row < rows().ListCount(); ++row) lines.push_back(rows().List(row));
+    if (!platform::ok(settings::writeListFile(program, file, lines))) {
+        session_.err << list_->file
+                     << " could not be written; check the rights and the free space of the program folder."
+                     << std::endl;
+        return exit_status::MachineUnusable;
+    }
+    for (const std::string& text : options_.texts) session_.out << (adds ? "Added: " : "Removed: ") << text << "\n";
+    if (adds && !wasActive) {
+        session_.out << "A run passes this list over as long as its step is off; switch it on with --tick "
+                     << (window().*list_->active).Name << ".\n";
+    }
+    session_.out << std::flush;
+    return exit_status::Done;
+}
+
+int Lists::run() {
+    if (!options_.list.empty()) list_ = &listOf(options_.list);
+    if (options_.action != ListsAction::Show) return change();
+    show();
+    return exit_status::Done;
+}
+
+}  // namespace
+
+int listsCommand(Session& session, const Options& options) {
+    return Lists(session, options).run();
+}
+
+}  // namespace tidvane::console

@@ -1,0 +1,101 @@
+#include "console/preview_table.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+
+namespace tidvane::console {
+
+namespace {
+
+using platform::RemovalTotals;
+
+struct Row {
+    std::string number;
+    std::string name;
+    RemovalTotals removed;
+    const std::vector<platform::RemovedEntry>* entries = nullptr;
+};
+
+struct Column {
+    const char* head;
+    std::uint64_t RemovalTotals::*count;
+};
+constexpr std::array kColumns{
+    Column{"Files", &RemovalTotals::files}, Column{"Folders", &RemovalTotals::folders},
+    Column{"Keys", &RemovalTotals::keys},   Column{"Values", &RemovalTotals::values},
+    Column{"Bytes", &RemovalTotals::bytes}, Column{"Failed", &RemovalTotals::failed},
+};
+
+constexpr const char* kGap = "  ";
+
+std::string right(const std::string& text, std::size_t width) {
+    return std::string(width > text.size() ? width - text.size() : 0, ' ') + text;
+}
+
+// Whatever a name holds, it stays on its line and moves no cursor.
+std::string printable(const std::string& text) {
+    std::string safe = text;
+    std::replace_if(
+        safe.begin(), safe.end(), [](unsigned char sign) { return sign < 0x20 || sign == 0x7F; }, '?');
+    return safe;
+}
+
+std::vector<Row> rowsOf(const Report& report) {
+    std::vector<Row> rows;
+    RemovalTotals rest = report.total;
+    for (const ReportedStep& step : report.steps) {
+        rest -= step.removed;
+        if (step.removed == RemovalTotals()) continue;
+        rows.push_back({std::to_string(step.number), step.key, step.removed, &step.entries});
+    }
+    if (report.search && rest != RemovalTotals()) {
+        rows.push_back({"", report.search->mask + " below " + report.search->folder, rest, &report.otherEntries});
+    } else if (rest != RemovalTotals()) {
+        rows.push_back({"", "Before and behind the run", rest, &report.otherEntries});
+    }
+    return rows;
+}
+
+void writeEntries(std::ostream& out, const std::vector<platform::RemovedEntry>& entries) {
+    for (const platform::RemovedEntry& entry : entries) {
+        const bool folder = entry.kind == platform::RemovedKind::Folder;
+        out << "      " << printable(folder ? base::withBackslash(entry.path) : entry.path) << "\n";
+    }
+}
+
+}  // namespace
+
+void writePreviewTable(std::ostream& out, const Report& report) {
+    std::vector<Row> rows = rowsOf(report);
+    rows.push_back({"", "Total", report.total, nullptr});
+
+    std::size_t nameWidth = 4;
+    std::array<std::size_t, kColumns.size()> widths{};
+    for (std::size_t at = 0; at < kColumns.size(); ++at) widths[at] = std::string(kColumns[at].head).size();
+    for (const Row& row : rows) {
+        nameWidth = std::max(nameWidth, base::characterCount(row.name));
+        for (std::size_t at = 0; at < kColumns.size(); ++at) {
+            widths[at] = std::max(widths[at], std::to_string(row.removed.*kColumns[at].count).size());
+        }
+    }
+
+    out << "Step" << kGap << "Name" << std::string(nameWidth - 4, ' ');
+    for (std::size_t at = 0; at < kColumns.size(); ++at) out << kGap << right(kColumns[at].head, widths[at]);
+    out << "\n";
+    for (const Row& row : rows) {
+        out << right(row.number, 4) << kGap << printable(row.name)
+            << std::string(nameWidth - base::characterCount(row.name), ' ');
+        for (std::size_t at = 0; at < kColumns.size(); ++at) {
+            out << kGap << right(std::to_string(row.removed.*kColumns[at].count), widths[at]);
+        }
+        out << "\n";
+        if (report.details && row.entries != nullptr) writeEntries(out, *row.entries);
+    }
+    out << "This was a preview: nothing was removed, and nothing was stored." << std::endl;
+}
+
+}  // namespace tidvane::console

@@ -1,0 +1,37 @@
+#include "console/tool_program.h"
+
+#include "app/all_windows.h"
+#include "console/guards.h"
+#include "console/stored_windows.h"
+
+namespace tidvane::console {
+
+ToolProgram::ToolProgram(Session& session, const Options& options)
+    : ToolProgram(session, options, session.platform.events) {}
+
+ToolProgram::ToolProgram(Session& session, const Options& options, platform::EventPump& events)
+    : session_(session),
+      unsaved_(session.platform.profiles),
+      noPauses_(session.platform.clock),
+      display_(session.err, options.answerYes, options.preview),
+      program_(withOwn(session.platform, unsaved_, events,
+                       options.preview ? static_cast<platform::Clock&>(noPauses_) : session.platform.clock),
+               display_) {
+    session_.warn = [this](const std::string& line) { display_.warn(line); };
+    app::offerWindowsWithoutMain(program_);
+    loadLanguages(program_);
+    warnOfMissingTexts(program_, display_);
+}
+
+ToolProgram::~ToolProgram() {
+    session_.warn = nullptr;
+    if (locked_) session_.platform.processes.releaseInstanceLock();
+}
+
+bool ToolProgram::lockOthersOut() {
+    locked_ = session_.platform.processes.takeInstanceLock();
+    if (!locked_) session_.err << kAnotherRuns << std::endl;
+    return locked_;
+}
+
+}  // namespace tidvane::console
