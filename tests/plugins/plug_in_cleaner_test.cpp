@@ -521,7 +521,7 @@ TEST_F(PlugInStarts, ANameAloneMeansTheProgramsOwnFolder) {
     EXPECT_TRUE(display.warnings.empty());
 }
 
-TEST_F(PlugInStarts, AnyOtherNameIsNotStartedAndToldOnce) {
+TEST_F(PlugInStarts, AnyOtherNameIsNotStartedAndTold) {
     start();
     display.warnings.clear();
     int expected = 0;
