@@ -41,7 +41,7 @@ struct RemovalCounter {
     // Lengths cost one system call a file; they are only asked for when somebody will read them.
     bool wantBytes = false;
     // Told of every entry, in the order of removal, where somebody wants the paths: a preview with details. A real run
-    // removes trees by handles and knows no paths; there nobody is told.
+    // removes files by handles and knows no paths; of them nobody is told there.
     std::function<void(const RemovedEntry&)> each;
 };
 

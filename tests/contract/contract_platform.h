@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +41,9 @@ public:
     virtual bool hasRawName(const std::string& folder, const std::string& name) = 0;
     virtual std::string bytesOf(const std::string& path) = 0;
 
+    // False where what is written over a file's content goes nowhere.
+    virtual bool overwritesContent() { return true; }
+
     // Opens the file elsewhere without sharing. False where the system has no such thing, as on Linux.
     virtual bool lock(const std::string& path) = 0;
     // Takes every right to look into a folder away. False where that cannot be, as for the superuser of Linux.
@@ -54,6 +58,51 @@ struct ContractFactory {
 inline void PrintTo(const ContractFactory& factory, std::ostream* out) {
     *out << factory.name;
 }
+
+// A machine that is furnished like `Real` and of which the services are those of a preview: what happened on it is what
+// they show, and the machine behind them is as it was furnished.
+template <class Real>
+class PreviewContractMachine : public Real {
+public:
+    using Real::Real;
+
+    void putFile(const std::string& path, std::string_view bytes) override {
+        // Where the preview has removed a file, another can only come by its own services.
+        if (Real::has(path) && !has(path)) {
+            EXPECT_EQ(this->platform().files.WriteFileBytes(path, bytes), platform::Status::Ok);
+            written_.insert(path);
+        } else {
+            Real::putFile(path, bytes);
+        }
+    }
+    bool has(const std::string& path) override {
+        platform::EntryDetails details;
+        return platform::ok(this->platform().files.LookAt(path, details));
+    }
+    bool hasRawName(const std::string& folder, const std::string& name) override {
+        std::vector<platform::FolderEntry> entries;
+        (void)this->platform().files.ReadFolder(folder, entries);
+        for (const platform::FolderEntry& entry : entries) {
+            if (entry.name == name) return true;
+        }
+        // What no path can hold is not listed, and goes with its folder alone.
+        return name.find_first_of("\\:*?") != std::string::npos && has(folder) && Real::hasRawName(folder, name);
+    }
+    std::string bytesOf(const std::string& path) override {
+        std::string bytes;
+        const platform::Status status = this->platform().files.ReadFileBytes(path, bytes);
+        if (status == platform::Status::InUse) return Real::bytesOf(path);
+        return platform::ok(status) ? bytes : "<none>";
+    }
+    bool overwritesContent() override { return false; }
+    bool lock(const std::string& path) override {
+        // A file that is in the preview alone cannot be open elsewhere.
+        return !written_.contains(path) && Real::lock(path);
+    }
+
+private:
+    std::set<std::string> written_;
+};
 
 // The fixture of every contract: a machine with the empty folder C:\Scratch.
 class Contract : public testing::TestWithParam<ContractFactory> {

@@ -13,9 +13,9 @@ namespace {
 
 namespace machine = platform::machine;
 
-class MachineContractMachine final : public ContractMachine {
+class MachineContractMachine : public ContractMachine {
 public:
-    MachineContractMachine() {
+    explicit MachineContractMachine(bool preview = false) {
         host_.folder("program");
         std::string error;
         if (!machine::Machine::create(host_ / "machine", error)) throw std::runtime_error(error);
@@ -23,6 +23,7 @@ public:
         if (!opened) throw std::runtime_error(error);
         machine::MachineOptions options;
         options.programFolder = host_ / "program";
+        options.preview = preview;
         options.warn = [this](const platform::Warning& warning) { warnings_.push_back(warning); };
         machine_ = machine::MachinePlatform::make(std::move(opened), options, error);
         if (!machine_) throw std::runtime_error(error);
@@ -82,6 +83,11 @@ private:
 const ContractFactory kMachine{"machine", [] { return std::make_unique<MachineContractMachine>(); }};
 
 TIDVANE_RUN_CONTRACT(Machine, kMachine);
+
+const ContractFactory kPreview{"machine preview",
+                               [] { return std::make_unique<PreviewContractMachine<MachineContractMachine>>(true); }};
+
+TIDVANE_RUN_CONTRACT(MachinePreview, kPreview);
 
 }  // namespace
 }  // namespace tidvane::contract

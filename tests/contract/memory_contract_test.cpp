@@ -1,11 +1,13 @@
 // The contract on the machine in memory.
+#include <optional>
+
 #include "contract/contract_platform.h"
-#include "platform/memory/memory_platform.h"
+#include "platform/memory/memory_preview.h"
 
 namespace tidvane::contract {
 namespace {
 
-class MemoryContractMachine final : public ContractMachine {
+class MemoryContractMachine : public ContractMachine {
 public:
     platform::Platform platform() override { return machine_.platform(); }
     std::vector<platform::Warning> warnings() override { return machine_.warnings; }
@@ -36,13 +38,33 @@ public:
         return true;
     }
 
-private:
+protected:
     platform::MemoryPlatform machine_;
 };
 
 const ContractFactory kMemory{"memory", [] { return std::make_unique<MemoryContractMachine>(); }};
 
 TIDVANE_RUN_CONTRACT(Memory, kMemory);
+
+// Behind the services of a preview.
+class PreviewedMemory : public MemoryContractMachine {
+public:
+    platform::Platform platform() override { return preview().platform(); }
+    std::vector<platform::Warning> warnings() override { return preview().warnings; }
+
+private:
+    // Made at the first use: the registry and the environment are looked at then.
+    platform::MemoryPreview& preview() {
+        if (!preview_) preview_.emplace(machine_);
+        return *preview_;
+    }
+    std::optional<platform::MemoryPreview> preview_;
+};
+
+const ContractFactory kPreview{"memory preview",
+                               [] { return std::make_unique<PreviewContractMachine<PreviewedMemory>>(); }};
+
+TIDVANE_RUN_CONTRACT(MemoryPreview, kPreview);
 
 }  // namespace
 }  // namespace tidvane::contract

@@ -226,11 +226,33 @@ RegResult RegistryInTree::refused() {
     return kDenied;
 }
 
-void RegistryInTree::removeCounted(const RegistryKeyPtr& key) {
+void RegistryInTree::removeCounted(const RegistryKeyPtr& key, const RegistryTree& tree) {
     ++removed_.totals.keys;
     // What a link holds is where it leads, nothing of the user's.
     if (!key->isLink) removed_.totals.values += key->values().size();
+    if (removed_.each) {
+        const std::string path = shownPath(*key, tree);
+        for (const RegistryValue& value : key->values()) {
+            if (!key->isLink) tellValue(path, value.name);
+        }
+        removed_.each({RemovedKind::Key, path, 0});
+    }
     key->remove();
+}
+
+void RegistryInTree::tellValue(const std::string& keyPath, const std::string& name) const {
+    std::string path = keyPath;
+    path.append("\\[").append(name).append("]");
+    removed_.each({RemovedKind::Value, path, 0});
+}
+
+// As people name keys, whichever way one was come by.
+std::string RegistryInTree::shownPath(const RegistryKey& key, const RegistryTree& tree) {
+    if (&key == tree.currentUser().get()) return "HKEY_CURRENT_USER";
+    if (&key == tree.machine().get()) return "HKEY_LOCAL_MACHINE";
+    if (&key == tree.users().get()) return "HKEY_USERS";
+    if (key.parent() == nullptr) return key.name();
+    return shownPath(*key.parent(), tree) + "\\" + key.name();
 }
 
 RegResult RegistryInTree::RegDeleteKeyA(HKey parent, const std::string& path) {
@@ -238,19 +260,19 @@ RegResult RegistryInTree::RegDeleteKeyA(HKey parent, const std::string& path) {
     if (const RegResult result = placeOf(parent, place); result != kOk) return result;
     if (const RegResult result = walk(place, path, false, place); result != kOk) return result;
     if (place.throughLink || place.key->denied || place.key->isRoot || !place.key->children().empty()) return refused();
-    removeCounted(place.key);
+    removeCounted(place.key, *place.tree);
     return kOk;
 }
 
-RegResult RegistryInTree::deleteTree(const RegistryKeyPtr& key) {
+RegResult RegistryInTree::deleteTree(const RegistryKeyPtr& key, const RegistryTree& tree) {
     if (key->denied) return refused();
     while (!key->children().empty()) {
         // From the end: nothing has to be moved up.
         const RegistryKeyPtr child = key->children().back();
-        if (const RegResult result = deleteTree(child); result != kOk) return result;
+        if (const RegResult result = deleteTree(child, tree); result != kOk) return result;
     }
     if (key->isRoot) return refused();
-    removeCounted(key);
+    removeCounted(key, tree);
     return kOk;
 }
 
@@ -259,7 +281,7 @@ RegResult RegistryInTree::SHDeleteKeyA(HKey parent, const std::string& path) {
     if (const RegResult result = placeOf(parent, place); result != kOk) return result;
     if (const RegResult result = walk(place, path, false, place); result != kOk) return result;
     if (place.throughLink) return refused();
-    return deleteTree(place.key);
+    return deleteTree(place.key, *place.tree);
 }
 
 RegResult RegistryInTree::RegDeleteValueA(HKey key, const std::string& name) {
@@ -269,6 +291,7 @@ RegResult RegistryInTree::RegDeleteValueA(HKey key, const std::string& name) {
     if ((place.access & kSetValue) == 0) return isThere ? refused() : kDenied;
     if (!isThere) return kNotFound;
     if (place.throughLink || place.key->denied) return refused();
+    if (removed_.each) tellValue(shownPath(*place.key, *place.tree), place.key->findValue(untilNul(name))->name);
     place.key->removeValue(untilNul(name));
     ++removed_.totals.values;
     return kOk;

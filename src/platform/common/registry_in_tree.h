@@ -63,8 +63,10 @@ private:
     RegResult walk(const Place& from, std::string_view path, bool followLast, Place& to);
     static RegResult follow(Place& place);
     RegResult withRight(HKey handle, std::uint32_t right, Place& place);
-    RegResult deleteTree(const RegistryKeyPtr& key);
-    void removeCounted(const RegistryKeyPtr& key);
+    RegResult deleteTree(const RegistryKeyPtr& key, const RegistryTree& tree);
+    void removeCounted(const RegistryKeyPtr& key, const RegistryTree& tree);
+    void tellValue(const std::string& keyPath, const std::string& name) const;
+    static std::string shownPath(const RegistryKey& key, const RegistryTree& tree);
     RegResult refused();
     HKey newHandle(Place place);
 

@@ -91,6 +91,15 @@ void RegistryKey::sortChildren() {
               [](const RegistryKeyPtr& a, const RegistryKeyPtr& b) { return a->folded_ < b->folded_; });
 }
 
+void RegistryKey::fillFrom(const RegistryKey& other) {
+    isRoot = other.isRoot;
+    isLink = other.isLink;
+    denied = other.denied;
+    values_ = other.values_;
+    children_.reserve(other.children_.size());
+    for (const RegistryKeyPtr& child : other.children_) appendRead(child->name_)->fillFrom(*child);
+}
+
 void RegistryKey::attach(RegistryKeyPtr child, std::string childName) {
     child->name_ = std::move(childName);
     child->folded_ = foldedName(child->name_);
@@ -179,6 +188,14 @@ void RegistryTree::mount(std::string_view path, const RegistryKeyPtr& fileRoot) 
     fileRoot->isRoot = true;
     key->attach(fileRoot, std::string(parts.back()));
     refresh();
+}
+
+RegistryTree RegistryTree::copy() const {
+    RegistryTree same(userSid_);
+    same.root_ = std::make_shared<RegistryKey>();
+    same.root_->fillFrom(*root_);
+    same.refresh();
+    return same;
 }
 
 RegistryKeyPtr RegistryTree::find(std::string_view path) {

@@ -40,6 +40,8 @@ public:
     [[nodiscard]] RegistryKeyPtr find(std::string_view childName) const;
     // The child of this name, made when it is missing. Does not count as a change: readers of files use it.
     RegistryKeyPtr findOrAdd(std::string_view childName);
+    // Takes over what the other key holds, with all below it. This one must be empty.
+    void fillFrom(const RegistryKey& other);
     // Puts a whole tree below this key, in the place of a child of the same name.
     void attach(RegistryKeyPtr child, std::string childName);
     // Takes the key with its tree out of its parent; handles on any of them see it as deleted.
@@ -94,10 +96,13 @@ public:
     explicit RegistryTree(std::string userSid = "S-1-5-21-0-0-0-1000");
 
     RegistryKeyPtr root() { return root_; }
-    RegistryKeyPtr machine() { return machine_; }
-    RegistryKeyPtr users() { return users_; }
-    RegistryKeyPtr currentUser() { return currentUser_; }
+    [[nodiscard]] const RegistryKeyPtr& machine() const { return machine_; }
+    [[nodiscard]] const RegistryKeyPtr& users() const { return users_; }
+    [[nodiscard]] const RegistryKeyPtr& currentUser() const { return currentUser_; }
     [[nodiscard]] const std::string& userSid() const { return userSid_; }
+
+    // The same keys and values once more. Nothing of it belongs to a file.
+    [[nodiscard]] RegistryTree copy() const;
 
     // Lets a tree read from a file take the place of a key: mount("Machine", ...), mount("User\\.Default", ...),
     // mount("Machine\\Software", ...). Above a deeper one the shallower must be mounted first.

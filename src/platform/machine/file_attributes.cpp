@@ -1,6 +1,7 @@
 #include "platform/machine/file_attributes.h"
 
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <sys/syscall.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -13,6 +14,7 @@
 
 #include "platform/file_system.h"
 #include "platform/machine/directory_handle.h"
+#include "platform/machine/folder_rights.h"
 #include "platform/machine/tree_removal.h"
 
 namespace tidvane::platform::machine {
@@ -135,6 +137,24 @@ Status changeAttributes(int parent, const std::string& name, const struct stat& 
         return statusOf(errno);
     }
     return Status::Ok;
+}
+
+Status wouldChangeAttributes(int parent, const std::string& name, const struct statx& state, unsigned attributes,
+                             std::optional<bool> readOnly) {
+    if (!S_ISREG(state.stx_mode) && !S_ISDIR(state.stx_mode)) return Status::Denied;
+    if ((state.stx_attributes & (STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND)) != 0) return Status::Denied;
+    const bool isReadOnly = readOnly.value_or(isReadOnlyMode(state.stx_mode));
+    const bool wanted = (attributes & attribute::ReadOnly) != 0;
+    if (wanted != isReadOnly && state.stx_uid != ::geteuid() && !hasCapability(CAP_FOWNER)) return Status::Denied;
+    const unsigned bits = attributes & kStoredBits;
+    const unsigned stored = storedAttributes(parent, name);
+    if (stored == bits) return Status::Ok;
+    // The answer of a volume that knows no extended attributes.
+    if (::lgetxattr((handlePath(parent) + "/" + name).c_str(), kStored, nullptr, 0) < 0 && errno == ENOTSUP)
+        return bits == 0 || bits == attribute::Archive ? Status::Ok : Status::Failed;
+    if (wanted != isReadOnly && !wanted && state.stx_uid == ::geteuid()) return Status::Ok;
+    const int flags = AT_EACCESS | AT_SYMLINK_NOFOLLOW;
+    return ::faccessat(parent, name.c_str(), W_OK, flags) == 0 ? Status::Ok : statusOf(errno);
 }
 
 }  // namespace tidvane::platform::machine

@@ -8,6 +8,7 @@
 
 #include <sys/stat.h>
 
+#include <optional>
 #include <string>
 
 #include "platform/status.h"
@@ -21,6 +22,9 @@ unsigned storedAttributes(int parent, const std::string& name);
 unsigned attributesOf(int parent, const std::string& name, const struct stat& info);
 
 Status changeAttributes(int parent, const std::string& name, const struct stat& info, unsigned attributes);
+// What changeAttributes would answer, as far as it can be known without trying. `readOnly`: as a preview has set it.
+Status wouldChangeAttributes(int parent, const std::string& name, const struct statx& state, unsigned attributes,
+                             std::optional<bool> readOnly);
 
 // Gives a new file that is open for writing the stored bits of the one it replaces, as far as the volume can hold them.
 void giveStoredAttributes(int file, unsigned stored);

@@ -9,9 +9,9 @@
 #include <cerrno>
 
 #include "base/text.h"
+#include "platform/machine/entry_details.h"
 #include "platform/machine/file_attributes.h"
 #include "platform/machine/tree_measure.h"
-#include "platform/machine/tree_removal.h"
 
 namespace tidvane::platform::machine {
 
@@ -165,15 +165,7 @@ Status MachineFiles::SetAttributes(const std::string& path, unsigned attributes)
 Status MachineFiles::LookAt(const std::string& path, EntryDetails& details) {
     FoundEntry entry;
     if (const Status status = find(path, entry); !ok(status)) return status;
-    const mode_t mode = entry.info.st_mode;
-    details = {};
-    details.name = entry.parent < 0 ? std::string() : entry.hostName;
-    details.kind = kindOf(static_cast<unsigned char>(IFTODT(mode)));
-    details.readOnly = !S_ISLNK(mode) && isReadOnlyMode(mode);
-    if (S_ISREG(mode)) details.length = static_cast<std::uint64_t>(entry.info.st_size);
-    if (!S_ISDIR(mode)) details.names = entry.info.st_nlink;
-    details.volume = entry.info.st_dev;
-    details.content = entry.info.st_ino;
+    details = detailsOf(entry.parent < 0 ? std::string() : std::move(entry.hostName), entry.info);
     return Status::Ok;
 }
 

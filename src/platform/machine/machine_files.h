@@ -5,19 +5,22 @@
 // of its own; it is shown in its parent folder as a link, so that no sweep goes into it.
 #pragma once
 
+#include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/file_system.h"
+#include "platform/machine/folder_rights.h"
 #include "platform/machine/path_resolver.h"
 #include "platform/machine/tree_walk.h"
+#include "platform/rehearsal.h"
 #include "platform/removal_counter.h"
 
 namespace tidvane::platform::machine {
 
 class FileReplacement;
 
-class MachineFiles final : public FileSystem {
+class MachineFiles final : public FilesWithRehearsal {
 public:
     explicit MachineFiles(RemovalCounter& counter) : counter_(counter) {}
 
@@ -52,6 +55,11 @@ public:
     Status WriteFileBytes(const std::string& file, std::string_view bytes) override;
     Status CopyFileBytes(const std::string& from, const std::string& to) override;
 
+    Rehearsed Rehearse(Intent intent, const std::string& path, const Circumstances& now, bool withAttributes) override;
+    Status RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& now) override;
+    Status RehearseDeleteFolder(const std::string& folder, Extent extent, bool force, const Circumstances& now,
+                                TreeVisitor& visitor, RehearsedTree& tree) override;
+
     std::vector<Drive> Drives() override;
     Status GetDiskFreeSpaceExA(const std::string& folder, std::uint64_t& freeBytes, std::uint64_t& totalBytes) override;
 
@@ -72,10 +80,23 @@ private:
     Status removeFound(const FoundEntry& entry);
     Status deleteOneFolder(const MachinePath& path, bool force);
     Status countFailure(Status status);
+    Status rehearse(Intent intent, const MachinePath& path, const Circumstances& now, const FoundEntry& entry,
+                    const struct statx& state);
+    Status openToRehearse(const MachinePath& path, Extent extent, Handle& parent, std::string& name, Handle& folder,
+                          FolderIdentity& identity);
+    // Asked once for the steps that follow each other in one folder.
+    const FolderRights& rightsOf(int folder, const FolderIdentity& identity, std::optional<bool> readOnly);
 
+    struct KnownRights {
+        FolderRights rights;
+        FolderIdentity folder;
+        std::optional<bool> readOnly;
+        std::chrono::steady_clock::time_point asked;
+    };
     RemovalCounter& counter_;
     PathResolver resolver_;
     std::vector<Drive> drives_;
+    std::optional<KnownRights> rights_;
     FolderIdentity programRoot_;
     FolderIdentity programParent_;
 };

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/machine/file_time_now.h"
 #include "platform/machine/machine_environment.h"
 
 namespace tidvane::platform::machine {
@@ -43,11 +44,15 @@ MachinePlatform::MachinePlatform(std::unique_ptr<Machine> machine, const Machine
       warn_(options.warn),
       codePage_(ansiCodePage(machine_->registry())),
       environment_(madeEnvironment(machine_->registry(), codePage_)),
-      previewFiles_(options.preview ? std::make_unique<PreviewFileSystem>(files_, removed_) : nullptr),
+      previewFiles_(options.preview ? std::make_unique<PreviewFileSystem>(files_, removed_, fileTimeNow) : nullptr),
       servedFiles_(options.preview ? static_cast<FileSystem&>(*previewFiles_) : files_),
       registry_(machine_->registry().tree(), removed_, codePage_),
       system_(machine_->registry(), environment_, programPlace(), options.arguments),
-      shell_(machine_->registry(), environment_, servedFiles_, removed_),
+      shell_(machine_->registry(), environment_, servedFiles_, removed_,
+             previewFiles_ ? RecycleBin::Tell([this](const std::string& unit, const std::string& from) {
+                 previewFiles_->tellTree(unit, from);
+             })
+                           : nullptr),
       places_(system_, shell_),
       guard_(places_, servedFiles_, removed_, warn_),
       guardedFiles_(servedFiles_, guard_),

@@ -3,23 +3,16 @@
 #include <fcntl.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstring>
 
 #include "base/text.h"
 #include "platform/common/utf16.h"
+#include "platform/machine/file_time_now.h"
 #include "platform/machine/whole_file.h"
 
 namespace tidvane::platform::machine {
 
 namespace {
-
-std::uint64_t fileTimeNow() {
-    constexpr std::uint64_t kStepsTo1970 = 116'444'736'000'000'000u;
-    const auto since1970 = std::chrono::system_clock::now().time_since_epoch();
-    return kStepsTo1970 +
-           static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::nanoseconds>(since1970).count()) / 100u;
-}
 
 bool sameFile(const struct stat& a, const struct stat& b) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&

@@ -68,11 +68,11 @@ std::string below(const std::string& folder, const std::string& name) {
 }  // namespace
 
 MachineShell::MachineShell(const MachineRegistry& registry, Environment& environment, FileSystem& files,
-                           RemovalCounter& counter)
+                           RemovalCounter& counter, RecycleBin::Tell tell)
     : registry_(registry),
       environment_(environment),
       files_(files),
-      bin_(files, counter, registry.userSid(), trueMajorVersion(registry) >= 10 ? 2 : 1),
+      bin_(files, counter, registry.userSid(), trueMajorVersion(registry) >= 10 ? 2 : 1, std::move(tell)),
       vista_(windowsVersion(registry).major >= 6) {}
 
 std::string MachineShell::SpecialFolder(int number) {

@@ -13,8 +13,9 @@ namespace tidvane::platform::machine {
 
 class MachineShell final : public Shell {
 public:
-    // `environment`: the machine's own.
-    MachineShell(const MachineRegistry& registry, Environment& environment, FileSystem& files, RemovalCounter& counter);
+    // `environment`: the machine's own. `tell`: of what is taken into a bin; may be empty.
+    MachineShell(const MachineRegistry& registry, Environment& environment, FileSystem& files, RemovalCounter& counter,
+                 RecycleBin::Tell tell = {});
 
     // From "User Shell Folders" and "Shell Folders" of the user's registry or the machine's, otherwise the place that
     // Microsoft documents for the version of Windows.

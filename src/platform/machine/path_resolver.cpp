@@ -6,6 +6,8 @@
 #include <cerrno>
 
 #include "base/text.h"
+#include "platform/machine/entry_details.h"
+#include "platform/machine/folder_rights.h"
 
 namespace tidvane::platform::machine {
 
@@ -198,8 +200,20 @@ Status PathResolver::parent(const MachinePath& path, OpenFolder& found, bool toR
     return error_ == EACCES || error_ == EPERM ? Status::Denied : Status::PathNotFound;
 }
 
-Status PathResolver::entry(const MachinePath& path, FoundEntry& found) {
+// 0 or an errno.
+int PathResolver::look(FoundEntry& found, struct statx* state) {
+    constexpr int kFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
+    if (state == nullptr) {
+        return ::fstatat(found.parent, found.hostName.c_str(), &found.info, kFlags) == 0 ? 0 : errno;
+    }
+    const int error = stateOf(found.parent, found.hostName.c_str(), *state);
+    if (error == 0) found.info = plainState(*state);
+    return error;
+}
+
+Status PathResolver::entry(const MachinePath& path, FoundEntry& found, struct statx* state) {
     found = {};
+    if (state != nullptr) *state = {};
     const std::size_t count = path.names.size();
     std::size_t skip = 0;
     Root* root = rootOf(path, count, skip);
@@ -212,16 +226,14 @@ Status PathResolver::entry(const MachinePath& path, FoundEntry& found) {
         found.parent = above.handle;
         found.parentIdentity = above.identity;
         found.hostName = path.last();
-        constexpr int kFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-        if (::fstatat(found.parent, found.hostName.c_str(), &found.info, kFlags) == 0) return Status::Ok;
-        if (errno != ENOENT) return statusOf(errno);
+        const int error = look(found, state);
+        if (error != ENOENT) return statusOf(error);
         if (wasJustRemoved(above.identity, path.last())) return Status::NotFound;
         if (!again && verify(*root)) continue;
         if (!above.listable) return Status::NotFound;
         found.hostName = findFolded(found.parent, path.last());
         if (found.hostName.empty()) return Status::NotFound;
-        if (::fstatat(found.parent, found.hostName.c_str(), &found.info, kFlags) == 0) return Status::Ok;
-        return statusOf(errno);
+        return statusOf(look(found, state));
     }
 }
 

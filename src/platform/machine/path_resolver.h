@@ -52,7 +52,8 @@ public:
     // folderToRead.
     Status parent(const MachinePath& path, OpenFolder& found, bool toRead = false);
     // NotFound, PathNotFound, Denied.
-    Status entry(const MachinePath& path, FoundEntry& found);
+    // With `state` it is filled too, which the host gives for the same price; it is zero for a root.
+    Status entry(const MachinePath& path, FoundEntry& found, struct statx* state = nullptr);
 
     // An entry was removed under this spelling. A look-up that follows at once needs no search for other spellings.
     void noteRemoved(const FoundEntry& entry);
@@ -100,6 +101,7 @@ private:
     static bool verify(Root& root);
     static void truncate(Root& root, std::size_t levels);
     static OpenFolder current(const Root& root, std::size_t levels);
+    static int look(FoundEntry& found, struct statx* state);
     bool wasJustRemoved(const FolderIdentity& parent, const std::string& name) const;
 
     std::vector<Root> roots_;

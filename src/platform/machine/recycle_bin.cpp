@@ -1,10 +1,11 @@
 #include "platform/machine/recycle_bin.h"
 
-#include <ctime>
 #include <random>
+#include <utility>
 
 #include "base/text.h"
 #include "platform/common/windows_path.h"
+#include "platform/machine/file_time_now.h"
 #include "platform/machine/machine_path.h"
 #include "platform/machine/recycle_record.h"
 
@@ -20,13 +21,6 @@ constexpr const char* kBinFat = "RECYCLED";
 constexpr const char* kDesktopIni =
     "[.ShellClassInfo]\r\nCLSID={645FF040-5081-101B-9F08-00AA002F954E}\r\n"
     "LocalizedResourceName=@%SystemRoot%\\system32\\shell32.dll,-8964\r\n";
-
-std::uint64_t fileTimeNow() {
-    struct timespec now {};
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    return (static_cast<std::uint64_t>(now.tv_sec) + 11'644'473'600u) * 10'000'000u +
-           static_cast<std::uint64_t>(now.tv_nsec) / 100u;
-}
 
 std::string root(char drive) {
     return std::string{drive, ':', '\\'};
@@ -136,16 +130,25 @@ Status RecycleBin::take(const std::string& path) {
         !ok(status)) {
         return denied(status);
     }
-    if (const Status status = files_.RenameEntry(path, bin + "\\$R" + name); !ok(status)) {
-        const RemovalTotals before = counter_.totals;
-        (void)files_.RemoveFile(recordPath);  // our own record is nothing that was removed for the user
-        counter_.totals = before;
+    const std::string unit = bin + "\\$R" + name;
+    if (const Status status = files_.RenameEntry(path, unit); !ok(status)) {
+        dropRecord(recordPath);
         return denied(status);
     }
+    if (tell_) tell_(unit, record.path);
     counter_.totals.files += gone.files;
     counter_.totals.folders += gone.folders;
     if (counter_.wantBytes) counter_.totals.bytes += gone.bytes;
     return Status::Ok;
+}
+
+// Our own record is nothing that was removed for the user.
+void RecycleBin::dropRecord(const std::string& path) {
+    const RemovalTotals before = counter_.totals;
+    const auto each = std::exchange(counter_.each, nullptr);
+    (void)files_.RemoveFile(path);
+    counter_.totals = before;
+    counter_.each = each;
 }
 
 std::vector<RecycleBin::Unit> RecycleBin::units(const Bin& bin, std::vector<std::string>& leftovers) {

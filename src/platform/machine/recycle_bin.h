@@ -6,7 +6,9 @@
 // Windows does.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -17,9 +19,16 @@ namespace tidvane::platform::machine {
 
 class RecycleBin {
 public:
+    // Called when something was taken that lay at another path. May be empty.
+    using Tell = std::function<void(const std::string& unit, const std::string& from)>;
+
     // `recordVersion`: of the records it writes, 1 or 2.
-    RecycleBin(FileSystem& files, RemovalCounter& counter, std::string sid, int recordVersion)
-        : files_(files), counter_(counter), sid_(std::move(sid)), recordVersion_(recordVersion) {}
+    RecycleBin(FileSystem& files, RemovalCounter& counter, std::string sid, int recordVersion, Tell tell = {})
+        : files_(files),
+          counter_(counter),
+          sid_(std::move(sid)),
+          recordVersion_(recordVersion),
+          tell_(std::move(tell)) {}
 
     // Moves a file, a link or a whole folder into the bin of its drive. Nothing is ever copied: where the move cannot
     // be made, the target stays. Denied: no fixed drive, part of a bin already, or something in it that is no part
@@ -46,12 +55,14 @@ private:
     std::vector<Unit> units(const Bin& bin, std::vector<std::string>& leftovers);
     Status makeBin(char drive, std::string& folder);
     Status removeForGood(const std::string& path, EntryKind kind);
+    void dropRecord(const std::string& path);
     std::string freeName(const std::string& folder, const std::string& extension);
 
     FileSystem& files_;
     RemovalCounter& counter_;
     std::string sid_;
     int recordVersion_;
+    Tell tell_;
 };
 
 }  // namespace tidvane::platform::machine

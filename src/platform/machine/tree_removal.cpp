@@ -72,10 +72,6 @@ bool TreeRemoval::onFolder(int /*folder*/, const char* /*name*/, bool& enter, bo
     return true;
 }
 
-bool TreeRemoval::onEnter(int /*folder*/) {
-    return true;
-}
-
 bool TreeRemoval::onRefused(int folder, const char* name, int error, bool& kept) {
     // A folder that cannot be looked into may still be empty.
     if (error != EACCES || removeEmpty(folder, name) != 0) failed(error, kept);

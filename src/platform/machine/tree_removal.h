@@ -21,7 +21,6 @@ public:
 private:
     bool onFile(int folder, const char* name, bool& kept) override;
     bool onFolder(int folder, const char* name, bool& enter, bool& kept) override;
-    bool onEnter(int folder) override;
     bool onRefused(int folder, const char* name, int error, bool& kept) override;
     bool onLeave(int parent, const char* name, bool keptInside, bool& kept, bool& again) override;
 

@@ -25,7 +25,7 @@ bool TreeWalk::run(int top, const FolderIdentity& identity, const Exceptions& ex
         }
         if (const int error = level.reader.error(); error != 0) {
             const int above = levels_.size() == 1 ? level.descriptor : levels_[levels_.size() - 2].descriptor;
-            if (!onRefused(above, level.name.c_str(), error, level.kept)) return false;
+            if (!onUnreadable(above, level.name.c_str(), error, level.kept)) return false;
         }
         if (levels_.size() == 1) {
             topKept_ = level.kept;
@@ -76,7 +76,7 @@ bool TreeWalk::descend(const char* name, const Exceptions& exceptions) {
         closing.handle.reset();
         closing.descriptor = -1;
     }
-    return onEnter(levels_.back().descriptor);
+    return onEnter(levels_.back().descriptor, levels_.back().name.c_str());
 }
 
 // Back to the folder above, which may have to be opened again: through "..", if that is still the folder it was.

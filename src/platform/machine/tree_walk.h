@@ -33,12 +33,20 @@ protected:
     // A folder is about to be entered. `kept` as above, `enter` false to pass it over.
     virtual bool onFolder(int folder, const char* name, bool& enter, bool& kept) = 0;
     // A folder was opened.
-    virtual bool onEnter(int /*folder*/) { return true; }
+    virtual bool onEnter(int /*folder*/, const char* /*name*/) { return true; }
     // A folder that cannot be opened or read (an errno), is a mount point (EXDEV), is the program's own (EPERM), or was
     // moved away during the walk (ESTALE).
     virtual bool onRefused(int folder, const char* name, int error, bool& kept) = 0;
+    // The folder that is being visited cannot be read on; `name` is empty for the top. `above`: the folder it lies in,
+    // or the top itself.
+    virtual bool onUnreadable(int above, const char* name, int error, bool& kept) {
+        return onRefused(above, name, error, kept);
+    }
     // A folder was visited whole. `keptInside`: something in it stayed. `again`: visit it once more.
     virtual bool onLeave(int parent, const char* name, bool keptInside, bool& kept, bool& again) = 0;
+
+    // The folders from the top down to the one that is being visited.
+    [[nodiscard]] std::size_t depth() const { return levels_.size(); }
 
 private:
     // The folders nearest to the top stay open as places to come back to, and so do the deepest ones.

@@ -41,16 +41,6 @@ bool isListable(const std::string& name) {
     return name.find_first_of("\\:*?") == std::string::npos;
 }
 
-unsigned attributesOfNode(const Node& node) {
-    unsigned result = node.content->attributes & kSettableAttributes;
-    if (node.isFolder()) result |= attribute::Directory;
-    if (node.kind == EntryKind::Link) {
-        result |= attribute::ReparsePoint;
-        if (node.standsForFolder) result |= attribute::Directory;
-    }
-    return result == 0 ? attribute::Normal : result;
-}
-
 void keepFirst(Status& first, Status status) {
     if (ok(first)) first = status;
 }
@@ -71,17 +61,6 @@ void addTotals(const Node& entry, FolderTotals& totals) {
 }
 
 }  // namespace
-
-// Where a path leads. `node` is null unless `status` is Ok; `parent` is null for a root and when the way is missing.
-struct MemoryFiles::Place {
-    Status status = Status::Ok;
-    Volume* on = nullptr;
-    Node* parent = nullptr;
-    Node* node = nullptr;
-    std::string name;      // the last part as it was spelled
-    std::string childKey;  // the same in upper case
-    std::string key;
-};
 
 // --- setting up
 // --------------------------------------------------------------------------------------------------------
@@ -425,18 +404,31 @@ Status MemoryFiles::SetAttributes(const std::string& path, unsigned attributes) 
     return Status::Ok;
 }
 
-Status MemoryFiles::LookAt(const std::string& path, EntryDetails& details) {
-    const Place place = find(path, operation::Look, true);
-    if (!ok(place.status)) return place.status;
-    const Node& node = *place.node;
-    details = {};
-    details.name = place.parent == nullptr ? std::string() : node.name;
+unsigned MemoryFiles::attributesOfNode(const Node& node) {
+    unsigned result = node.content->attributes & kSettableAttributes;
+    if (node.isFolder()) result |= attribute::Directory;
+    if (node.kind == EntryKind::Link) {
+        result |= attribute::ReparsePoint;
+        if (node.standsForFolder) result |= attribute::Directory;
+    }
+    return result == 0 ? attribute::Normal : result;
+}
+
+EntryDetails MemoryFiles::detailsOf(const Node& node) {
+    EntryDetails details;
+    details.name = node.name;
     details.kind = node.kind;
     details.readOnly = node.isReadOnly();
     if (node.kind == EntryKind::File) details.length = node.content->length;
     details.names = node.content->names;
     details.content = reinterpret_cast<std::uintptr_t>(node.content.get());
-    return Status::Ok;
+    return details;
+}
+
+Status MemoryFiles::LookAt(const std::string& path, EntryDetails& details) {
+    const Place place = find(path, operation::Look, true);
+    if (ok(place.status)) details = detailsOf(*place.node);
+    return place.status;
 }
 
 Status MemoryFiles::GetSize(const std::string& path, std::uint64_t& bytes) {
@@ -497,10 +489,13 @@ Status MemoryFiles::MeasureFolder(const std::string& folder, FolderTotals& total
 // --- removing
 // ----------------------------------------------------------------------------------------------------------
 
+bool MemoryFiles::counts(Status status) {
+    return status == Status::Denied || status == Status::InUse || status == Status::NotEmpty ||
+           status == Status::Failed;
+}
+
 Status MemoryFiles::counted(Status status) {
-    if (status == Status::Denied || status == Status::InUse || status == Status::NotEmpty || status == Status::Failed) {
-        ++counter_.totals.failed;
-    }
+    if (counts(status)) ++counter_.totals.failed;
     return status;
 }
 

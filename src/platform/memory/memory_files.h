@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "platform/common/windows_path.h"
-#include "platform/file_system.h"
 #include "platform/memory/memory_tree.h"
+#include "platform/rehearsal.h"
 #include "platform/removal_counter.h"
 
 namespace tidvane::platform {
@@ -28,7 +28,7 @@ inline constexpr unsigned Block = 0x80;   // one write into a file that is open 
 inline constexpr unsigned All = ~0u;
 }  // namespace operation
 
-class MemoryFiles final : public FileSystem {
+class MemoryFiles final : public FilesWithRehearsal {
 public:
     explicit MemoryFiles(RemovalCounter& counter) : counter_(counter) {}
 
@@ -128,6 +128,10 @@ public:
     Status ReadFileBytes(const std::string& file, std::string& bytes, std::uint64_t limit = UINT64_MAX) override;
     Status WriteFileBytes(const std::string& file, std::string_view bytes) override;
     Status CopyFileBytes(const std::string& from, const std::string& to) override;
+    Rehearsed Rehearse(Intent intent, const std::string& path, const Circumstances& now, bool withAttributes) override;
+    Status RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& now) override;
+    Status RehearseDeleteFolder(const std::string& folder, Extent extent, bool force, const Circumstances& now,
+                                TreeVisitor& visitor, RehearsedTree& tree) override;
     std::vector<Drive> Drives() override;
     Status GetDiskFreeSpaceExA(const std::string& folder, std::uint64_t& freeBytes, std::uint64_t& totalBytes) override;
 
@@ -143,8 +147,19 @@ public:
     [[nodiscard]] DriveType driveType(const std::string& path) const;
 
 private:
-    struct Place;
+    // Where a path leads. `node` is null unless `status` is Ok; `parent` is null for a root and when the way is
+    // missing.
+    struct Place {
+        Status status = Status::Ok;
+        memory::Volume* on = nullptr;
+        memory::Node* parent = nullptr;
+        memory::Node* node = nullptr;
+        std::string name;      // the last part as it was spelled
+        std::string childKey;  // the same in upper case
+        std::string key;
+    };
     class Handle;
+    struct TreeStep;
 
     struct Refusal {
         unsigned operations;
@@ -172,7 +187,14 @@ private:
     Status checkMovable(const memory::Node& entry, const std::string& key);
     Status replaceContent(const std::string& file, std::string_view bytes, std::uint64_t length);
     void release(memory::Volume* on, const memory::Node& entry, bool count);
+    static bool counts(Status status);
     Status counted(Status status);
+    static unsigned attributesOfNode(const memory::Node& node);
+    static EntryDetails detailsOf(const memory::Node& node);
+    Status rehearse(Intent intent, const Place& place, const Circumstances& now);
+    Status rehearseEntry(const memory::Node& node, const std::string& key, const TreeStep& step,
+                         const TreeVisitor::EntryNow& now);
+    Status rehearseContent(const memory::Node& folder, const std::string& key, const TreeStep& step, bool& someWent);
 
     RemovalCounter& counter_;
     mutable std::map<std::string, memory::Volume> volumes_;  // "C:" or "\\SERVER\SHARE"
