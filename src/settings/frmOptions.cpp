@@ -196,6 +196,10 @@ void frmOptions::setTaskCaptions() {
     for (const std::vector<TaskBox>& page : tasks_) {
         for (const TaskBox& task : page) {
             if (task.caption != 0) task.box->Caption = program_.LangText(task.caption) + task.suffix;
+            if (!task.recentDocuments) continue;
+            const std::string programs = task.optionsOf;
+            task.box->ToolTipText = "+ " + program_.LangText(200) +
+                                    (programs.empty() ? "" : " + " + programs + ": " + program_.LangText(298));
         }
     }
 }

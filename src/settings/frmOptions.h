@@ -29,6 +29,9 @@ struct TaskBox {
     int caption = 0;          // number of the language entry; 0: the caption stays as designed
     const char* suffix = "";  // stands behind the entry
     bool inDepth = false;     // the master box leaves it alone
+    // What the task takes although its name does not say so. The tip tells it.
+    bool recentDocuments = false;  // the list of recent documents of Windows
+    const char* optionsOf = "";    // programs that lose their settings
 };
 
 // A caption that no language entry replaces is a word of both languages, or a sign.

@@ -42,9 +42,12 @@ void frmOptions::buildTaskTable() {
     page(TaskPage::Safari) = {
         {&chkSafariHistory, 257}, {&chkSafariCookies, 258}, {&chkSafariCache, 259}, {&chkSafariSavedForms, 260},
     };
-    // Product names, the same in every language.
+    // Product names, the same in every language. Whichever of these tasks is ticked, the list of recent documents goes,
+    // though it has a box of its own.
     page(TaskPage::MsOffice) = {
-        {&chkMSAccess}, {&chkMSExcel}, {&chkMSPowerPoint}, {&chkMSWord}, {&chkMSFrontPage},
+        {&chkMSAccess, 0, "", false, true, "Access 2000, XP, 2003"}, {&chkMSExcel, 0, "", false, true},
+        {&chkMSPowerPoint, 0, "", false, true}, {&chkMSWord, 0, "", false, true, "Word 2000, XP, 2003"},
+        {&chkMSFrontPage, 0, "", false, true},
     };
     // clang-format on
 }

@@ -304,6 +304,16 @@ TEST(OptionsLoad, TaskCaptionsFollowTheOrderOfTheEntries) {
     EXPECT_EQ(last, 260);
 }
 
+TEST(OptionsLoad, TheTipsOfTheOfficeTasksTellWhatElseGoes) {
+    OptionsFixture machine;
+    frmOptions& options = machine.options();
+    EXPECT_EQ(options.chkMSAccess.ToolTipText, std::string("+ L200 + Access 2000, XP, 2003: L298"));
+    EXPECT_EQ(options.chkMSWord.ToolTipText, std::string("+ L200 + Word 2000, XP, 2003: L298"));
+    for (const forms::CheckBox* box : {&options.chkMSExcel, &options.chkMSPowerPoint, &options.chkMSFrontPage}) {
+        EXPECT_EQ(box->ToolTipText, std::string("+ L200")) << box->Name;
+    }
+}
+
 TEST(OptionsLoad, BuildsTheTaskPane) {
     OptionsFixture machine;
     const auto& groups = machine.options().ExplorerBar2.groups();
