@@ -134,6 +134,20 @@ TEST(ListView, SelectsOneRowAtATime) {
     EXPECT_TRUE(form.lstTasks.item("b")->selected);
 }
 
+TEST(ListView, MarksRowsBesideOneAnother) {
+    SampleForm form;
+    for (const char* key : {"a", "b", "c"}) form.lstTasks.Add(0, key, key, 0);
+    EXPECT_TRUE(form.lstTasks.mark(1, true));
+    EXPECT_TRUE(form.lstTasks.mark(3, true));
+    EXPECT_TRUE(form.lstTasks.mark(1, false));
+    EXPECT_TRUE(form.lstTasks.mark(2, true));
+    EXPECT_FALSE(form.lstTasks.item(1)->selected);
+    EXPECT_TRUE(form.lstTasks.item(2)->selected);
+    EXPECT_TRUE(form.lstTasks.item(3)->selected);
+    EXPECT_FALSE(form.lstTasks.mark(0, true));
+    EXPECT_FALSE(form.lstTasks.mark(4, true));
+}
+
 TEST(TabStrip, OffersOnePageAndHidesTheOthers) {
     SampleForm form;
     form.tabs.offerOnly(1);
