@@ -65,7 +65,7 @@ public:
         put32(bytes_, kLastChecked, dosTime(item.lastAccess));
         addText(kUrlPlace, item.url);
         if (!item.file.empty()) {
-            put32(bytes_, kFileTime, dosTime(item.lastModified));
+            put32(bytes_, kFileTime, dosTime(item.fileWritten));
             addText(kFilePlace, item.file);
         }
         if (!item.headers.empty()) {

@@ -29,8 +29,10 @@ struct UrlCacheItem {
     std::uint64_t size = 0;            // of the cached file
     std::uint32_t type = url_cache_type::Normal;
     std::uint64_t lastAccess = 0;    // FILETIME
-    std::uint64_t lastModified = 0;  // FILETIME
-    std::string headers;             // as the server sent them; may be empty
+    std::uint64_t lastModified = 0;  // FILETIME, as the server told it
+    // FILETIME of the cached file's last write. Of a file that was written since, Wine deletes the entry alone.
+    std::uint64_t fileWritten = 0;
+    std::string headers;  // as the server sent them; may be empty
 };
 
 // The bytes of an index.dat. `folders`: names of the folders beside it, eight letters and digits each, 32 at most; only
