@@ -88,8 +88,11 @@ bool isStoredControl(const forms::Control& control) {
 
 std::string valueOf(const forms::Control& control) {
     switch (control.kind) {
-        case ControlKind::TextBox:
-            return base::replaceAll(static_cast<const forms::TextBox&>(control).Text(), kLineBreak, kStoredLineBreak);
+        case ControlKind::TextBox: {
+            const std::string& text = static_cast<const forms::TextBox&>(control).Text();
+            // A file holds a text up to its first NUL.
+            return base::replaceAll(text.substr(0, text.find('\0')), kLineBreak, kStoredLineBreak);
+        }
         case ControlKind::CheckBox:
             return std::to_string(static_cast<const forms::CheckBox&>(control).Value.get());
         case ControlKind::OptionButton:

@@ -315,6 +315,22 @@ TEST_F(SmallWindow, EveryBoxThatTasksJoinNamesToEndsInABackslash) {
     }
 }
 
+TEST_F(SmallWindow, ATypedFolderGetsItsBackslashByOk) {
+    auto& opera = program.get<settings::frmOperaDir>();
+    opera.txtOperaFileDir.setText("C:\\o");
+    opera.txtOperaFileLocalDir.setText("C:\\ol\\");
+    opera.cmdOK.Click();
+    EXPECT_EQ(storedValue("frmOperaDir", "txtOperaFileDir"), "C:\\o\\");
+    EXPECT_EQ(storedValue("frmOperaDir", "txtOperaFileLocalDir"), "C:\\ol\\");
+    EXPECT_EQ(storedValue("frmOperaDir", "txtOperaCacheDir"), "<none>");
+    auto& mozilla = program.get<settings::frmMozillaDir>();
+    for (forms::TextBox* box : {&mozilla.fileDir, &mozilla.secondDir, &mozilla.cacheDir}) box->setText("C:\\m");
+    mozilla.cmdOK.Click();
+    for (const char* box : {"txtMozillaFileDir", "txtMozillaFileLocalDir", "txtMozillaCacheDir"}) {
+        EXPECT_EQ(storedValue("frmMozillaDir", box), "C:\\m") << box;
+    }
+}
+
 // --- start page
 // -----------------------------------------------------------------------------------------------------------
 
