@@ -45,6 +45,7 @@ std::string_view takeItem(std::string_view& rest) {
 
 ListItems parseListItems(std::string_view text) {
     ListItems content;
+    const bool open = !text.empty() && text.back() != '\r' && text.back() != '\n';
     while (!text.empty()) {
         const std::string_view line = takeLine(text);
         const std::size_t before = content.items.size();
@@ -57,6 +58,7 @@ ListItems parseListItems(std::string_view text) {
         if (came > 1 || (came == 1 && base::trimBlanks(content.items.back()) != base::trimBlanks(line))) {
             content.changedLines.emplace_back(line);
         }
+        content.lastLineIsOpen = open && text.empty() && came > 0;
     }
     return content;
 }

@@ -19,6 +19,7 @@ struct ListItems {
     std::vector<std::string> items;         // without empty ones
     std::vector<std::string> splitLines;    // lines of which more than one item came
     std::vector<std::string> changedLines;  // these, and lines whose one item differs from them in more than blanks
+    bool lastLineIsOpen = false;            // the last item stands in a line without a line end
 };
 
 // Takes a text apart as list input does: a comma ends an item, a double quote opens a quoted item, blanks in front of

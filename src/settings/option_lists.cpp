@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/text.h"
 #include "settings/bans.h"
 #include "settings/frmOptions.h"
 #include "settings/list_files.h"
@@ -14,6 +15,17 @@ constexpr char32_t kEnter = 13;
 constexpr char32_t kEscape = 27;
 
 constexpr const char* kBanFile = "td_ban.dat";
+constexpr std::size_t kSplitLinesTold = 3;  // of each file; of the others the number
+
+// A line of a file as a warning quotes it: short, and without what a screen would take for a command.
+std::string quotable(const std::string& line) {
+    constexpr std::size_t kLongest = 200;  // characters
+    std::string text = line.substr(0, base::byteOffset(line, kLongest));
+    for (char& sign : text) {
+        if (static_cast<unsigned char>(sign) < ' ' || sign == '\x7F') sign = '?';
+    }
+    return text.size() < line.size() ? text + "..." : text;
+}
 
 std::vector<std::string> rowsOf(const forms::ListBox& list) {
     std::vector<std::string> rows;
@@ -196,9 +208,19 @@ void frmOptions::loadLists() {
         file.list->Clear();
         for (const std::string& item : content.items) file.list->AddItem(item);
         if (file.keepFile) warnOnce(std::string(file.fileName) + " cannot be read. It is kept as it is.");
-        for (const std::string& line : content.splitLines) {
+        const std::size_t told = std::min(content.splitLines.size(), kSplitLinesTold);
+        for (std::size_t i = 0; i < told; ++i) {
             warnOnce(std::string(file.fileName) + ": a comma or a quotation mark makes several entries of the line " +
-                     line);
+                     quotable(content.splitLines[i]));
+        }
+        if (content.splitLines.size() > told) {
+            warnOnce(std::string(file.fileName) + ": so it is with " +
+                     std::to_string(content.splitLines.size() - told) + " more line(s).");
+        }
+        // The program ends every line that it writes. What is left of a path may be a folder far above it.
+        if (content.lastLineIsOpen) {
+            warnOnce(std::string(file.fileName) +
+                     ": the last line has no line end and may have been cut: " + quotable(content.items.back()));
         }
     }
 }
