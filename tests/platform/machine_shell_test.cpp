@@ -247,6 +247,18 @@ TEST_F(MachineShellTest, NothingIsStartedAndNothingFetched) {
     EXPECT_TRUE(platform.browserCache.entries().empty());
 }
 
+TEST_F(MachineShellTest, TheCallOfTheBrowsersCleanerIsAnsweredHere) {
+    start();
+    const Platform platform = made->platform();
+    const std::string cookies = platform.shell.SpecialFolder(csidl::Cookies);
+    host.file("m/drive_c/Users/User/AppData/Roaming/Microsoft/Windows/Cookies/user@site[1].txt");
+    ASSERT_TRUE(platform.files.FileExists(cookies + "\\user@site[1].txt")) << cookies;
+    const auto process = platform.processes.CreateProcessA("RunDll32.exe InetCpl.cpl,ClearMyTracksByProcess 2", 1);
+    ASSERT_NE(process, nullptr);
+    EXPECT_TRUE(process->wait(0));
+    EXPECT_FALSE(platform.files.FileExists(cookies + "\\user@site[1].txt"));
+}
+
 TEST_F(MachineShellTest, TheInstanceLockKeepsASecondProcessOut) {
     start();
     MachineProcesses other(host / "program", made->platform().browserCache);
