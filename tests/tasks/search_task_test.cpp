@@ -119,6 +119,24 @@ TEST_F(SearchTask, SparesOpa12) {
     EXPECT_TRUE(has("C:\\D\\opa12.bak"));
 }
 
+// A run that was killed between setting aside and putting back leaves the other name behind.
+TEST_F(SearchTask, PutsBackWhatAKilledRunLeftBehindItsMasks) {
+    masks({"*.bak", "*.001"});
+    put("C:\\D\\opa12.bak_copy");
+    put("C:\\E\\cacert.001_copy");
+    EXPECT_EQ(run(kSearch), framed(2, {}));
+    EXPECT_TRUE(has("C:\\D\\opa12.bak"));
+    EXPECT_TRUE(has("C:\\E\\CACERT.001"));
+    EXPECT_FALSE(has("C:\\D\\opa12.bak_copy"));
+}
+
+TEST_F(SearchTask, LosesSuchALeftoverToAMaskThatNamesIt) {
+    masks({"*_copy"});
+    put("C:\\D\\opa12.bak_copy");
+    EXPECT_EQ(run(kSearch), framed(1, {"[*_copy] C:\\D\\ <OK>"}));
+    EXPECT_FALSE(has("C:\\D\\opa12.bak"));
+}
+
 TEST_F(SearchTask, PausesBehindItsFirstLineToo) {
     options().txtPurgeSpeed.setText("100");
     tick(gate(kSearch));
