@@ -165,7 +165,7 @@ private:
     }
 
     std::string pathOf(const Place& place) {
-        const std::string path = program_.platform.shell.SpecialFolder(place.folder) + place.below;
+        std::string path = program_.platform.shell.SpecialFolder(place.folder) + place.below;
         if (path.find(kFirstProfile) == std::string::npos) return path;
         if (!profile_) profile_ = firstProfile(program_);
         return base::replaceAll(path, kFirstProfile, *profile_);
