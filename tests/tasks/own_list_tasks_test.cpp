@@ -437,6 +437,19 @@ TEST_F(OwnListTasks, StopBeforeTheFirstFileThoughItsLineSaysOk) {
     EXPECT_TRUE(hasKey("Software\\X"));
 }
 
+TEST_F(OwnListTasks, WarnOfARelativeFileAndNotOfAKeyThatIsNoFile) {
+    files({"HKEY_CURRENT_USER\\Software\\X", "hkey_current_user\\Software\\Y"});
+    for (int row = 0; row < 3; ++row) {
+        method(row);
+        run(kFiles);
+    }
+    EXPECT_TRUE(machine.warnings.empty());
+    method(0);
+    files({"note.txt"});
+    run(kFiles);
+    EXPECT_EQ(machine.warnings.size(), 1U);
+}
+
 TEST_F(OwnListTasks, LogEntriesThatDoNotExistAsDone) {
     const Lines list{"C:\\missing", "HKEY_CURRENT_USER\\Software\\Missing", "nonsense", ""};
     files(list);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/text.h"
 #include "platform/common/windows_path.h"
 
 namespace tidvane::platform {
@@ -30,10 +31,16 @@ bool hasForbiddenSign(std::string_view path) {
                        [](char sign) { return sign == ':' || static_cast<unsigned char>(sign) < 0x20; });
 }
 
+// The user's list of files and registry keys hands every entry to both ways of removing. A key that is refused as a
+// file is what was meant: the words "nothing was done" would be wrong.
+bool isRegistryKey(const std::string& path) {
+    return base::startsWithNoCase(path, "HKEY_");
+}
+
 }  // namespace
 
 Status Guard::refuseName(const std::string& path, Status status) {
-    if (warn_) {
+    if (warn_ && !isRegistryKey(path)) {
         const bool relative = status == Status::PathNotFound;
         warn_({WarningKind::NotAbsolute, path,
                relative
