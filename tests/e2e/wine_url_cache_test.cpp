@@ -55,9 +55,9 @@ protected:
             GTEST_SKIP() << kCompiler << " is not installed: nothing can be cached through Wine";
         }
         prefix_ = std::make_unique<WinePrefix>();
-        const ProcessResult compiled =
-            runProcess({kCompiler, "-Wall", "-Wextra", "-O1", TIDVANE_SOURCE_DIR "/tests/e2e/url_cache_tool.c", "-o",
-                        prefix_->drive() + "/tool.exe", "-lwininet"});
+        const ProcessResult compiled = runProcess({kCompiler, "-Wall", "-Wextra", "-O1",
+                                                   std::string(TIDVANE_SOURCE_DIR) + "/tests/e2e/url_cache_tool.c",
+                                                   "-o", prefix_->drive() + "/tool.exe", "-lwininet"});
         ASSERT_EQ(compiled.status, 0) << compiled.err;
     }
 

@@ -304,6 +304,7 @@ TEST_F(BrowserCacheOnFilesTest, ManyDeletesThatCannotBeWrittenAreListedAgain) {
 
 TEST_F(BrowserCacheOnFilesTest, TheCostOfManyDeletesDoesNotGrowWithTheIndex) {
     std::vector<UrlCacheItem> items;
+    items.reserve(2000);
     for (int i = 0; i < 2000; ++i)
         items.push_back(item("http://many/" + std::to_string(i), std::to_string(i) + ".htm", 0));
     put(kPages, {"AAAAAAAA"}, items);

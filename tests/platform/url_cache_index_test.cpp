@@ -179,6 +179,7 @@ TEST(UrlCacheIndex, WhatIsKeptForLongIsCountedTwice) {
 
 TEST(UrlCacheIndex, FullRowsGoOnInFurtherTables) {
     std::vector<UrlCacheItem> items;
+    items.reserve(3000);
     for (int i = 0; i < 3000; ++i) items.push_back(page("http://many.example/" + std::to_string(i), "f.htm"));
     const std::string bytes = makeUrlCacheIndex({"AAAAAAAA"}, items);
     EXPECT_EQ(addresses(bytes).size(), 3000u);
@@ -300,6 +301,7 @@ TEST(UrlCacheIndex, AChainOfTablesThatComesBackEnds) {
     EXPECT_EQ(addresses(bytes).size(), 2u);
 
     std::vector<UrlCacheItem> items;
+    items.reserve(1000);
     for (int i = 0; i < 1000; ++i) items.push_back(page("http://many.example/" + std::to_string(i), "f.htm"));
     bytes = makeUrlCacheIndex({"AAAAAAAA"}, items);
     std::size_t last = kFirstBlock;

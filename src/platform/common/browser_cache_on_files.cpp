@@ -310,7 +310,7 @@ bool BrowserCacheOnFiles::removeKeysOfDays() {
         std::vector<std::string> days;
         std::string name;
         for (std::uint32_t i = 0; registry_.RegEnumKeyA(key, i, kRoom, name) == 0; ++i) {
-            if (isDay(name)) days.push_back(path + "\\" + name);
+            if (isDay(name)) days.push_back(below(path, name));
         }
         registry_.RegCloseKey(key);
         for (const std::string& day : days) all = removeKey(day) && all;
