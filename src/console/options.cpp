@@ -26,7 +26,7 @@ const char* misuseOf(const Options& options) {
           Misuse{options.details && !options.preview, "--details is for a preview; add --preview or leave it out."},
           Misuse{options.showLog && !options.preview, "--log is for a preview; add --preview or leave it out."},
           Misuse{removes && manager.remove && !named && !manager.all, "Name what is to go, or give --all."},
-          Misuse{removes && named && manager.all, "Give names or --all, and not both."},
+          Misuse{removes && named && manager.all, "Give names or --all, not both."},
           Misuse{manager.cookies && !manager.all,
                  "--cookies is for --all; an entry that is named goes whatever it is."}}) {
         if (misuse.is) return misuse.sentence;

@@ -106,6 +106,105 @@ TEST(ConsoleOptions, RefuseAnEmptyPathWithASentence) {
     EXPECT_FALSE(parse({"--arguments", "", "run"}).status) << "no path";
 }
 
+TEST(ConsoleOptions, ReadTheOptionsOfARunThatAsksOrForces) {
+    const Parsed parsed = parse({"run", "--plugin", "7-Zip history", "--plugin", "x", "--force", "--preview",
+                                 "--details", "--log", "--json", "p.json"});
+    ASSERT_FALSE(parsed.status) << parsed.err;
+    EXPECT_EQ(parsed.options.plugins, (std::vector<std::string>{"7-Zip history", "x"}));
+    EXPECT_TRUE(parsed.options.force);
+    EXPECT_TRUE(parsed.options.preview);
+    EXPECT_TRUE(parsed.options.details);
+    EXPECT_TRUE(parsed.options.showLog);
+}
+
+TEST(ConsoleOptions, ReadASearch) {
+    const Parsed parsed =
+        parse({"search", "*.tmp", "--in", "C:\\Data", "--method", "recycle", "--answer", "yes", "--preview"});
+    ASSERT_FALSE(parsed.status) << parsed.err;
+    EXPECT_EQ(parsed.options.command, Command::Search);
+    EXPECT_EQ(parsed.options.search.mask, "*.tmp");
+    EXPECT_EQ(parsed.options.search.folder, "C:\\Data");
+    EXPECT_EQ(parsed.options.method, 1);
+    EXPECT_TRUE(parsed.options.answerYes);
+    EXPECT_TRUE(parsed.options.preview);
+}
+
+TEST(ConsoleOptions, ReadLists) {
+    const Parsed add = parse({"lists", "add", "folders", "C:\\A", "C:\\B C", "--answer", "yes", "--machine", "m"});
+    ASSERT_FALSE(add.status) << add.err;
+    EXPECT_EQ(add.options.command, Command::Lists);
+    EXPECT_EQ(add.options.lists.action, ListsAction::Add);
+    EXPECT_EQ(add.options.lists.list, "folders");
+    EXPECT_EQ(add.options.lists.texts, (std::vector<std::string>{"C:\\A", "C:\\B C"}));
+    EXPECT_TRUE(add.options.answerYes);
+    EXPECT_EQ(add.options.machine, "m");
+    const Parsed remove = parse({"lists", "remove", "masks", "*.tmp", ""});
+    ASSERT_FALSE(remove.status) << remove.err;
+    EXPECT_EQ(remove.options.lists.action, ListsAction::Remove);
+    EXPECT_EQ(remove.options.lists.texts, (std::vector<std::string>{"*.tmp", ""})) << "an empty text is one";
+    EXPECT_EQ(parse({"lists", "show"}).options.lists.list, "");
+    EXPECT_EQ(parse({"lists", "show", "files"}).options.lists.list, "files");
+}
+
+TEST(ConsoleOptions, ReadPlugInsCookiesAndCache) {
+    const Parsed plugins = parse({"plugins", "--tick", "a", "--tick", "b", "--untick", "c", "--info", "d"});
+    ASSERT_FALSE(plugins.status) << plugins.err;
+    EXPECT_EQ(plugins.options.command, Command::Plugins);
+    EXPECT_EQ(plugins.options.pluginList.tick, (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(plugins.options.pluginList.untick, std::vector<std::string>{"c"});
+    EXPECT_EQ(plugins.options.pluginList.info, std::vector<std::string>{"d"});
+    const Parsed list = parse({"cookies", "list"});
+    EXPECT_EQ(list.options.command, Command::Cookies);
+    EXPECT_FALSE(list.options.manager.remove);
+    const Parsed remove = parse({"cookies", "delete", "a.txt", "b.txt"});
+    EXPECT_TRUE(remove.options.manager.remove);
+    EXPECT_EQ(remove.options.manager.names, (std::vector<std::string>{"a.txt", "b.txt"}));
+    const Parsed cache = parse({"cache", "delete", "--all", "--cookies"});
+    EXPECT_EQ(cache.options.command, Command::Cache);
+    EXPECT_TRUE(cache.options.manager.remove);
+    EXPECT_TRUE(cache.options.manager.all);
+    EXPECT_TRUE(cache.options.manager.cookies);
+}
+
+TEST(ConsoleOptions, SayWhatDoesNotGoTogether) {
+    struct Wrong {
+        std::vector<const char*> arguments;
+        const char* part;
+    };
+    for (const Wrong& wrong :
+         {Wrong{{"run", "--preview", "--save"}, "A preview stores nothing; leave out --save or --preview.\n"},
+          Wrong{{"run", "--details"}, "--details is for a preview"},
+          Wrong{{"run", "--log"}, "--log is for a preview"},
+          Wrong{{"search", "*.tmp"}, "--in is required"},
+          Wrong{{"search", "--in", "C:\\A"}, "MASK is required"},
+          Wrong{{"search"}, "required"},
+          Wrong{{"lists"}, "subcommand"},
+          Wrong{{"lists", "add"}, "required"},
+          Wrong{{"lists", "add", "folders"}, "TEXT is required"},
+          Wrong{{"lists", "add", "keys", "x"}, "keys"},
+          Wrong{{"lists", "show", "folders", "x"}, "x"},
+          Wrong{{"lists", "remove", "masks"}, "TEXT is required"},
+          Wrong{{"cookies"}, "subcommand"},
+          Wrong{{"cookies", "delete"}, "give --all"},
+          Wrong{{"cookies", "delete", "a", "--all"}, "not both"},
+          Wrong{{"cookies", "delete", "--cookies"}, "cookies"},
+          Wrong{{"cache", "delete"}, "give --all"},
+          Wrong{{"cache", "delete", "u", "--cookies"}, "is for --all"},
+          Wrong{{"cache", "list", "--all"}, "--all"},
+          Wrong{{"plugins", "--save"}, "--save"}}) {
+        const Parsed parsed = parse(wrong.arguments);
+        EXPECT_EQ(parsed.status, exit_status::Usage) << wrong.part;
+        EXPECT_NE(parsed.err.find(wrong.part), std::string::npos) << parsed.err;
+        EXPECT_EQ(parsed.out, "");
+    }
+}
+
+TEST(ConsoleOptions, TellInTheHelpWhereATickOfAPlugInIsKept) {
+    const Parsed help = parse({"plugins", "--help"});
+    EXPECT_EQ(help.status, exit_status::Done);
+    EXPECT_NE(help.out.find("stored at once"), std::string::npos) << help.out;
+}
+
 TEST(ConsoleOptions, ShowHelpAndVersionOnTheOutput) {
     const Parsed help = parse({"--help"});
     EXPECT_EQ(help.status, exit_status::Done);
