@@ -1,7 +1,8 @@
 // One operation of the product, run once: what bench/side_by_side.sh puts beside the tools of the system.
 //
-//   tidvane-measure MACHINE delall|purge|stats|sweep|overwrite WINDOWS-PATH
+//   tidvane-measure MACHINE delall|purge|stats|sweep|overwrite|plugins WINDOWS-PATH
 //
+// "plugins" runs every plug-in of the program's folder, MACHINE.program/PlugIns, and takes no notice of the path.
 // Prints the milliseconds of the operation alone and the peak memory of the process in KiB.
 #include <sys/resource.h>
 
@@ -33,7 +34,8 @@ int fail(const std::string& sentence) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 4) return fail("usage: tidvane-measure MACHINE delall|purge|stats|sweep|overwrite WINDOWS-PATH");
+    if (argc != 4)
+        return fail("usage: tidvane-measure MACHINE delall|purge|stats|sweep|overwrite|plugins WINDOWS-PATH");
     const std::string what = argv[2];
     const std::string path = argv[3];
 
@@ -57,6 +59,12 @@ int main(int argc, char** argv) {
     if (what == "sweep") {
         for (const char* mask : settings::kBuiltInMasks) settingsWindow.lstSearchMasks.AddItem(mask);
     }
+    app::frmMain* main = nullptr;
+    if (what == "plugins") {
+        main = &program.get<app::frmMain>();
+        main->menu("mnuSelectAllPlugs").Click();
+        std::cerr << main->LstPlugs.SelCount() << " plug-ins\n";
+    }
 
     const auto start = std::chrono::steady_clock::now();
     if (what == "delall") {
@@ -71,6 +79,8 @@ int main(int argc, char** argv) {
         removal::SweepFolderByMasks(program, path);
     } else if (what == "overwrite") {
         removal::KillFile(program.platform, path, removal::KillOverwrite, false);
+    } else if (main != nullptr) {
+        main->CleanPlugins();
     } else {
         return fail("unknown operation '" + what + "'");
     }

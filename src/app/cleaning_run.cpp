@@ -130,7 +130,9 @@ void CleaningRun::walk() {
         const Watch::time_point start = Watch::now();
         StepResult result;
         result.task = &task;
-        result.ticked = tasks::gateValue(program_, task.gate) == 1;
+        // The last step has no box of its own: the ticks of its list are its gate.
+        result.ticked = task.group == tasks::Group::PlugIns ? main_.LstPlugs.SelCount() > 0
+                                                            : tasks::gateValue(program_, task.gate) == 1;
         try {
             task.worker(program_, task);
         } catch (const base::RuntimeError&) {

@@ -237,6 +237,25 @@ TEST_F(PlugInPass, EndsWithTheProgram) {
     EXPECT_FALSE(ran("b"));
 }
 
+// Counted in operations on files: time depends on the machine.
+TEST_F(PlugInPass, CostsTheSameForEachPlugInHoweverManyThereAre) {
+    const auto cost = [this](int count) {
+        for (int i = 0; i < count; ++i) {
+            putPlug(std::to_string(i), {"[Info]", "Title=x", "[VARIABLES]", "WHERE=C:\\Data\\none", "[REGISTRY]",
+                                        "1=HKEY_CURRENT_USER|Software\\none", "[FILES]", "1=DEL_FILE|%WHERE%\\*.tmp",
+                                        "2=CLEAR_FOLDER|%WHERE%", "3=DEL_FILE|%WHERE%\\a.log"});
+        }
+        click("mnuRefreshPlugs");
+        tickAll();
+        const std::uint64_t before = machine.files.operations;
+        EXPECT_EQ(pass().size(), static_cast<std::size_t>(count) + 4);
+        return (machine.files.operations - before) / static_cast<std::uint64_t>(count);
+    };
+    const std::uint64_t few = cost(20);
+    EXPECT_LE(few, 30u);
+    EXPECT_EQ(cost(200), few);
+}
+
 // --- the last step of a run ------------------------------------------------------------------------------------------
 
 TEST_F(PlugInPass, IsTheLastStepOfARun) {
@@ -255,6 +274,19 @@ TEST_F(PlugInPass, IsTheLastStepOfARun) {
     EXPECT_EQ(countOf(done("The a")), 1);
     EXPECT_TRUE(logHas(closing(1, 1)[1]));
     EXPECT_TRUE(logHas(text(623) + " (0 " + text(583) + ")"));
+}
+
+TEST_F(PlugInPass, IsReportedAsTickedWhenAPlugInIs) {
+    putSimple("a");
+    bool ticked = true;
+    main().stepDone.connect([&](const StepResult& result) {
+        if (result.task->step == 62) ticked = result.ticked;
+    });
+    clean();
+    EXPECT_FALSE(ticked);
+    tickAll();
+    clean();
+    EXPECT_TRUE(ticked);
 }
 
 TEST_F(PlugInPass, ThatFailsLetsTheRunComeToItsEnd) {
