@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/wildcard.h"
 #include "removal/folder_sweep.h"
+#include "removal/folder_walk.h"
 #include "removal/mask_removal.h"
 #include "removal/set_aside.h"
 #include "settings/frmOptions.h"
@@ -22,7 +23,7 @@ public:
     explicit MaskSweep(settings::Program& owner)
         : program_(owner), files_(owner.platform.files), masks_(readMasks(owner)), names_(allMasks()) {}
 
-    void folder(const std::string& path);
+    void tree(const std::string& top);
 
 private:
     struct Name {
@@ -32,6 +33,7 @@ private:
 
     static std::vector<std::string> readMasks(settings::Program& owner);
     std::vector<std::string> allMasks() const;
+    std::vector<std::string> read(const std::string& path);
     bool stillThere(const std::string& path);
     std::vector<std::string> matchesOf(std::size_t mask, const std::string& path);
     void setAside(const std::string& path);
@@ -128,55 +130,59 @@ void MaskSweep::restore(const std::string& path) {
     }
 }
 
-void MaskSweep::folder(const std::string& path) {
+// A stop is seen at the next folder, before anything is done or shown there.
+void MaskSweep::tree(const std::string& top) {
     settings::RunReport& report = program_.report();
-    if (report.StopRequested()) return;
-    report.setPanel(1, program_.LangText(494) + " " + path);
-    program_.platform.events.DoEvents();
-    if (report.StopRequested()) return;
-
-    std::vector<std::string> subFolders;
-    {
-        std::vector<platform::FolderEntry> entries;
-        (void)files_.ReadFolder(path, entries);  // a folder that cannot be read contributes nothing
-        wanted_.clear();
-        byMask_.resize(masks_.size() + kSetAside.size() + kRestore.size());
-        for (const std::size_t mask : touched_) byMask_[mask].clear();
-        touched_.clear();
-        for (platform::FolderEntry& entry : entries) {
-            if (entry.kind == EntryKind::Folder) {
-                subFolders.push_back(std::move(entry.name));
-                continue;
+    FolderWalk walk(top);
+    for (std::string path; !report.StopRequested() && walk.next(path);) {
+        report.setPanel(1, program_.LangText(494) + " " + path);
+        program_.platform.events.DoEvents();
+        if (report.StopRequested()) return;
+        std::vector<std::string> subFolders = read(path);
+        if (!wanted_.empty()) {
+            setAside(path);
+            for (std::size_t mask = 0; mask < masks_.size(); ++mask) {
+                if (byMask_[mask].empty()) continue;
+                const std::vector<std::string> matches = matchesOf(mask, path);
+                if (!matches.empty()) workOnMask(mask, path, matches);
             }
-            bool kept = false;
-            names_.match(entry.name, [&](std::size_t mask) {
-                byMask_[mask].push_back(wanted_.size());
-                touched_.push_back(mask);
-                kept = true;
-            });
-            if (kept) wanted_.push_back({std::move(entry.name)});
+            restore(path);
         }
+        std::erase_if(subFolders, [&](const std::string& name) { return isBinInUse(program_, path, name); });
+        walk.descend(path, std::move(subFolders));
     }
-    if (!wanted_.empty()) {
-        setAside(path);
-        for (std::size_t mask = 0; mask < masks_.size(); ++mask) {
-            if (byMask_[mask].empty()) continue;
-            const std::vector<std::string> matches = matchesOf(mask, path);
-            if (!matches.empty()) workOnMask(mask, path, matches);
+}
+
+// Sorts the folder's names by the masks that want them, and answers its subfolders.
+std::vector<std::string> MaskSweep::read(const std::string& path) {
+    std::vector<std::string> subFolders;
+    std::vector<platform::FolderEntry> entries;
+    (void)files_.ReadFolder(path, entries);  // a folder that cannot be read contributes nothing
+    wanted_.clear();
+    byMask_.resize(masks_.size() + kSetAside.size() + kRestore.size());
+    for (const std::size_t mask : touched_) byMask_[mask].clear();
+    touched_.clear();
+    for (platform::FolderEntry& entry : entries) {
+        if (entry.kind == EntryKind::Folder) {
+            subFolders.push_back(std::move(entry.name));
+            continue;
         }
-        restore(path);
+        bool kept = false;
+        names_.match(entry.name, [&](std::size_t mask) {
+            byMask_[mask].push_back(wanted_.size());
+            touched_.push_back(mask);
+            kept = true;
+        });
+        if (kept) wanted_.push_back({std::move(entry.name)});
     }
-    std::sort(subFolders.begin(), subFolders.end(), base::NoCaseLess{});
-    for (const std::string& name : subFolders) {
-        if (!isBinInUse(program_, path, name)) folder(base::withBackslash(path + name));
-    }
+    return subFolders;
 }
 
 }  // namespace
 
 void SweepFolderByMasks(settings::Program& program, const std::string& Path) {
     if (program.report().StopRequested()) return;
-    MaskSweep(program).folder(base::withBackslash(Path));
+    MaskSweep(program).tree(Path);
 }
 
 }  // namespace tidvane::removal

@@ -5,6 +5,7 @@
 #include "base/date_time.h"
 #include "base/text.h"
 #include "base/wildcard.h"
+#include "removal/folder_walk.h"
 #include "removal/mask_removal.h"
 #include "settings/frmOptions.h"
 #include "settings/own_entries.h"
@@ -86,16 +87,13 @@ void frmManualSearch::search() {
     StatusBar1.setPanel(1, text(624) + " " + base::dateTimeText(program_.platform.clock.now(), program_.locale()));
 }
 
-// A folder's own files before its subfolders, and these one behind the other: a list of what is still to be visited
-// instead of a call for each level. Behind a stop the rest of the list is still gone through, each folder shown and
-// then left alone, as the levels of a call would return.
+// A folder's own files before its subfolders. Behind a stop the folders that were still to come are gone through all
+// the same, each shown and then left alone, as level by level would return: intended.
 void frmManualSearch::ManualSearchFolder(const std::string& top, const std::string& mask) {
     platform::FileSystem& files = program_.platform.files;
     const base::Wildcard wildcard(mask);
-    std::vector<std::string> pending{base::withBackslash(top)};
-    while (!pending.empty()) {
-        const std::string folder = std::move(pending.back());
-        pending.pop_back();
+    removal::FolderWalk walk(top);
+    for (std::string folder; walk.next(folder);) {
         StatusBar1.setPanel(1, program_.LangText(494) + " " + folder);
         program_.platform.events.DoEvents();
         if (stopRequested_) continue;
@@ -115,10 +113,8 @@ void frmManualSearch::ManualSearchFolder(const std::string& top, const std::stri
             std::sort(matches.begin(), matches.end(), base::NoCaseLess{});
             removeMatches(folder, mask, matches);
         }
-        std::sort(subFolders.begin(), subFolders.end(), base::NoCaseLess{});
-        for (auto name = subFolders.rbegin(); name != subFolders.rend(); ++name) {
-            if (!removal::isBinInUse(program_, folder, *name)) pending.push_back(folder + *name + "\\");
-        }
+        std::erase_if(subFolders, [&](const std::string& name) { return removal::isBinInUse(program_, folder, name); });
+        walk.descend(folder, std::move(subFolders));
     }
 }
 

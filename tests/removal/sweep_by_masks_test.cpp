@@ -274,6 +274,25 @@ TEST_F(SweepTest, ReadsEachFolderOnceWhateverTheNumberOfMasks) {
     EXPECT_EQ(machine.files.foldersRead - before, 21U);
 }
 
+TEST_F(SweepTest, VisitsFoldersByNameEachBeforeItsSubfolders) {
+    for (const char* name : {"b\\x\\k", "a\\z\\k", "a\\Y\\k", "C\\k"}) put(std::string("C:\\D\\") + name);
+    Lines visited;
+    main();
+    machine.events.everyPump = [&] { visited.push_back(main().StatusBar1.Panel(1).substr(text(494).size() + 1)); };
+    sweep();
+    EXPECT_EQ(visited, (Lines{"C:\\D\\", "C:\\D\\a\\", "C:\\D\\a\\Y\\", "C:\\D\\a\\z\\", "C:\\D\\b\\", "C:\\D\\b\\x\\",
+                              "C:\\D\\C\\"}));
+}
+
+TEST_F(SweepTest, GoesDownADeepTree) {
+    masks({"*.tmp"});
+    std::string folder = "C:\\D";
+    for (int i = 0; i < 400; ++i) folder += "\\d";
+    put(folder + "\\a.tmp");
+    sweep();
+    EXPECT_FALSE(has(folder + "\\a.tmp"));
+}
+
 TEST_F(SweepTest, DropsANameThatAnotherMaskMatchesOnlyByItsShortForm) {
     masks({"*.htm"});
     put("C:\\D\\page.html");
