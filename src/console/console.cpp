@@ -9,6 +9,7 @@
 #include "console/options.h"
 #include "console/places.h"
 #include "platform/machine/machine_platform.h"
+#include "platform/machine/wine_server.h"
 
 namespace tidvane::console {
 
@@ -103,6 +104,10 @@ int consoleMain(int count, const char* const* arguments, std::ostream& out, std:
     std::string error;
     const auto platform = open(options, namedByUser, error);
     if (platform == nullptr) return fail(err, error);
+    if (options.preview && machine::hasWineServer(platform->machine().directory())) {
+        err << "Warning: a running Wine server has the registry open; keys and values are shown as it stored them last."
+            << std::endl;
+    }
     return dispatch(options, *platform, out, err);
 }
 
