@@ -1,0 +1,209 @@
+// The built program from outside: previews, lists, plug-ins, search, cookies, cache.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "console_process.h"
+
+namespace tidvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kTemp = "drive_c/Windows/Temp/TMP0001.tmp";
+
+class ToolsProgram : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_NE(std::string(TIDVANE_CONSOLE), "") << "the program was not built";
+        const tests::Ended made = console.run({"machine", "create", machine(), "--sample"});
+        ASSERT_EQ(made.status, 0) << made.err;
+        ASSERT_EQ(run({"settings", "--set", "txtPurgeSpeed=0", "--save"}).status, 0);
+    }
+
+    std::string machine() const { return console.home() / "machine"; }
+    tests::Ended run(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"--machine", machine()});
+        return console.run(arguments);
+    }
+    bool has(const std::string& below) const { return console.home().has("machine/" + below); }
+    // Names, lengths and times of everything in the machine and in the program folder.
+    std::string everything() const {
+        std::vector<std::string> lines;
+        for (const std::string& top : {machine(), console.home() / "data"}) {
+            for (const auto& entry : fs::recursive_directory_iterator(top)) {
+                struct stat status {};
+                if (::lstat(entry.path().c_str(), &status) != 0) continue;
+                lines.push_back(entry.path().string() + " " + std::to_string(status.st_size) + " " +
+                                std::to_string(status.st_mtim.tv_sec) + "." + std::to_string(status.st_mtim.tv_nsec) +
+                                " " + std::to_string(status.st_ino));
+            }
+        }
+        std::sort(lines.begin(), lines.end());
+        std::string all;
+        for (const std::string& line : lines) all += line + "\n";
+        return all;
+    }
+    nlohmann::json json(const std::string& name) const { return nlohmann::json::parse(console.home().content(name)); }
+
+    tests::ConsoleProcess console;
+};
+
+TEST_F(ToolsProgram, APreviewChangesNothingAtAll) {
+    const std::string before = everything();
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"run", "--preview", "--tick", "all"},
+             {"run", "--preview", "--details", "--method", "recycle", "--tick", "windows", "--untick", "chkTrash"},
+             {"run", "--preview", "--log", "--method", "overwrite", "--tick", "all", "--set", "chkAutoLog=1"},
+             {"search", "*.*", "--in", "C:\\Users", "--preview", "--details"}}) {
+        const tests::Ended ended = run(words);
+        EXPECT_EQ(ended.status, 0) << ended.err;
+        EXPECT_TRUE(ended.out.ends_with("This was a preview: nothing was removed, and nothing was stored.\n"));
+        EXPECT_EQ(everything(), before);
+    }
+}
+
+TEST_F(ToolsProgram, APreviewSaysWhatTheRunThenDoes) {
+    for (const char* method : {"recycle", "plain"}) {
+        const std::vector<std::string> words{
+            "--method", method, "--tick", "all", "--untick", "chkTrash", "--plugin", "Windows crash dumps", "--json"};
+        std::vector<std::string> preview{"run", "--preview", "--details"};
+        std::vector<std::string> clean{"run"};
+        for (std::vector<std::string>* command : {&preview, &clean}) {
+            command->insert(command->end(), words.begin(), words.end());
+        }
+        preview.push_back(console.home() / "p.json");
+        clean.push_back(console.home() / "r.json");
+        ASSERT_EQ(run(preview).status, 0);
+        ASSERT_EQ(run(clean).status, 0);
+        const nlohmann::json before = json("p.json");
+        const nlohmann::json after = json("r.json");
+        for (std::size_t at = 0; at < 62; ++at) {
+            for (const char* field : {"status", "icon", "files", "folders", "keys", "values", "bytes", "failed"}) {
+                EXPECT_EQ(before["steps"][at][field], after["steps"][at][field]) << method << at + 1 << " " << field;
+            }
+            const nlohmann::json& step = before["steps"][at];
+            EXPECT_EQ(step["entries"].size(), step["files"].get<std::size_t>() + step["folders"].get<std::size_t>() +
+                                                  step["keys"].get<std::size_t>() + step["values"].get<std::size_t>())
+                << at + 1;
+        }
+        EXPECT_EQ(before["total"], after["total"]);
+        if (std::string(method) == "recycle") {
+            EXPECT_GT(after["total"]["files"], 20);
+        }
+    }
+}
+
+TEST_F(ToolsProgram, APreviewLooksAtAMachineThatAnotherHasOpen) {
+    const int held = ::open(machine().c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(::flock(held, LOCK_EX | LOCK_NB), 0);
+    const tests::Ended ended = run({"run", "--preview", "--tick", "chkTempFolder"});
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    EXPECT_NE(ended.out.find("Temporary folder of Windows"), std::string::npos);
+    EXPECT_EQ(run({"search", "*.tmp", "--in", "C:\\"}).status, 4);
+    EXPECT_EQ(run({"cookies", "delete", "--all"}).status, 4);
+    EXPECT_EQ(run({"cache", "delete", "--all"}).status, 4);
+    for (const std::vector<std::string>& look : std::vector<std::vector<std::string>>{
+             {"lists", "show"}, {"plugins"}, {"cookies", "list"}, {"cache", "list"}}) {
+        EXPECT_EQ(run(look).status, 0) << look[0];
+    }
+    EXPECT_TRUE(has(kTemp));
+    ::close(held);
+}
+
+TEST_F(ToolsProgram, APreviewBesideAWineServerWarns) {
+    struct stat info {};
+    ASSERT_EQ(::stat(machine().c_str(), &info), 0);
+    const fs::path place = fs::path("/tmp") / fs::path(console.home().path()).filename().concat("-server");
+    char folder[64];
+    std::snprintf(folder, sizeof folder, "server-%llx-%llx", static_cast<unsigned long long>(info.st_dev),
+                  static_cast<unsigned long long>(info.st_ino));
+    fs::create_directories(place / folder);
+    console.home().file("machine/wineserver", place.filename().string() + "\n");
+    const int file = ::open((place / folder / "lock").c_str(), O_RDWR | O_CREAT, 0600);
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    ASSERT_EQ(::fcntl(file, F_SETLK, &lock), 0);
+
+    const std::string before = everything();
+    const tests::Ended ended = run({"run", "--preview", "--tick", "chkRunList"});
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    EXPECT_NE(ended.err.find("a running Wine server has the registry open"), std::string::npos);
+    EXPECT_NE(ended.out.find("Run dialog history"), std::string::npos);
+    EXPECT_EQ(run({"run", "--tick", "chkRunList"}).status, 4);
+    EXPECT_EQ(everything(), before);
+    ::close(file);
+    fs::remove_all(place);
+    EXPECT_EQ(run({"run", "--preview", "--tick", "chkRunList"}).err, "");
+}
+
+TEST_F(ToolsProgram, OwnListsHoldFromTheCommandToTheRun) {
+    console.home().file("machine/drive_c/Mine/a.txt");
+    console.home().file("machine/drive_c/Other/a.old_junk");
+    EXPECT_EQ(run({"lists", "add", "folders", "C:\\Mine"}).status, 0);
+    EXPECT_EQ(run({"lists", "add", "masks", "*.old_junk"}).status, 0);
+    EXPECT_EQ(run({"lists", "show"}).out, "folders  C:\\Mine\nmasks    *.old_junk\n");
+    EXPECT_EQ(run({"run"}).status, 0);
+    EXPECT_TRUE(has("drive_c/Mine/a.txt")) << "the steps are off";
+    EXPECT_EQ(run({"run", "--tick", "custom", "--tick", "search", "--set", "cboDrives=C:"}).status, 0);
+    EXPECT_FALSE(has("drive_c/Mine"));
+    EXPECT_FALSE(has("drive_c/Other/a.old_junk"));
+    EXPECT_EQ(run({"lists", "remove", "folders", "c:\\mine"}).status, 0);
+    EXPECT_EQ(run({"lists", "show", "folders"}).out, "");
+    EXPECT_NE(run({"settings"}).out.find("frmOptions.chkActivateOwnFolder=0\n"), std::string::npos);
+}
+
+TEST_F(ToolsProgram, AnswersWrongUseOfTheToolsWith2AndASentence) {
+    const std::string before = everything();
+    for (const std::vector<std::string>& wrong :
+         std::vector<std::vector<std::string>>{{"search", "*.tmp"},
+                                               {"search", "tmp", "--in", "C:\\"},
+                                               {"search", "*", "--in", "C:\\"},
+                                               {"search", "*.*", "--in", "C:\\Users"},
+                                               {"search", "*.tmp", "--in", ""},
+                                               {"search", "*.tmp", "--in", "\\"},
+                                               {"search", "", "--in", "C:\\"},
+                                               {"search", "*.a\\b", "--in", "C:\\"},
+                                               {"lists", "add", "folders", "C:\\"},
+                                               {"lists", "add", "folders", "C:\\Windows"},
+                                               {"lists", "add", "files", ""},
+                                               {"lists", "add", "masks", "*"},
+                                               {"lists", "add", "masks", ".."},
+                                               {"lists", "add", "masks", "a\\b"},
+                                               {"lists", "remove", "masks", "*.nothing"},
+                                               {"plugins", "--tick", "No such plug-in"},
+                                               {"plugins", "--info", ""},
+                                               {"run", "--plugin", "No such plug-in"},
+                                               {"run", "--preview", "--save"},
+                                               {"cookies", "delete"},
+                                               {"cache", "delete", "http://nowhere.example/"}}) {
+        const tests::Ended ended = run(wrong);
+        EXPECT_EQ(ended.status, 2) << wrong[0] << " " << wrong[1] << ended.err;
+        EXPECT_EQ(ended.out, "");
+        EXPECT_NE(ended.err, "");
+    }
+    EXPECT_EQ(everything(), before);
+}
+
+TEST_F(ToolsProgram, TicksAPlugInForGood) {
+    const tests::Ended list = run({"plugins"});
+    EXPECT_EQ(list.status, 0);
+    EXPECT_GT(std::count(list.out.begin(), list.out.end(), '\n'), 25);
+    EXPECT_EQ(list.out.find("yes "), std::string::npos) << "none is ticked as delivered";
+    EXPECT_EQ(run({"plugins", "--tick", "Windows crash dumps"}).status, 0);
+    EXPECT_NE(run({"plugins"}).out.find("yes     Windows crash dumps"), std::string::npos);
+    console.home().file("machine/drive_c/Windows/Minidump/a.dmp");
+    EXPECT_EQ(run({"run"}).status, 0);
+    EXPECT_FALSE(has("drive_c/Windows/Minidump/a.dmp"));
+    EXPECT_NE(run({"plugins"}).out.find("yes     Windows crash dumps"), std::string::npos) << "a run keeps the ticks";
+}
+
+}  // namespace
+}  // namespace tidvane
