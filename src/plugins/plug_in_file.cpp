@@ -1,5 +1,6 @@
 #include "plugins/plug_in_file.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "base/line_input.h"
@@ -22,9 +23,12 @@ constexpr const char* kNoValue = "{ERR}";
 std::vector<std::string> ListSections(settings::Program& program, const std::string& file) {
     std::vector<std::string> sections;
     std::string bytes;
+    constexpr std::uint64_t kLimit = platform::ProfileFilesOnFiles::largestFile;
     // No further than keys and values are read: a section without its lines would be worse than none. Ignored on
     // purpose: a file that cannot be read has no sections.
-    (void)program.platform.files.ReadFileBytes(file, bytes, platform::ProfileFilesOnFiles::largestFile);
+    (void)program.platform.files.ReadFileBytes(file, bytes, kLimit);
+    // The limit may cut a line in two, and half a line may look like a header.
+    if (bytes.size() >= kLimit) bytes.erase(std::min(bytes.size(), bytes.rfind('\r')));
     for (std::string_view rest = bytes; !rest.empty();) {
         const std::string_view line = base::trimBlanks(base::takeLine(rest));
         if (line.size() < 2 || line.front() != '[' || line.back() != ']') continue;

@@ -2,23 +2,12 @@
 
 #include <algorithm>
 
+#include "base/line_input.h"
 #include "base/text.h"
 
 namespace tidvane::settings {
 
 namespace {
-
-std::string_view takeLine(std::string_view& rest) {
-    const std::size_t end = rest.find('\r');
-    const std::string_view line = rest.substr(0, end);
-    if (end == std::string_view::npos) {
-        rest = {};
-    } else {
-        const bool pair = end + 1 < rest.size() && rest[end + 1] == '\n';
-        rest.remove_prefix(end + (pair ? 2 : 1));
-    }
-    return line;
-}
 
 // What stands right behind a closing quote is the next item. A quote that is never closed ends with its line, so that
 // one damaged line does not swallow the rest of the file.
@@ -47,7 +36,7 @@ ListItems parseListItems(std::string_view text) {
     ListItems content;
     const bool open = !text.empty() && text.back() != '\r' && text.back() != '\n';
     while (!text.empty()) {
-        const std::string_view line = takeLine(text);
+        const std::string_view line = base::takeLine(text);
         const std::size_t before = content.items.size();
         for (std::string_view rest = line; !rest.empty();) {
             const std::string_view item = takeItem(rest);

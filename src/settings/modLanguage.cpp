@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/line_input.h"
 #include "base/numbers.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -23,19 +24,6 @@ constexpr std::size_t kIndexLength = 3;
 constexpr std::size_t kTextStart = 4;
 // Fifty times a complete file. More is none of ours, and every window that reloads the texts would go through it again.
 constexpr std::uint64_t kReadLimit = 1u << 20u;
-
-// Takes the next line off. CR or CR LF ends a line; a lone LF belongs to the text.
-std::string_view takeLine(std::string_view& rest) {
-    const std::size_t end = rest.find('\r');
-    const std::string_view line = rest.substr(0, end);
-    if (end == std::string_view::npos) {
-        rest = {};
-    } else {
-        const bool pair = end + 1 < rest.size() && rest[end + 1] == '\n';
-        rest.remove_prefix(end + (pair ? 2 : 1));
-    }
-    return line;
-}
 
 // The last text of each index, as it stands in the file; no data where the file does not name the index.
 using RawTexts = std::array<std::string_view, LangTable::kSize>;
@@ -55,7 +43,7 @@ std::string entryOf(std::string_view raw, const base::CodePage& codePage) {
 
 void readFile(Program& program, std::string_view bytes) {
     RawTexts texts{};
-    while (!bytes.empty()) readLine(takeLine(bytes), texts);
+    while (!bytes.empty()) readLine(base::takeLine(bytes), texts);
     for (int index = 0; index < LangTable::kSize; ++index) {
         const std::string_view raw = texts[static_cast<std::size_t>(index)];
         if (raw.data() != nullptr) program.LangText.set(index, entryOf(raw, program.codePage()));

@@ -44,6 +44,16 @@ TEST_F(PlugInFile, ALoneLineFeedIsTextAndALoneReturnEndsTheLine) {
     EXPECT_EQ(sections(), (Names{"FILES", "VARIABLES"}));
 }
 
+TEST_F(PlugInFile, SectionsAreLookedForAsFarAsValuesAreRead) {
+    const std::size_t limit = platform::ProfileFilesOnFiles::largestFile;
+    const std::string front = "[Info]\r\n;";
+    // Cut behind the bracket, the line would look like a header.
+    machine.files.putFile(file, front + std::string(limit - front.size() - 9, 'x') + "\r\n[FILES] ; comment\r\n");
+    EXPECT_EQ(sections(), Names{"Info"});
+    machine.files.putFile(file, front + std::string(limit, 'x') + "\r\n[FILES]\r\n");
+    EXPECT_EQ(sections(), Names{"Info"});
+}
+
 TEST_F(PlugInFile, AMissingFileAndAFolderHaveNoSections) {
     EXPECT_EQ(sections(), Names{});
     machine.files.putFolder(file);
