@@ -20,6 +20,8 @@ struct Session {
     std::function<bool(std::string&)> commit = [](std::string&) { return true; };
     // Set by a command while it has somewhere to show a warning of the platform.
     std::function<void(const std::string&)> warn;
+    // Nothing is really removed, whatever the counters say.
+    bool preview = false;
 };
 
 // The services with others in the place of these.

@@ -80,7 +80,7 @@ std::unique_ptr<machine::MachinePlatform> open(const Options& options, bool name
 
 int dispatch(const Options& options, machine::MachinePlatform& platform, std::ostream& out, std::ostream& err) {
     if (options.command == Command::MachineInfo) return machineInfoCommand(platform, options.program, out);
-    Session session{platform.platform(), platform.machine().directory(), out, err, {}, {}};
+    Session session{platform.platform(), platform.machine().directory(), out, err, {}, {}, options.preview};
     session.commit = [&platform](std::string& error) { return platform::ok(platform.commit(error)); };
     platform.setWarningSink([&session](const platform::Warning& warning) {
         // The registry's loss is what the command itself ends with.

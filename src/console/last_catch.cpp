@@ -11,7 +11,7 @@ int withLastCatch(Session& session, const std::function<int()>& command) {
     try {
         return command();
     } catch (const std::exception& problem) {
-        const bool removed = removedSomething(removedSince(before, session.platform.removed));
+        const bool removed = !session.preview && removedSomething(removedSince(before, session.platform.removed));
         session.err << "The program failed (" << problem.what() << "); "
                     << (removed ? "what was removed before is removed." : "nothing was removed.") << std::endl;
         std::string error;

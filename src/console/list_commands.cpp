@@ -1,15 +1,19 @@
 // The commands that only look: tasks and settings. They load no main window, so that neither the start of the program
 // nor a cleaning at its start can happen behind them.
+#include <algorithm>
 #include <cstdio>
 #include <set>
+#include <vector>
 
 #include "app/all_windows.h"
+#include "app/plug_in_files.h"
 #include "app/task_catalogue.h"
 #include "app/task_rows.h"
 #include "console/apply_settings.h"
 #include "console/commands.h"
 #include "console/console_display.h"
 #include "console/guards.h"
+#include "console/plug_in_choice.h"
 #include "console/stored_windows.h"
 #include "console/watched_profiles.h"
 #include "settings/modFormINI.h"
@@ -20,6 +24,20 @@ namespace {
 
 std::string tickMark(int value) {
     return value == 1 ? "yes" : value == 2 ? "greyed" : "no";
+}
+
+// The plug-ins have no gate: their step does something as soon as one of them is ticked.
+bool isAnyPlugInTicked(settings::Program& program) {
+    const std::string ticks = program.inProgramFolder(app::kPlugTicksFile);
+    const std::vector<std::string> names = plugInNames(program);
+    return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+        return app::storedPlugTick(program, ticks, name).value_or(false);
+    });
+}
+
+int tickOf(settings::Program& program, const tasks::CleaningTask& task) {
+    if (task.group == tasks::Group::PlugIns) return isAnyPlugInTicked(program) ? 1 : 0;
+    return tasks::gateValue(program, task.gate);
 }
 
 std::string gateText(const tasks::CleaningTask& task) {
@@ -42,7 +60,7 @@ int tasksCommand(Session& session, const Options& options) {
         const std::string name =
             task.group == tasks::Group::Search ? app::searchRowText(program) : tasks::taskName(program, task);
         std::snprintf(line, sizeof line, "%4d  %-8s  %-38s  %-6s  %-3s  ", task.step, app::groupName(task.group),
-                      gateText(task).c_str(), tickMark(tasks::gateValue(program, task.gate)).c_str(),
+                      gateText(task).c_str(), tickMark(tickOf(program, task)).c_str(),
                       app::wantsRow(program, task) ? "yes" : "no");
         session.out << line << name << "\n";
     }

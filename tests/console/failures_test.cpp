@@ -144,6 +144,17 @@ TEST_F(LastCatch, StoresTheRegistryWhereSomethingWasRemoved) {
     EXPECT_FALSE(contains(machine.messages(), "nothing was removed"));
 }
 
+TEST_F(LastCatch, StoresNothingOfAPreview) {
+    machine.session.preview = true;
+    const int status = withLastCatch(machine.session, [this]() -> int {
+        ++machine.memory.removed.totals.keys;
+        throw std::bad_alloc();
+    });
+    EXPECT_EQ(status, exit_status::MachineUnusable);
+    EXPECT_EQ(commits, 0);
+    EXPECT_TRUE(contains(machine.messages(), "nothing was removed"));
+}
+
 TEST(Warnings, AreSilentWhereNothingIsMissing) {
     tests::MemorySession machine;
     Options options;

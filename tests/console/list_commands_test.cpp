@@ -35,6 +35,18 @@ TEST(TasksCommand, ShowsTicksAndRowsThatAreStored) {
     EXPECT_TRUE(contains(lines[56], "chkSafariCache               no      yes  ")) << "row and worker ask other boxes";
 }
 
+TEST(TasksCommand, CountsTheStepOfThePlugInsAsTickedWithOneOfThem) {
+    tests::MemorySession machine;
+    machine.memory.files.putFile(tests::kProgramFolder + "PlugIns\\a.tdp", "[Info]\r\n");
+    machine.memory.files.putFile(tests::kProgramFolder + "td_apps.ini", "[PlugIns]\r\na=0\r\ngone=1\r\n");
+    tasksCommand(machine.session, {});
+    EXPECT_TRUE(contains(linesOf(machine.log())[62], "  no      no   Applications")) << machine.log();
+    machine.out.str({});
+    machine.memory.files.putFile(tests::kProgramFolder + "td_apps.ini", "[PlugIns]\r\na=True\r\n");
+    tasksCommand(machine.session, {});
+    EXPECT_TRUE(contains(linesOf(machine.log())[62], "  yes     no   Applications"));
+}
+
 TEST(TasksCommand, NeverCleansWhateverIsStored) {
     tests::MemorySession machine;
     machine.memory.files.putFile("C:\\Windows\\Temp\\a.tmp", "x");
