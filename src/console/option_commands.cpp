@@ -82,6 +82,7 @@ void addRun(CLI::App& app, Options& options) {
 void addSearch(CLI::App& app, Options& options) {
     CLI::App* search = addCommand(app, options, Command::Search, "search",
                                   "Remove all files of one type below a folder, as the search wizard does");
+    search->footer(kStatusFooter);
     search->add_option("MASK", options.search.mask, "\"*.\" and an extension, as \"*.tmp\"")->required();
     search->add_option("--in", options.search.folder, "The folder on the machine, as \"C:\\Data\"")
         ->required()

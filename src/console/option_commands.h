@@ -10,6 +10,10 @@
 
 namespace tidvane::console {
 
+inline constexpr const char* kStatusFooter =
+    "Exit status: 0 done, 2 usage, 3 stopped, 4 the machine cannot be used, or something could not be removed or "
+    "stored.";
+
 // The words of --method, by the rows of cboKillMethod.
 inline constexpr std::array kMethods{"plain", "recycle", "overwrite"};
 

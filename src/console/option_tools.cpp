@@ -28,6 +28,7 @@ struct ManagerWords {
     const char* list;
     const char* remove;
     const char* positional;
+    const char* shown;
     const char* all;
 };
 
@@ -35,26 +36,33 @@ CLI::App* addManager(CLI::App& app, Options& options, const ManagerWords& words)
     CLI::App* manager = app.add_subcommand(words.name, words.description);
     manager->fallthrough();
     manager->require_subcommand(1);
+    manager->footer(kStatusFooter);
     addCommand(*manager, options, words.command, "list", words.list);
     CLI::App* remove = addCommand(*manager, options, words.command, "delete", words.remove);
     remove->callback([&options, &words] {
         options.command = words.command;
         options.manager.remove = true;
     });
-    remove->add_option(words.positional, options.manager.names, "As the command \"list\" shows it")->type_name("");
+    remove->add_option(words.positional, options.manager.names, words.shown)->type_name("");
     remove->add_flag("--all", options.manager.all, words.all);
     return remove;
 }
 
-constexpr ManagerWords kCookies{
-    Command::Cookies, "cookies",    "The cookie files of Internet Explorer", "List them", "Remove some of them, or all",
-    "NAME",           "All of them"};
+constexpr ManagerWords kCookies{Command::Cookies,
+                                "cookies",
+                                "The cookie files of Internet Explorer",
+                                "List them",
+                                "Remove some of them, or all",
+                                "NAME",
+                                "As the command \"list\" shows it",
+                                "All of them"};
 constexpr ManagerWords kCache{Command::Cache,
                               "cache",
                               "The cache entries of Internet Explorer",
                               "List them: time of the last access (UTC), a bar, the address",
                               "Remove some of them, or all",
                               "URL",
+                              "The address, which \"list\" shows behind the bar",
                               "All of them, those of cookies only with --cookies"};
 
 }  // namespace
@@ -63,6 +71,10 @@ void addLists(CLI::App& app, Options& options) {
     CLI::App* lists = app.add_subcommand("lists", "The own folders, files and masks that a run removes");
     lists->fallthrough();
     lists->require_subcommand(1);
+    lists->footer(
+        std::string("A run cleans a list while its step is ticked: chkActivateOwnFolder, chkActivateOwnFiles, "
+                    "chkSearchTasks.\n") +
+        kStatusFooter);
     addListAction(lists, options, ListsAction::Show, "show", "Show one list, or all of them");
     addListAction(lists, options, ListsAction::Add, "add", "Add entries; stored at once, all of them or none");
     addListAction(lists, options, ListsAction::Remove, "remove", "Remove entries by their text; stored at once");
@@ -70,8 +82,11 @@ void addLists(CLI::App& app, Options& options) {
 
 void addPlugins(CLI::App& app, Options& options) {
     CLI::App* plugins = addCommand(app, options, Command::Plugins, "plugins",
-                                   "List the plug-ins with their ticks, or change the ticks. A tick is stored at once "
-                                   "and holds for all later runs; \"run --plugin\" ticks for one run alone");
+                                   "List the plug-ins with their ticks, change the ticks, or tell about one");
+    plugins->footer(
+        std::string("A tick is stored at once and holds for all later runs; \"run --plugin NAME\" ticks for "
+                    "one run alone.\n") +
+        kStatusFooter);
     addRepeated(plugins, "--tick", options.pluginList.tick, "NAME|all", "Tick a plug-in and store that");
     addRepeated(plugins, "--untick", options.pluginList.untick, "NAME|all", "Untick a plug-in and store that");
     addRepeated(plugins, "--info", options.pluginList.info, "NAME", "Show title, author, description and warning");

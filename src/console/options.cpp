@@ -6,10 +6,9 @@ namespace tidvane::console {
 
 namespace {
 
-constexpr const char* kFooter =
+constexpr const char* kWordsFooter =
     "CONTROL is window.control (frmOptions.txtPurgeSpeed), or the control's name alone where only one window has it.\n"
-    "GROUP is windows, ie, firefox, opera, chrome, safari, office, custom or search; NAME is a check box's name.\n"
-    "Exit status: 0 done, 2 usage, 3 stopped, 4 the machine cannot be used.";
+    "GROUP is windows, ie, firefox, opera, chrome, safari, office, custom or search; NAME is a check box's name.\n";
 
 struct Misuse {
     bool is;
@@ -43,7 +42,7 @@ const char* methodName(int row) {
 std::optional<int> parseOptions(int count, const char* const* arguments, const std::string& version, Options& options,
                                 std::ostream& out, std::ostream& err) {
     CLI::App app("Tidvane frees disk space and removes privacy traces from a Windows system.", "tidvane-console");
-    app.footer(kFooter);
+    app.footer(std::string(kWordsFooter) + kStatusFooter);
     app.require_subcommand(1);
     app.fallthrough();
     app.set_version_flag("--version", "tidvane-console " + version);
