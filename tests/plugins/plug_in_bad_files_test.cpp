@@ -13,6 +13,8 @@
 namespace tidvane::tests {
 namespace {
 
+using namespace std::string_literals;
+
 struct BadPlugIns : PlugInFixture {
     BadPlugIns() {
         putFiles({"C:\\Data\\target\\a.tmp", "C:\\Kept\\neighbour", "C:\\Users\\Anna\\Documents\\letter.txt"});
@@ -111,10 +113,10 @@ TEST_F(BadPlugIns, BytesChangedAnywhereReachNothingBesideTheirTargets) {
 
 TEST_F(BadPlugIns, ANulEndsWhatIsReadOfItsLine) {
     start();
-    runBytes(std::string("[FILES]\r\n1=DEL_FILE|C:\\Data\\target\\a.tmp\0|x\r\n", 47));
+    runBytes("[FILES]\r\n1=DEL_FILE|C:\\Data\\target\\a.tmp\0|x\r\n"s);
     EXPECT_FALSE(machine.files.has("C:\\Data\\target\\a.tmp"));
     putFiles({"C:\\Data\\target\\a.tmp"});
-    runBytes(std::string("[FILES]\0\r\n1=DEL_FILE|C:\\Data\\target\\a.tmp\r\n", 46));
+    runBytes("[FILES]\0\r\n1=DEL_FILE|C:\\Data\\target\\a.tmp\r\n"s);
     EXPECT_TRUE(machine.files.has("C:\\Data\\target\\a.tmp")) << "the scan takes the header for none";
 }
 

@@ -218,20 +218,26 @@ TEST_F(PlugInRegistry, ProtectedKeysStay) {
     EXPECT_TRUE(hasKey("Software"));
 }
 
-TEST_F(PlugInRegistry, KnowsFiveRoots) {
-    for (const char* root : {"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE", "HKEY_USERS"}) {
-        start();
+TEST_F(PlugInRegistry, KnowsTheRootsByTheirFullNames) {
+    struct Root {
+        const char* name;
+        platform::HKey handle;
+        std::string path;
+    };
+    start();
+    std::string user;
+    ASSERT_EQ(machine.registry.RegEnumKeyA(platform::HKEY_USERS_, 0, 256, user), 0);
+    for (const Root& root : {Root{"HKEY_CLASSES_ROOT", platform::HKEY_CLASSES_ROOT_, "Some\\Key"},
+                             Root{"HKEY_CURRENT_USER", platform::HKEY_CURRENT_USER_, "Software\\Some\\Key"},
+                             Root{"HKEY_LOCAL_MACHINE", platform::HKEY_LOCAL_MACHINE_, "Software\\Some\\Key"},
+                             Root{"HKEY_USERS", platform::HKEY_USERS_, user + "\\Software\\Some\\Key"}}) {
         platform::HKey key = 0;
         bool created = false;
-        const platform::HKey handle = root == std::string("HKEY_CLASSES_ROOT")    ? platform::HKEY_CLASSES_ROOT_
-                                      : root == std::string("HKEY_CURRENT_USER")  ? platform::HKEY_CURRENT_USER_
-                                      : root == std::string("HKEY_LOCAL_MACHINE") ? platform::HKEY_LOCAL_MACHINE_
-                                                                                  : platform::HKEY_USERS_;
-        const std::string path = handle == platform::HKEY_USERS_ ? ".DEFAULT\\Some\\Key" : "Software\\Some\\Key";
-        if (machine.registry.RegCreateKeyExA(handle, path, platform::kKeyAllAccess, key, created) != 0) continue;
+        ASSERT_EQ(machine.registry.RegCreateKeyExA(root.handle, root.path, platform::kKeyAllAccess, key, created), 0)
+            << root.name;
         machine.registry.RegCloseKey(key);
-        run({"[REGISTRY]", std::string("1=") + root + "|" + path});
-        EXPECT_NE(machine.registry.RegOpenKeyExA(handle, path, platform::kKeyAllAccess, key), 0) << root;
+        run({"[REGISTRY]", std::string("1=") + root.name + "|" + root.path});
+        EXPECT_EQ(machine.registry.RegOpenKeyExA(root.handle, root.path, platform::kKeyAllAccess, key), 2) << root.name;
     }
     EXPECT_NO_THROW(run({"[REGISTRY]", "1=HKEY_CURRENT_CONFIG|Software\\X", "2=HKEY_DYN_DATA|x"}));
 }
