@@ -69,8 +69,8 @@ public:
     // A folder is entered, first the top. True: `entry` is asked for everything in it, and `goes` told. False where the
     // preview has changed nothing in this folder and nobody wants to hear of each entry: then that costs nothing.
     virtual bool enterFolder(std::string_view name) = 0;
-    // `length`: of a file, as it is on the disk.
-    virtual EntryNow entry(std::string_view name, EntryKind kind, std::uint64_t length) = 0;
+    // The entry as the volume has it; of a folder name and kind alone.
+    virtual EntryNow entry(const EntryDetails& details) = 0;
     // The entry would be removed; a folder when all in it has been told.
     virtual void goes(std::string_view name, EntryKind kind, std::uint64_t bytes) = 0;
     // Told of every folder. The entry stays as it is.
@@ -88,8 +88,11 @@ public:
     // A plain path. `withAttributes`: they cost one more system call.
     virtual Rehearsed Rehearse(Intent intent, const std::string& path, const Circumstances& now,
                                bool withAttributes = false) = 0;
-    // What SetAttributes would answer.
-    virtual Status RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& now) = 0;
+    // Where a link to a folder leads, as a path of this machine; empty: out of it, to no folder, or it is no link.
+    virtual std::string TargetOfLink(const std::string& link) = 0;
+    // What SetAttributes would answer. `becomes`: what GetAttributes would tell then, without the kind.
+    virtual Status RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& now,
+                                         unsigned& becomes) = 0;
 
     // Whether the folder named goes as well, or only what it holds.
     enum class Extent { Folder, Content };

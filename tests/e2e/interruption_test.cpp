@@ -12,7 +12,7 @@
 
 #include "e2e/console_run.h"
 #include "e2e/registry_sections.h"
-#include "e2e/tree_state.h"
+#include "support/tree_state.h"
 
 namespace tidvane::tests {
 

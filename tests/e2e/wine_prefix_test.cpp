@@ -12,9 +12,9 @@
 #include "base/text.h"
 #include "e2e/console_run.h"
 #include "e2e/registry_sections.h"
-#include "e2e/tree_state.h"
 #include "e2e/wine_prefix.h"
 #include "platform/common/utf16.h"
+#include "support/tree_state.h"
 
 namespace tidvane::tests {
 

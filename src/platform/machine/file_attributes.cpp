@@ -140,18 +140,21 @@ Status changeAttributes(int parent, const std::string& name, const struct stat& 
 }
 
 Status wouldChangeAttributes(int parent, const std::string& name, const struct statx& state, unsigned attributes,
-                             std::optional<bool> readOnly) {
+                             std::optional<bool> readOnly, unsigned& becomes) {
     if (!S_ISREG(state.stx_mode) && !S_ISDIR(state.stx_mode)) return Status::Denied;
     if ((state.stx_attributes & (STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND)) != 0) return Status::Denied;
     const bool isReadOnly = readOnly.value_or(isReadOnlyMode(state.stx_mode));
     const bool wanted = (attributes & attribute::ReadOnly) != 0;
     if (wanted != isReadOnly && state.stx_uid != ::geteuid() && !hasCapability(CAP_FOWNER)) return Status::Denied;
     const unsigned bits = attributes & kStoredBits;
+    becomes = attributes & (kStoredBits | attribute::ReadOnly);
     const unsigned stored = storedAttributes(parent, name);
     if (stored == bits) return Status::Ok;
+    const bool unread = ::lgetxattr((handlePath(parent) + "/" + name).c_str(), kStored, nullptr, 0) < 0;
+    if (unread && (errno == ENOTSUP || errno == EACCES)) becomes = attributes & attribute::ReadOnly;
     // The answer of a volume that knows no extended attributes.
-    if (::lgetxattr((handlePath(parent) + "/" + name).c_str(), kStored, nullptr, 0) < 0 && errno == ENOTSUP)
-        return bits == 0 || bits == attribute::Archive ? Status::Ok : Status::Failed;
+    if (unread && errno == ENOTSUP) return bits == 0 || bits == attribute::Archive ? Status::Ok : Status::Failed;
+    if (unread && errno == EACCES) becomes |= attribute::Hidden;  // whatever is written, it cannot be read
     if (wanted != isReadOnly && !wanted && state.stx_uid == ::geteuid()) return Status::Ok;
     const int flags = AT_EACCESS | AT_SYMLINK_NOFOLLOW;
     return ::faccessat(parent, name.c_str(), W_OK, flags) == 0 ? Status::Ok : statusOf(errno);

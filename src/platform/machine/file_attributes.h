@@ -22,9 +22,10 @@ unsigned storedAttributes(int parent, const std::string& name);
 unsigned attributesOf(int parent, const std::string& name, const struct stat& info);
 
 Status changeAttributes(int parent, const std::string& name, const struct stat& info, unsigned attributes);
-// What changeAttributes would answer, as far as it can be known without trying. `readOnly`: as a preview has set it.
+// What changeAttributes would answer, as far as it can be known without trying, and the attributes that would be read
+// then. `readOnly`: as a preview has set it.
 Status wouldChangeAttributes(int parent, const std::string& name, const struct statx& state, unsigned attributes,
-                             std::optional<bool> readOnly);
+                             std::optional<bool> readOnly, unsigned& becomes);
 
 // Gives a new file that is open for writing the stored bits of the one it replaces, as far as the volume can hold them.
 void giveStoredAttributes(int file, unsigned stored);

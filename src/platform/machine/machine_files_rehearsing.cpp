@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 
 #include "platform/common/windows_path.h"
 #include "platform/machine/entry_details.h"
@@ -106,7 +107,17 @@ Rehearsed MachineFiles::Rehearse(Intent intent, const std::string& path, const C
     return answer;
 }
 
-Status MachineFiles::RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& now) {
+std::string MachineFiles::TargetOfLink(const std::string& link) {
+    FoundEntry entry;
+    if (!ok(findFile(link, entry)) || entry.parent < 0 || !S_ISLNK(entry.info.st_mode)) return {};
+    std::error_code problem;
+    const std::string parent = "/proc/self/fd/" + std::to_string(entry.parent) + "/";
+    const std::string host = std::filesystem::canonical(parent + entry.hostName, problem).string();
+    return problem ? std::string() : resolver_.pathOf(host);
+}
+
+Status MachineFiles::RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& now,
+                                           unsigned& becomes) {
     MachinePath parsed;
     if (const Status status = parseMachinePath(path, parsed); !ok(status)) return status;
     if (parsed.wildcard) return Status::InvalidName;
@@ -114,7 +125,7 @@ Status MachineFiles::RehearseSetAttributes(const std::string& path, unsigned att
     struct statx state {};
     if (const Status status = resolver_.entry(parsed, entry, &state); !ok(status)) return status;
     if (entry.parent < 0) return Status::Denied;
-    return wouldChangeAttributes(entry.parent, entry.hostName, state, attributes, now.readOnly);
+    return wouldChangeAttributes(entry.parent, entry.hostName, state, attributes, now.readOnly, becomes);
 }
 
 Status MachineFiles::openToRehearse(const MachinePath& path, Extent extent, Handle& parent, std::string& name,

@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <sys/sysmacros.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <filesystem>
 
 #include "base/text.h"
 #include "platform/machine/entry_details.h"
@@ -253,6 +255,20 @@ void PathResolver::forget(const MachinePath& path, std::size_t depth) {
     std::size_t skip = 0;
     Root* root = rootOf(path, path.names.size(), skip);
     if (root != nullptr) truncate(*root, depth > skip ? depth - skip : 0);
+}
+
+std::string PathResolver::pathOf(const std::string& host) const {
+    for (std::size_t i = 0; i < roots_.size(); ++i) {
+        std::error_code problem;
+        const std::string own = "/proc/self/fd/" + std::to_string(roots_[i].handle.get());
+        const std::string root = std::filesystem::read_symlink(own, problem).string();
+        if (problem || i == program_ || !host.starts_with(root)) continue;
+        std::string path = host.substr(root.size());
+        if (!path.empty() && path.front() != '/') continue;
+        std::replace(path.begin(), path.end(), '/', '\\');
+        return std::string{roots_[i].letter, ':'} + (path.empty() ? "\\" : path);
+    }
+    return {};
 }
 
 bool PathResolver::isProgramFolder(const MachinePath& path) const {

@@ -60,6 +60,9 @@ public:
     // Closes what is kept open of this path from the given depth on: its folder goes or gets another name.
     void forget(const MachinePath& path, std::size_t depth);
 
+    // The path on the machine of a folder of the host, given by its full path without links. Empty: it lies outside.
+    [[nodiscard]] std::string pathOf(const std::string& host) const;
+
     [[nodiscard]] bool isProgramFolder(const MachinePath& path) const;
     [[nodiscard]] bool hasProgramFolder() const { return program_ != kNone; }
     // The name of the program's folder if `folder` is the folder above it, otherwise empty.

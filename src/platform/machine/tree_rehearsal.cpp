@@ -92,7 +92,7 @@ bool TreeRehearsal::onFile(int folder, const char* name, bool& kept) {
     bool readOnly = !S_ISLNK(state.stx_mode) && isReadOnlyMode(state.stx_mode);
     std::uint64_t length = S_ISREG(state.stx_mode) ? state.stx_size : 0;
     if (visit.closer) {
-        const TreeVisitor::EntryNow now = visitor_.entry(name, kindOfMode(state.stx_mode), length);
+        const TreeVisitor::EntryNow now = visitor_.entry(detailsOf(name, state));
         if (now.stop) return false;
         if (now.gone) return true;
         readOnly = now.readOnly.value_or(readOnly);
@@ -122,7 +122,10 @@ bool TreeRehearsal::onFile(int folder, const char* name, bool& kept) {
 bool TreeRehearsal::onFolder(int /*folder*/, const char* name, bool& enter, bool& /*kept*/) {
     nextReadOnly_.reset();
     if (visits_.back().closer) {
-        const TreeVisitor::EntryNow now = visitor_.entry(name, EntryKind::Folder, 0);
+        EntryDetails details;
+        details.name = name;
+        details.kind = EntryKind::Folder;
+        const TreeVisitor::EntryNow now = visitor_.entry(details);
         if (now.stop) return false;
         if (now.gone) {
             enter = false;

@@ -129,7 +129,9 @@ public:
     Status WriteFileBytes(const std::string& file, std::string_view bytes) override;
     Status CopyFileBytes(const std::string& from, const std::string& to) override;
     Rehearsed Rehearse(Intent intent, const std::string& path, const Circumstances& now, bool withAttributes) override;
-    Status RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& now) override;
+    std::string TargetOfLink(const std::string& link) override;
+    Status RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& now,
+                                 unsigned& becomes) override;
     Status RehearseDeleteFolder(const std::string& folder, Extent extent, bool force, const Circumstances& now,
                                 TreeVisitor& visitor, RehearsedTree& tree) override;
     std::vector<Drive> Drives() override;

@@ -97,10 +97,17 @@ Rehearsed MemoryFiles::Rehearse(Intent intent, const std::string& path, const Ci
     return answer;
 }
 
-Status MemoryFiles::RehearseSetAttributes(const std::string& path, unsigned /*attributes*/,
-                                          const Circumstances& /*now*/) {
+// Whether a link stands for a folder is its own here, as on Windows: it does not matter what became of the target.
+std::string MemoryFiles::TargetOfLink(const std::string& /*link*/) {
+    return {};
+}
+
+Status MemoryFiles::RehearseSetAttributes(const std::string& path, unsigned attributes, const Circumstances& /*now*/,
+                                          unsigned& becomes) {
+    constexpr unsigned kSettable = attribute::ReadOnly | attribute::Hidden | attribute::System | attribute::Archive;
     const Place place = find(path, operation::Attributes, true);
     if (!ok(place.status)) return place.status;
+    becomes = attributes & kSettable;
     return place.node->kind == EntryKind::File || place.node->isFolder() ? Status::Ok : Status::Denied;
 }
 
@@ -112,7 +119,7 @@ Status MemoryFiles::rehearseContent(const Node& folder, const std::string& key, 
     Status first = Status::Ok;
     for (const auto& [childKey, child] : folder.children) {
         TreeVisitor::EntryNow now;
-        if (step.closer) now = step.visitor.entry(child->name, child->kind, lengthOf(*child));
+        if (step.closer) now = step.visitor.entry(detailsOf(*child));
         if (now.stop) return Status::Failed;
         if (now.gone) continue;
         const Status status = rehearseEntry(*child, key + "\\" + childKey, step, now);

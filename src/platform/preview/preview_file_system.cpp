@@ -18,6 +18,10 @@ bool isPlainName(std::string_view name) {
            name.find_first_not_of(" .") != std::string_view::npos;
 }
 
+bool isImpossible(const std::string& name) {
+    return name.find_first_of(":*?") != std::string::npos;
+}
+
 }  // namespace
 
 PreviewFileSystem::PreviewFileSystem(FilesWithRehearsal& files, RemovalCounter& counter, std::function<FileTime()> now)
@@ -59,7 +63,11 @@ PreviewFileSystem::Spot PreviewFileSystem::find(const std::string& path, Ending 
         }
         spot.folder = placeOf(parsed, parsed.names.size() - 1);
         spot.status = spot.folder.status == Status::NotFound ? Status::PathNotFound : spot.folder.status;
-        if (!ok(spot.status)) return spot;
+        if (!ok(spot.status)) {
+            // A name that no file can have is refused before anything is looked for.
+            if (std::any_of(parsed.names.begin(), parsed.names.end(), isImpossible)) spot.status = Status::InvalidName;
+            return spot;
+        }
         spot.name = parsed.names.back();
         if (!folderMeant && parsed.text() == path) {
             lastFolder_ = path.substr(0, path.size() - spot.name.size() - 1);
@@ -121,7 +129,7 @@ PreviewFileSystem::Place PreviewFileSystem::step(const Place& folder, const std:
 
 PreviewFileSystem::Place PreviewFileSystem::otherSpelling(const Place& folder, const std::string& name) {
     PreviewNode& node = *folder.node;
-    if (name.find_first_of(":*?") != std::string::npos) return {Status::InvalidName, nullptr, {}};
+    if (isImpossible(name)) return {Status::InvalidName, nullptr, {}};
     if (PreviewNode* child = node.findFolded(name)) return {Status::Ok, child, child->below};
     const auto same = [&](const std::string& other) {
         return other != name && base::equalNoCase(other, name) && !node.isGone(other);
@@ -156,9 +164,24 @@ void PreviewFileSystem::findTwins(PreviewNode& folder) {
     }
 }
 
-Circumstances PreviewFileSystem::around(const Spot& spot) const {
+std::optional<unsigned> PreviewFileSystem::sharedAttributes(const EntryDetails& details) const {
+    if (shared_.empty() || details.names < 2) return std::nullopt;
+    const auto set = shared_.find({details.volume, details.content});
+    return set == shared_.end() ? std::nullopt : std::optional<unsigned>(set->second);
+}
+
+std::optional<unsigned> PreviewFileSystem::sharedAttributes(const std::string& below) {
+    EntryDetails details;
+    if (shared_.empty() || below.empty() || !ok(files_.LookAt(below, details))) return std::nullopt;
+    return sharedAttributes(details);
+}
+
+Circumstances PreviewFileSystem::around(const Spot& spot) {
     Circumstances now;
     if (spot.node != nullptr) now.readOnly = spot.node->readOnly();
+    if (!now.readOnly && (spot.node == nullptr || !spot.node->content)) {
+        if (const auto shared = sharedAttributes(spot.below)) now.readOnly = (*shared & attribute::ReadOnly) != 0;
+    }
     if (spot.folder.node != nullptr) now.folderReadOnly = spot.folder.node->readOnly();
     return now;
 }
@@ -170,6 +193,7 @@ Status PreviewFileSystem::detailsOf(const PreviewNode& node, EntryDetails& detai
     if (!node.below.empty() && !node.content) {
         if (const Status status = files_.LookAt(node.below, found); !ok(status)) return status;
     }
+    if (const auto shared = sharedAttributes(found)) found.readOnly = (*shared & attribute::ReadOnly) != 0;
     found.name = node.parent == nullptr ? std::string() : node.name;
     found.kind = node.kind;
     found.readOnly = node.readOnly().value_or(found.readOnly);
@@ -181,11 +205,21 @@ Status PreviewFileSystem::detailsOf(const PreviewNode& node, EntryDetails& detai
 Status PreviewFileSystem::look(const Spot& spot, EntryDetails& details) {
     if (!ok(spot.status)) return spot.status;
     const Status status = spot.node != nullptr ? detailsOf(*spot.node, details) : files_.LookAt(spot.below, details);
+    if (const auto shared = sharedAttributes(details); spot.node == nullptr && shared)
+        details.readOnly = (*shared & attribute::ReadOnly) != 0;
     if (ok(status) && details.names > 1) {
         const auto gone = namesGone_.find({details.volume, details.content});
         if (gone != namesGone_.end()) details.names -= std::min(gone->second, details.names - 1);
     }
     return status;
+}
+
+unsigned PreviewFileSystem::seen(const std::string& below, unsigned attributes) {
+    if (const auto shared = sharedAttributes(below)) return *shared == 0 ? attribute::Normal : *shared;
+    constexpr unsigned kFolderLink = attribute::ReparsePoint | attribute::Directory;
+    if ((attributes & kFolderLink) != kFolderLink || roots_.empty()) return attributes;
+    const std::string target = files_.TargetOfLink(below);
+    return target.empty() || FolderExists(target) ? attributes : attributes & ~attribute::Directory;
 }
 
 unsigned PreviewFileSystem::attributesOf(const PreviewNode& node) {
@@ -194,8 +228,8 @@ unsigned PreviewFileSystem::attributesOf(const PreviewNode& node) {
         attributes = *node.attributes | (node.isFolder() ? attribute::Directory : 0u);
         return attributes == 0 ? attribute::Normal : attributes;
     }
-    if (!node.below.empty()) (void)files_.GetAttributes(node.below, attributes);
-    return attributes;
+    if (node.below.empty() || !ok(files_.GetAttributes(node.below, attributes)) || node.content) return attributes;
+    return seen(node.below, attributes);
 }
 
 Status PreviewFileSystem::readEntries(const std::string& folder, std::vector<FolderEntry>& out, bool toEmpty) {
@@ -229,29 +263,42 @@ Status PreviewFileSystem::ReadFolderToEmpty(const std::string& folder, std::vect
 Status PreviewFileSystem::GetAttributes(const std::string& path, unsigned& attributes) {
     const Spot spot = find(path, Ending::Folder);
     if (!ok(spot.status)) return spot.status;
-    if (spot.node == nullptr) return files_.GetAttributes(spot.below, attributes);
-    attributes = attributesOf(*spot.node);
-    return Status::Ok;
+    if (spot.node != nullptr) {
+        attributes = attributesOf(*spot.node);
+        return Status::Ok;
+    }
+    const Status status = files_.GetAttributes(spot.below, attributes);
+    if (ok(status)) attributes = seen(spot.below, attributes);
+    return status;
 }
 
 Status PreviewFileSystem::SetAttributes(const std::string& path, unsigned attributes) {
     Spot spot = find(path, Ending::Folder);
     EntryDetails details;
     if (const Status status = look(spot, details); !ok(status)) return status;
-    if (spot.root) return files_.RehearseSetAttributes(spot.below, attributes, {});
+    unsigned wanted = attributes & kSettable;
+    if (spot.root) return files_.RehearseSetAttributes(spot.below, attributes, {}, wanted);
     if (details.kind != EntryKind::File && details.kind != EntryKind::Folder) return Status::Denied;
     if (!spot.below.empty()) {
-        const Status status = files_.RehearseSetAttributes(spot.below, attributes, around(spot));
+        const Status status = files_.RehearseSetAttributes(spot.below, attributes, around(spot), wanted);
         if (!ok(status)) return status;
     }
     unsigned present = 0;
     if (spot.node != nullptr) {
         present = attributesOf(*spot.node);
-    } else if (const Status status = files_.GetAttributes(spot.below, present); !ok(status)) {
+    } else if (const Status status = GetAttributes(path, present); !ok(status)) {
         return status;
     }
-    const unsigned wanted = attributes & kSettable;
-    if ((present & kSettable) != wanted) entryNode(spot, details).attributes = wanted;
+    if ((present & kSettable) == wanted) return Status::Ok;
+    EntryDetails onDisk;
+    const bool written = spot.node != nullptr && spot.node->content;
+    if (!written && !spot.below.empty() && ok(files_.LookAt(spot.below, onDisk)) && onDisk.kind == EntryKind::File &&
+        onDisk.names > 1) {
+        shared_[{onDisk.volume, onDisk.content}] = wanted;
+        measured_ = {};
+    } else {
+        entryNode(spot, details).attributes = wanted;
+    }
     return Status::Ok;
 }
 
@@ -283,9 +330,10 @@ Status PreviewFileSystem::GetFileTimes(const std::string& path, FileTimes& times
 bool PreviewFileSystem::FileExists(const std::string& path) {
     const Spot spot = find(path, Ending::Name);
     if (!ok(spot.status)) return false;
-    if (spot.node == nullptr) return files_.FileExists(spot.below);
-    if (spot.node->isFolder()) return false;
-    return spot.node->content || files_.FileExists(spot.node->below);
+    if (spot.node != nullptr && (spot.node->isFolder() || spot.node->content)) return !spot.node->isFolder();
+    unsigned attributes = 0;
+    if (!ok(files_.GetAttributes(spot.below, attributes))) return false;
+    return (seen(spot.below, attributes) & attribute::Directory) == 0;
 }
 
 bool PreviewFileSystem::FolderExists(const std::string& path) {

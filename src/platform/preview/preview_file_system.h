@@ -101,7 +101,12 @@ private:
     Status look(const Spot& spot, EntryDetails& details);
     Status detailsOf(const PreviewNode& node, EntryDetails& details);
     unsigned attributesOf(const PreviewNode& node);
-    [[nodiscard]] Circumstances around(const Spot& spot) const;
+    // What the files below tell of an entry's attributes, unless it is a link to a folder that is there no more.
+    unsigned seen(const std::string& below, unsigned attributes);
+    Circumstances around(const Spot& spot);
+    // Set under one of several names of a content, and seen under all of them.
+    [[nodiscard]] std::optional<unsigned> sharedAttributes(const EntryDetails& details) const;
+    std::optional<unsigned> sharedAttributes(const std::string& below);
     Status readEntries(const std::string& folder, std::vector<FolderEntry>& out, bool toEmpty);
     void findTwins(PreviewNode& folder);
 
@@ -120,6 +125,7 @@ private:
     Status removeAt(Spot& spot, Delete kind);
     Status deleteAt(Spot& spot, bool force);
     void count(const RehearsedTree& tree);
+    std::string shownPath(Spot& spot, const std::string& spelled);
     void tell(RemovedKind kind, const std::string& path, std::uint64_t bytes) const;
     void tellAll(const Spot& spot, const EntryDetails& details, const std::string& shownAs);
     std::uint64_t bytesOfName(const EntryDetails& file);
@@ -134,8 +140,11 @@ private:
     RemovalCounter& counter_;
     std::function<FileTime()> now_;
     std::map<std::string, std::unique_ptr<PreviewNode>> roots_;  // by root in upper case
-    // Names of contents with several that are gone, so that the last one counts.
-    std::map<std::pair<std::uint64_t, std::uint64_t>, std::uint64_t> namesGone_;
+    // Contents with several names, by volume and content: how many names are gone, so that the last one counts, and the
+    // attributes that were set.
+    using Content = std::pair<std::uint64_t, std::uint64_t>;
+    std::map<Content, std::uint64_t> namesGone_;
+    std::map<Content, unsigned> shared_;
 
     // The folder of the last question, as it was spelled, and its place.
     std::string lastFolder_;

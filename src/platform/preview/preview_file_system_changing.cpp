@@ -116,9 +116,14 @@ Status PreviewFileSystem::write(const std::string& file, PreviewContent content)
     }
     FileTimes before;
     if (ok(GetFileTimes(file, before))) content.times.creation = before.creation;
+    const std::optional<unsigned> shared = sharedAttributes(spot.below);
     PreviewNode& node = entryNode(spot, details);
     // A file of several names gives this one up: the new content has no other.
-    if (!node.content && details.names > 1) (void)bytesOfName(details);
+    EntryDetails old;
+    if (!node.content && !spot.below.empty() && ok(files_.LookAt(spot.below, old)) && old.names > 1) {
+        (void)bytesOfName(old);
+        if (shared) node.attributes = shared;
+    }
     node.content = std::move(content);
     return Status::Ok;
 }

@@ -53,6 +53,10 @@ void PreviewFileSystem::tell(RemovedKind kind, const std::string& path, std::uin
     if (counter_.each) counter_.each({kind, path, bytes});
 }
 
+std::string PreviewFileSystem::shownPath(Spot& spot, const std::string& spelled) {
+    return spot.node != nullptr ? spot.node->path() : joined(folderNode(spot).path(), spelled);
+}
+
 std::uint64_t PreviewFileSystem::bytesOfName(const EntryDetails& file) {
     const std::uint64_t gone = ++namesGone_[{file.volume, file.content}];
     return gone >= file.names ? file.length : 0;
@@ -99,7 +103,7 @@ Status PreviewFileSystem::removeAt(Spot& spot, Delete kind) {
         const bool knownAttributes = node != nullptr && node->attributes;
         answer = files_.Rehearse(Intent::RemoveFile, spot.below, around(spot), plain && !knownAttributes);
         if (!ok(answer.status) && answer.details.name.empty()) return refuse(answer.status, answer.counts);
-        if (knownAttributes) answer.attributes = attributesOf(*node);
+        answer.attributes = knownAttributes ? attributesOf(*node) : seen(spot.below, answer.attributes);
         if (node != nullptr) answer.details.name = node->name;
         if (node != nullptr && node->content) {
             answer.details.length = node->content->length;
@@ -113,7 +117,7 @@ Status PreviewFileSystem::removeAt(Spot& spot, Delete kind) {
     const std::uint64_t bytes = file.names > 1 ? bytesOfName(file) : file.length;
     ++counter_.totals.files;
     if (counter_.wantBytes) counter_.totals.bytes += bytes;
-    if (counter_.each) tell(RemovedKind::File, joined(folderNode(spot).path(), file.name), bytes);
+    if (counter_.each) tell(RemovedKind::File, shownPath(spot, file.name), bytes);
     markGone(spot, file.name);
     return Status::Ok;
 }
@@ -182,7 +186,7 @@ Status PreviewFileSystem::RemoveFolder(const std::string& folder) {
     }
     if (!isEmpty(spot)) return refuse(Status::NotEmpty, true);
     ++counter_.totals.folders;
-    if (counter_.each) tell(RemovedKind::Folder, joined(folderNode(spot).path(), spelled), 0);
+    if (counter_.each) tell(RemovedKind::Folder, shownPath(spot, spelled), 0);
     markGone(spot, spelled);
     forgetPlaces();
     return Status::Ok;
@@ -232,7 +236,7 @@ Status PreviewFileSystem::deleteAt(Spot& spot, bool force) {
     if (details.kind != EntryKind::Folder) return Status::PathNotFound;
 
     PreviewNode& above = folderNode(spot);
-    const std::string shown = counter_.each ? joined(above.path(), details.name) : std::string();
+    const std::string shown = counter_.each ? shownPath(spot, details.name) : std::string();
     RehearsedTree tree;
     PreviewRemoval removal(*this, spot.node, spot.below, shown, force);
     if (spot.node != nullptr && spot.node->own) {
@@ -318,7 +322,7 @@ Status PreviewFileSystem::takeOut(const std::string& path, FolderTotals& totals)
         const Rehearsed answer = files_.Rehearse(intent, spot.below, now);
         if (!ok(answer.status)) return answer.status;
     }
-    if (counter_.each) tellAll(spot, details, joined(folderNode(spot).path(), details.name));
+    if (counter_.each) tellAll(spot, details, shownPath(spot, details.name));
     markGone(spot, details.name);
     forgetPlaces();
     totals = taken;

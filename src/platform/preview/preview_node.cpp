@@ -11,11 +11,15 @@ std::optional<bool> PreviewNode::readOnly() const {
     return (*attributes & attribute::ReadOnly) != 0;
 }
 
+std::string PreviewNode::shownName() const {
+    if (!own || below.empty() || parent == nullptr) return name;
+    std::string real = below.substr(below.rfind('\\') + 1);
+    return below == joined(parent->below, real) ? real : name;
+}
+
 std::string PreviewNode::path() const {
     if (parent == nullptr) return name;
-    std::string result = parent->path();
-    result.append("\\").append(name);
-    return result;
+    return joined(parent->path(), shownName());
 }
 
 void PreviewNode::markGone(const std::string& entryName) {

@@ -49,7 +49,9 @@ public:
 
     [[nodiscard]] bool isFolder() const { return kind == EntryKind::Folder; }
     [[nodiscard]] std::optional<bool> readOnly() const;
-    // The path in the preview, without a trailing backslash.
+    // How people are told of it: an entry that only got another name goes by the one that it really has.
+    [[nodiscard]] std::string shownName() const;
+    // The same of its whole path, without a trailing backslash.
     [[nodiscard]] std::string path() const;
 
     // --- a folder's content. Names are as the volume spells them. ----------------------------------------------------

@@ -21,18 +21,19 @@ bool PreviewWalk::enterFolder(std::string_view name) {
         node = above == nullptr ? nullptr : above->find(name);
         if (node != nullptr && node->own) node = nullptr;
     }
-    frames_.push_back({node, std::string(name), {}, {}});
+    frames_.push_back({node, std::string(name), 0, {}, {}});
     return everywhere_ || node != nullptr;
 }
 
-TreeVisitor::EntryNow PreviewWalk::entry(std::string_view name, EntryKind /*kind*/, std::uint64_t /*length*/) {
+TreeVisitor::EntryNow PreviewWalk::entry(const EntryDetails& details) {
     EntryNow now;
+    if (const auto shared = owner_.sharedAttributes(details)) now.readOnly = (*shared & attribute::ReadOnly) != 0;
     const PreviewNode* folder = frames_.back().node;
     if (folder == nullptr) return now;
-    now.gone = folder->isGone(name);
-    const PreviewNode* node = folder->find(name);
+    now.gone = folder->isGone(details.name);
+    const PreviewNode* node = folder->find(details.name);
     if (now.gone || node == nullptr || node->own) return now;
-    now.readOnly = node->readOnly();
+    if (node->attributes) now.readOnly = node->readOnly();
     if (node->content) now.length = node->content->length;
     return now;
 }
@@ -46,7 +47,7 @@ void PreviewWalk::leaveFolder(const FolderEnd& end, const RehearsedTree& inside)
 
 PreviewRemoval::PreviewRemoval(PreviewFileSystem& owner, PreviewNode* top, std::string below, std::string shownAs,
                                bool force)
-    : PreviewWalk(owner, top, static_cast<bool>(owner.counter_.each)),
+    : PreviewWalk(owner, top, owner.counter_.each || !owner.shared_.empty()),
       below_(std::move(below)),
       shown_(std::move(shownAs)),
       force_(force) {}
@@ -56,8 +57,11 @@ std::string PreviewRemoval::shownPath(std::string_view name) const {
 }
 
 bool PreviewRemoval::enterFolder(std::string_view name) {
+    const std::size_t above = shown_.size();
     if (!frames_.empty() && owner_.counter_.each) shown_ = joined(shown_, name);
-    return PreviewWalk::enterFolder(name);
+    const bool closer = PreviewWalk::enterFolder(name);
+    folder().shownAbove = above;
+    return closer;
 }
 
 void PreviewRemoval::goes(std::string_view name, EntryKind kind, std::uint64_t bytes) {
@@ -93,13 +97,13 @@ bool PreviewRemoval::removeOwnFile(PreviewNode& node, RehearsedTree& totals) {
     const std::uint64_t bytes = details.names > 1 ? owner_.bytesOfName(details) : details.length;
     ++totals.gone.files;
     totals.gone.bytes += bytes;
-    owner_.tell(RemovedKind::File, shownPath(node.name), bytes);
+    owner_.tell(RemovedKind::File, shownPath(node.shownName()), bytes);
     return true;
 }
 
 bool PreviewRemoval::removeOwn(PreviewNode& node, RehearsedTree& totals) {
     if (!node.isFolder()) return removeOwnFile(node, totals);
-    const std::string path = shownPath(node.name);
+    const std::string path = shownPath(node.shownName());
     PreviewRemoval inside(owner_, &node, node.below, path, force_);
     bool goes = false;
     if (node.below.empty()) {
@@ -139,7 +143,7 @@ std::string PreviewRemoval::belowOfFolder() const {
 
 void PreviewRemoval::onLeave(const FolderEnd& end, const RehearsedTree& /*inside*/) {
     Frame& left = folder();
-    if (depth() > 1 && owner_.counter_.each) shown_.resize(shown_.rfind('\\'));
+    shown_.resize(left.shownAbove);
     if (end.goes) return;
     std::unique_ptr<PreviewNode> made;
     PreviewNode* node = left.node;
@@ -214,22 +218,25 @@ void PreviewMeasure::onLeave(const FolderEnd& end, const RehearsedTree& result) 
 
 // --- looking and telling ---------------------------------------------------------------------------------------------
 
-TreeVisitor::EntryNow PreviewSearch::entry(std::string_view name, EntryKind kind, std::uint64_t length) {
-    EntryNow now = PreviewWalk::entry(name, kind, length);
+TreeVisitor::EntryNow PreviewSearch::entry(const EntryDetails& details) {
+    EntryNow now = PreviewWalk::entry(details);
     found = found || !now.gone;
     now.stop = !now.gone;
     return now;
 }
 
 bool PreviewTelling::enterFolder(std::string_view name) {
+    const std::size_t above = shown_.size();
     if (!frames_.empty()) shown_ = joined(shown_, name);
-    return PreviewWalk::enterFolder(name);
+    const bool closer = PreviewWalk::enterFolder(name);
+    folder().shownAbove = above;
+    return closer;
 }
 
-TreeVisitor::EntryNow PreviewTelling::entry(std::string_view name, EntryKind kind, std::uint64_t length) {
-    EntryNow now = PreviewWalk::entry(name, kind, length);
-    if (!now.gone && kind != EntryKind::Folder)
-        owner_.tell(RemovedKind::File, joined(shown_, name), now.length.value_or(length));
+TreeVisitor::EntryNow PreviewTelling::entry(const EntryDetails& details) {
+    EntryNow now = PreviewWalk::entry(details);
+    if (!now.gone && details.kind != EntryKind::Folder)
+        owner_.tell(RemovedKind::File, joined(shown_, details.name), now.length.value_or(details.length));
     return now;
 }
 
@@ -261,7 +268,7 @@ void PreviewTelling::tellOwn(PreviewFileSystem& owner, PreviewNode& node, const 
 
 void PreviewTelling::onLeave(const FolderEnd& /*end*/, const RehearsedTree& /*inside*/) {
     owner_.tell(RemovedKind::Folder, shown_, 0);
-    if (depth() > 1) shown_.resize(shown_.rfind('\\'));
+    shown_.resize(folder().shownAbove);
 }
 
 }  // namespace tidvane::platform

@@ -15,7 +15,7 @@ namespace tidvane::platform {
 class PreviewWalk : public TreeVisitor {
 public:
     bool enterFolder(std::string_view name) override;
-    EntryNow entry(std::string_view name, EntryKind kind, std::uint64_t length) override;
+    EntryNow entry(const EntryDetails& details) override;
     void goes(std::string_view /*name*/, EntryKind /*kind*/, std::uint64_t /*bytes*/) override {}
     void stays(std::string_view /*name*/) override {}
     std::uint64_t bytesOfName(const EntryDetails& /*file*/) override { return 0; }
@@ -26,6 +26,7 @@ protected:
     struct Frame {
         PreviewNode* node = nullptr;
         std::string name;
+        std::size_t shownAbove = 0;  // length of the shown path of the folder above
         // Of a removal: what stays, and what was found out about the folders among it.
         std::vector<std::string> kept;
         std::vector<std::unique_ptr<PreviewNode>> keptNodes;
@@ -102,7 +103,7 @@ class PreviewSearch final : public PreviewWalk {
 public:
     PreviewSearch(PreviewFileSystem& owner, PreviewNode* top) : PreviewWalk(owner, top, true) {}
 
-    EntryNow entry(std::string_view name, EntryKind kind, std::uint64_t length) override;
+    EntryNow entry(const EntryDetails& details) override;
 
     bool found = false;
 };
@@ -113,7 +114,7 @@ public:
     PreviewTelling(PreviewFileSystem& owner, PreviewNode* top, std::string shownAs)
         : PreviewWalk(owner, top, true), shown_(std::move(shownAs)) {}
 
-    EntryNow entry(std::string_view name, EntryKind kind, std::uint64_t length) override;
+    EntryNow entry(const EntryDetails& details) override;
     bool ownEntries(RehearsedTree& totals) override;
 
     static void tellOwn(PreviewFileSystem& owner, PreviewNode& node, const std::string& shownAs);

@@ -1,4 +1,4 @@
-#include "e2e/tree_state.h"
+#include "support/tree_state.h"
 
 #include <sys/stat.h>
 
@@ -25,11 +25,25 @@ std::string stateOf(const fs::path& path) {
 
 }  // namespace
 
+std::vector<fs::path> entriesBelow(const std::string& root) {
+    std::vector<fs::path> found;
+    std::vector<fs::path> folders{root};
+    while (!folders.empty()) {
+        const fs::path folder = folders.back();
+        folders.pop_back();
+        std::error_code problem;
+        for (fs::directory_iterator at(folder, problem), end; !problem && at != end; at.increment(problem)) {
+            found.push_back(at->path());
+            std::error_code ignored;
+            if (fs::is_directory(at->symlink_status(ignored))) folders.push_back(at->path());
+        }
+    }
+    return found;
+}
+
 TreeState treeState(const std::string& root) {
     TreeState state{{".", stateOf(root)}};
-    for (const auto& entry : fs::recursive_directory_iterator(root)) {
-        state.emplace(entry.path().string().substr(root.size() + 1), stateOf(entry.path()));
-    }
+    for (const fs::path& path : entriesBelow(root)) state.emplace(path.string().substr(root.size() + 1), stateOf(path));
     return state;
 }
 
