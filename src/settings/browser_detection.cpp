@@ -36,7 +36,7 @@ struct Fill {
 enum Effect : unsigned {
     Nothing = 0,
     Tick = 1,          // the window's box "the folders are known"
-    AllowOk = 2,       // the window's OK
+    AllowOk = 2,       // the window's OK; nothing turns it off, so that folders can always be set by hand
     ShowSuccess = 4,   // the picture on the page
     ShowFail = 8,      // the other picture
     CaptionFails = 16  // the page's frame says so
@@ -77,6 +77,7 @@ constexpr std::array kLooks{
          {{{Profile, {kRoaming, kFirefoxProfile}}, {Second, {kLocal, kFirefoxProfile}}, {Cache, {kLocal, kFirefoxCache}}}},
          kKnown, ShowFail | CaptionFails},
 
+    // The local folder or the cache alone ticks, the roaming one does not, although most tasks work there: intended.
     Look{TaskPage::Opera,
          {{{kPrograms, "\\Opera\\profile\\"}, {kRoaming, "\\Opera\\Opera\\profile\\"}, {kRoaming, "\\Opera\\Opera 9\\profile\\"}, {kRoaming, kOpera}}},
          {{{Profile, {kRoaming, kOpera}}}},
@@ -90,6 +91,7 @@ constexpr std::array kLooks{
          {{{Cache, {kLocal, kOperaCache}}}},
          kKnown, Nothing},
 
+    // The cache alone ticks, and a profile without one does not: intended.
     Look{TaskPage::Chrome,
          {{{kLocal, kChromeProfile}}},
          {{{Profile, {kLocal, kChromeProfile}}, {Second, {kLocal, kChrome}}}},
@@ -135,8 +137,9 @@ constexpr std::array kBrowsers{
             &frmOptions::ImgSafariSuccess, &frmOptions::ImgSafariFail},
 };
 
-// The first profile alone counts, and its path is taken as a relative one, whatever the file says of it. Without the
-// file or the key the answer is NUL characters; the text goes into the boxes, and no task finds anything by it.
+// The first profile alone counts, and its path is taken as a relative one, whatever the file says of it: intended.
+// Without the file or the key the answer is NUL characters; the text goes into the boxes, and no task finds anything by
+// it.
 std::string firstProfile(Program& program) {
     const std::string file = program.platform.shell.SpecialFolder(kRoaming) + kFirefox + "\\profiles.ini";
     return base::replaceAll(ReadINIKey(program, file, "Profile0", "Path"), "/", "\\");
@@ -178,6 +181,7 @@ private:
     }
 
     void apply(unsigned effects, const Browser& browser, BrowserDirForm& window) {
+        // Never taken back, also where the folders have gone: intended.
         if ((effects & Tick) != 0) window.usable.Value = 1;
         if ((effects & AllowOk) != 0) window.cmdOK.Enabled = true;
         if ((effects & ShowSuccess) != 0) (options_.*browser.success).Visible = true;

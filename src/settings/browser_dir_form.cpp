@@ -20,6 +20,8 @@ BrowserDirForm::BrowserDirForm(settings::Program& program, const Names& names)
     cmdFileFolderPath.Click.connect([this] { browse(fileDir, names_.fileDirEndsInBackslash); });
     cmdSecondFolderPath.Click.connect([this] { browse(secondDir, true); });
     cmdCacheFolderPath.Click.connect([this] { browse(cacheDir, names_.cacheDirEndsInBackslash); });
+    // A tick that the search has set is lost, since the next load knows only what was stored; the page of the options
+    // window stays on offer: intended.
     cmdAbort.Click.connect([this] { program_.windows.unload(*this); });
     cmdOK.Click.connect([this] { cmdOK_Click(); });
 }
@@ -37,6 +39,7 @@ void BrowserDirForm::Form_Load() {
     cmdAbort.Caption = text(301);
     disableAutoDetect.Caption = text(846);
     if (LoadFormINI(program_, *this)) return;
+    // The two main folder boxes are the profile and the cache; the second box keeps its text: intended.
     fileDir.setText({});
     cacheDir.setText({});
     usable.Value = 0;
@@ -68,7 +71,9 @@ void BrowserDirForm::cmdOK_Click() {
     completeTypedFolders();
     tellOfEmptiedBoxes(program_, *this);
     SaveFormINI(program_, *this);
-    program_.get<frmOptions>().enableTaskPage(names_.page, usable.ticked());
+    // Asked first: an options window that loads only now searches anew and may tick this box again.
+    const bool known = usable.ticked();
+    program_.get<frmOptions>().enableTaskPage(names_.page, known);
     program_.windows.unload(*this);
 }
 

@@ -62,7 +62,7 @@ public:
     controls::isButton cmdCacheFolderPath{*this, "cmdCacheFolderPath", "..."};
     forms::CheckBox usable;  // the folders are known: the browser's tasks are on offer
     forms::CheckBox disableAutoDetect;
-    controls::isButton cmdOK{*this, "cmdOK", "OK"};
+    controls::isButton cmdOK{*this, "cmdOK", "OK"};  // on from the start, or nobody could set folders by hand: intended
     controls::isButton cmdAbort{*this, "cmdAbort", "Abbrechen"};
 
 private:

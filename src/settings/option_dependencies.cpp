@@ -31,6 +31,8 @@ constexpr std::array kKillMethodInfos{735, 736, 737};
 }  // namespace
 
 void frmOptions::connectDependencies() {
+    // Stored ticks come after the search for browsers: a ticked cache box turns its further box on again, also on a
+    // page that is off. Intended.
     // clang-format off
     const Dependency rules[] = {
         {chkIECache, {&chkIEIndexDatFiles}, {}, {&chkIEIndexDatFiles}},

@@ -63,6 +63,7 @@ forms::CheckBox& frmOptions::masterBox(TaskPage page) {
     return *masters[static_cast<std::size_t>(page)];
 }
 
+// Boxes that are off keep their ticks, and their tasks the rows: intended.
 void frmOptions::enableTaskPage(TaskPage page, bool enabled) {
     masterBox(page).Enabled = enabled;
     for (const TaskBox& task : taskBoxes(page)) task.box->Enabled = enabled;

@@ -57,7 +57,6 @@ TEST(FirefoxDetection, FillsTheThreeBoxesFromTheFirstProfile) {
     EXPECT_EQ(machine.mozilla().txtMozillaFileLocalDir.Text(), kLocal + "\\Mozilla\\FireFox\\Profiles\\abc.default");
     EXPECT_EQ(machine.mozilla().txtMozillaCacheDir.Text(), kLocal + "\\Mozilla\\FireFox\\Profiles\\abc.default\\Cache");
     EXPECT_EQ(machine.mozilla().chkMozillaDir.Value, 1);
-    EXPECT_TRUE(machine.mozilla().cmdOK.Enabled);
     EXPECT_EQ(Detection::pictures(options.ImgMozillaSuccess, options.ImgMozillaFail), "success");
     EXPECT_EQ(options.frmBrowserMozilla.Caption, "Mozilla/Firefox");
     EXPECT_EQ(machine.page(TaskPage::Mozilla), "on");
@@ -145,6 +144,29 @@ TEST(FirefoxDetection, AGreyedSwitchDoesNotTurnItOff) {
     EXPECT_EQ(machine.mozilla().chkMozillaDir.Value, 1);
 }
 
+TEST(FirefoxDetection, AnUntickedWindowTurnsThePageOffAlsoWithTheOptionsClosed) {
+    Detection machine;
+    machine.putFirefox("[Profile0]\r\nPath=Profiles/abc.default\r\n");
+    machine.program.windows.unload(machine.options());
+    machine.mozilla().chkMozillaDir.Value = 0;
+    // The options window loads again for it, and with it the search.
+    machine.mozilla().cmdOK.Click();
+    ASSERT_NE(machine.program.windows.ifLoaded(frmOptions::kName), nullptr);
+    EXPECT_EQ(machine.page(TaskPage::Mozilla), "off");
+    EXPECT_EQ(machine.stored("chkMozillaDir", "frmMozillaDir"), "0");
+}
+
+TEST(FirefoxDetection, AbortLosesTheTickThatWasFoundAndLeavesThePageOn) {
+    Detection machine;
+    machine.putFirefox("[Profile0]\r\nPath=Profiles/abc.default\r\n");
+    machine.putConfig("[frmMozillaDir]\r\nchkMozillaDir=0\r\n");
+    machine.options();
+    ASSERT_EQ(machine.mozilla().chkMozillaDir.Value, 1);
+    machine.mozilla().cmdAbort.Click();
+    EXPECT_EQ(machine.mozilla().chkMozillaDir.Value, 0);
+    EXPECT_EQ(machine.page(TaskPage::Mozilla), "on");
+}
+
 // --- Opera
 
 TEST(OperaDetection, FindsTheRoamingTheLocalAndTheCacheFolder) {
@@ -154,7 +176,6 @@ TEST(OperaDetection, FindsTheRoamingTheLocalAndTheCacheFolder) {
     frmOptions& options = machine.options();
     EXPECT_EQ(Detection::boxes(machine.opera()),
               kRoaming + kOpera + " " + kLocal + kOpera + " " + kLocal + kOpera + "cache\\ 1");
-    EXPECT_TRUE(machine.opera().cmdOK.Enabled);
     EXPECT_EQ(Detection::pictures(options.ImgOperaSuccess, options.ImgOperaFail), "success");
     EXPECT_EQ(options.frmBrowserOpera.Caption, "Opera");
     EXPECT_EQ(machine.page(TaskPage::Opera), "on");
@@ -178,6 +199,17 @@ TEST(OperaDetection, TheRoamingFolderFillsItsBoxAndTicksNothing) {
     EXPECT_EQ(Detection::pictures(options.ImgOperaSuccess, options.ImgOperaFail), "fail");
     EXPECT_EQ(options.frmBrowserOpera.Caption, "Opera");
     EXPECT_EQ(machine.page(TaskPage::Opera), "off");
+}
+
+TEST(OperaDetection, TheRoamingFolderWinsOverAProfileInTheProgramsFolder) {
+    Detection machine;
+    machine.files().putFile("C:\\Program Files\\Opera\\profile\\global.dat");
+    machine.files().putFile("C:\\Program Files\\Opera\\profile\\cache4\\opr00001");
+    machine.files().putFolder(kRoaming + kOpera);
+    machine.files().putFolder(kLocal + kOpera + "cache");
+    machine.options();
+    EXPECT_EQ(Detection::boxes(machine.opera()),
+              kRoaming + kOpera + " " + kLocal + kOpera + " " + kLocal + kOpera + "cache\\ 1");
 }
 
 TEST(OperaDetection, LooksForTheLastCandidateAlone) {
@@ -204,7 +236,6 @@ TEST(ChromeDetection, FindsTheProfileAndTheCache) {
     frmOptions& options = machine.options();
     EXPECT_EQ(Detection::boxes(machine.chrome()),
               kChrome + "Default\\ " + kChrome + " " + kChrome + "Default\\Cache\\ 1");
-    EXPECT_TRUE(machine.chrome().cmdOK.Enabled);
     EXPECT_EQ(Detection::pictures(options.ImgChromeSuccess, options.ImgChromeFail), "success");
     EXPECT_EQ(options.frmBrowserChrome.Caption, "Chrome");
     EXPECT_EQ(machine.page(TaskPage::Chrome), "on");
@@ -238,7 +269,6 @@ TEST(SafariDetection, FindsTheRoamingAndTheLocalFolder) {
     frmOptions& options = machine.options();
     EXPECT_EQ(Detection::boxes(machine.safari()),
               kRoaming + kSafari + " " + kLocal + kSafari + " " + kLocal + kSafari + " 1");
-    EXPECT_TRUE(machine.safari().cmdOK.Enabled);
     EXPECT_EQ(Detection::pictures(options.ImgSafariSuccess, options.ImgSafariFail), "success");
     EXPECT_EQ(options.frmBrowserSafari.Caption, "Safari");
     EXPECT_EQ(machine.page(TaskPage::Safari), "on");
@@ -259,6 +289,53 @@ TEST(SafariDetection, EitherFolderTicks) {
 }
 
 // --- all four
+
+TEST(BrowserDetection, AllowsTheOkOfAWindowThatWasOff) {
+    struct Row {
+        const char* window;
+        std::vector<std::string> folders;
+        bool allowed;
+    };
+    const std::string firefox = kRoaming + "\\Mozilla\\FireFox";
+    for (const Row& row : {
+             Row{"frmMozillaDir", {}, false},
+             Row{"frmMozillaDir", {firefox}, true},
+             Row{"frmOperaDir", {}, false},
+             Row{"frmOperaDir", {kRoaming + kOpera}, false},
+             Row{"frmOperaDir", {kLocal + kOpera}, true},
+             Row{"frmOperaDir", {kLocal + kOpera + "cache"}, true},
+             Row{"frmChromeDir", {}, false},
+             Row{"frmChromeDir", {kChrome + "Default"}, false},
+             Row{"frmChromeDir", {kChrome + "Default\\Cache"}, true},
+             Row{"frmSafariDir", {}, false},
+             Row{"frmSafariDir", {kLocal + kSafari}, false},  // ticks all the same
+             Row{"frmSafariDir", {kRoaming + kSafari}, true},
+         }) {
+        Detection machine;
+        for (const std::string& folder : row.folders) machine.files().putFolder(folder);
+        auto& window = dynamic_cast<BrowserDirForm&>(*machine.program.windows.get(row.window));
+        EXPECT_TRUE(window.cmdOK.Enabled) << row.window;  // by design
+        window.cmdOK.Enabled = false;
+        machine.options();
+        EXPECT_EQ(window.cmdOK.Enabled, row.allowed)
+            << row.window << " " << (row.folders.empty() ? "nothing" : row.folders.front());
+    }
+}
+
+TEST(BrowserDetection, ALoadWithoutAFileKeepsTheSecondBox) {
+    Detection machine;
+    for (BrowserDirForm* form : std::initializer_list<BrowserDirForm*>{&machine.mozilla(), &machine.opera(),
+                                                                       &machine.chrome(), &machine.safari()}) {
+        for (const BrowserBox box : {BrowserBox::Profile, BrowserBox::Second, BrowserBox::Cache}) {
+            form->box(box).setText("D:\\x");
+        }
+        form->usable.Value = 1;
+        form->disableAutoDetect.Value = 1;
+        form->Form_Load();
+        EXPECT_EQ(Detection::boxes(*form), "- D:\\x - 0") << form->Name;
+        EXPECT_EQ(form->disableAutoDetect.Value, 0) << form->Name;
+    }
+}
 
 TEST(BrowserDetection, OfEachBrowserIsSwitchedOffByItsOwnWindow) {
     Detection machine;
@@ -305,6 +382,17 @@ TEST(BrowserDetection, DisabledBoxesKeepTheirStoredTicks) {
     EXPECT_FALSE(machine.options().chkOperaHistory.Enabled);
     EXPECT_EQ(machine.options().chkChromeCache.Value, 1);
     EXPECT_FALSE(machine.options().chkChromeCache.Enabled);
+}
+
+TEST(BrowserDetection, AStoredTickOfTheCacheTurnsItsFurtherBoxOnAgain) {
+    Detection machine;
+    machine.putOptions({{"chkOperaCache", "1"}});
+    EXPECT_TRUE(machine.options().chkOperaINDepthClean.Enabled);
+    for (const forms::CheckBox* box :
+         {&machine.options().chkOperaCache, &machine.options().chkOperaHistory, &machine.options().chkOperaTasks}) {
+        EXPECT_FALSE(box->Enabled) << box->Name;
+    }
+    EXPECT_FALSE(machine.options().chkChromeINDepthClean.Enabled);
 }
 
 TEST(BrowserDetection, ABadStoredNumberEndsTheWindowsLoadAndNotTheSearch) {

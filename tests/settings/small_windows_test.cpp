@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -316,19 +318,33 @@ TEST_F(SmallWindow, EveryBoxThatTasksJoinNamesToEndsInABackslash) {
 }
 
 TEST_F(SmallWindow, ATypedFolderGetsItsBackslashByOk) {
-    auto& opera = program.get<settings::frmOperaDir>();
-    opera.txtOperaFileDir.setText("C:\\o");
-    opera.txtOperaFileLocalDir.setText("C:\\ol\\");
-    opera.cmdOK.Click();
-    EXPECT_EQ(storedValue("frmOperaDir", "txtOperaFileDir"), "C:\\o\\");
-    EXPECT_EQ(storedValue("frmOperaDir", "txtOperaFileLocalDir"), "C:\\ol\\");
-    EXPECT_EQ(storedValue("frmOperaDir", "txtOperaCacheDir"), "<none>");
+    using enum settings::BrowserBox;
+    for (settings::BrowserDirForm* form : std::initializer_list<settings::BrowserDirForm*>{
+             &program.get<settings::frmOperaDir>(), &program.get<settings::frmChromeDir>(),
+             &program.get<settings::frmSafariDir>()}) {
+        const std::string window = form->Name;
+        std::vector<std::string> boxes;
+        for (const settings::BrowserBox box : {Profile, Second, Cache}) {
+            form->box(box).setText("C:\\typed");
+            boxes.push_back(form->box(box).Name);
+        }
+        form->cmdOK.Click();
+        for (const std::string& box : boxes) EXPECT_EQ(storedValue(window, box), "C:\\typed\\") << box;
+    }
     auto& mozilla = program.get<settings::frmMozillaDir>();
     for (forms::TextBox* box : {&mozilla.fileDir, &mozilla.secondDir, &mozilla.cacheDir}) box->setText("C:\\m");
     mozilla.cmdOK.Click();
     for (const char* box : {"txtMozillaFileDir", "txtMozillaFileLocalDir", "txtMozillaCacheDir"}) {
         EXPECT_EQ(storedValue("frmMozillaDir", box), "C:\\m") << box;
     }
+}
+
+TEST_F(SmallWindow, OkAddsNoSecondBackslashAndNoneToAnEmptyBox) {
+    auto& opera = program.get<settings::frmOperaDir>();
+    opera.txtOperaFileLocalDir.setText("C:\\ol\\");
+    opera.cmdOK.Click();
+    EXPECT_EQ(storedValue("frmOperaDir", "txtOperaFileLocalDir"), "C:\\ol\\");
+    EXPECT_EQ(storedValue("frmOperaDir", "txtOperaCacheDir"), "<none>");
 }
 
 // --- start page
