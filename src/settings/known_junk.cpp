@@ -28,9 +28,9 @@ constexpr std::array kKnownFiles{
 };
 
 // Nothing for a browser that was not found: what its boxes still hold is nobody's junk.
-std::string folderOf(Program& program, const char* window, BrowserBox box) {
+BrowserDirForm* knownBrowser(Program& program, const char* window) {
     auto* form = dynamic_cast<BrowserDirForm*>(findWindow(program, window));
-    return form == nullptr || !form->usable.ticked() ? std::string() : usableFolder(program, *form, box);
+    return form == nullptr || !form->usable.ticked() ? nullptr : form;
 }
 
 bool holds(const forms::ListBox& list, const std::string& path) {
@@ -51,14 +51,18 @@ void frmOptions::addKnown(const std::string& path, forms::ListBox& list) {
 
 void frmOptions::addKnownFolders() {
     for (const char* window : kBrowsers) {
-        const std::string folder = folderOf(program_, window, BrowserBox::Cache);
+        BrowserDirForm* form = knownBrowser(program_, window);
+        if (form == nullptr) continue;
+        const std::string folder = cacheToEmpty(program_, *form);
         if (!folder.empty() && program_.platform.files.FolderExists(folder)) addKnown(folder, lstFolders);
     }
 }
 
 void frmOptions::addKnownFiles() {
     for (const char* window : kBrowsers) {
-        const std::string folder = folderOf(program_, window, BrowserBox::Profile);
+        BrowserDirForm* form = knownBrowser(program_, window);
+        if (form == nullptr) continue;
+        const std::string folder = usableFolder(program_, *form, BrowserBox::Profile);
         if (folder.empty()) continue;
         for (const KnownFile& known : kKnownFiles) {
             if (std::string_view(known.window) != window) continue;

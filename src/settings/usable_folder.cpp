@@ -37,6 +37,20 @@ constexpr std::array kNoProfiles{
     NoProfile{TaskPage::Safari, Cache, "\\Apple Computer"},
 };
 
+// A folder in which every other one is a whole profile, of whatever browser.
+struct ProfilesFolder {
+    int data;
+    const char* folder;
+};
+constexpr std::array kProfilesFolders{
+    ProfilesFolder{csidl::AppData, "\\Mozilla\\FireFox\\Profiles"},
+    ProfilesFolder{csidl::AppData, "\\Opera"},
+    ProfilesFolder{csidl::AppData, "\\Google\\Chrome\\User Data"},
+    ProfilesFolder{csidl::LocalAppData, "\\Google\\Chrome\\User Data"},
+    ProfilesFolder{csidl::AppData, "\\Apple Computer"},
+    ProfilesFolder{csidl::LocalAppData, "\\Apple Computer"},
+};
+
 bool isSeparator(char sign) {
     return sign == '\\' || sign == '/';
 }
@@ -77,26 +91,49 @@ bool samePlace(const WindowsPath& a, const WindowsPath& b) {
     return a.names.size() == b.names.size() && holds(a, b);
 }
 
+// Of Safari's cache folder one file goes, of the others' all that is in it.
+bool isEmptied(const BrowserDirForm& form, BrowserBox box) {
+    return box == Cache && form.page() != TaskPage::Safari;
+}
+
+// What is emptied may be no profile of another browser either.
+bool concerns(const NoProfile& row, const BrowserDirForm& form, BrowserBox box) {
+    return row.box == box && (row.page == form.page() || isEmptied(form, box));
+}
+
+bool isWholeProfile(Program& program, WindowsPath path) {
+    path.names.pop_back();
+    return std::any_of(kProfilesFolders.begin(), kProfilesFolders.end(), [&](const ProfilesFolder& row) {
+        WindowsPath folder;
+        return ok(platform::parseWindowsPath(program.platform.shell.SpecialFolder(row.data) + row.folder, folder)) &&
+               samePlace(path, folder);
+    });
+}
+
 // By its shape and by where it lies; what the other boxes hold does not count.
 bool isPossibleProfile(Program& program, BrowserDirForm& form, BrowserBox box, WindowsPath& path) {
     if (!isPlainPath(form.box(box).Text(), path)) return false;
     for (const NoProfile& row : kNoProfiles) {
-        if (row.page != form.page() || row.box != box) continue;
+        if (!concerns(row, form, box)) continue;
         for (const int data : {csidl::AppData, csidl::LocalAppData}) {
             if (holds(path, program.platform.shell.SpecialFolder(data) + row.folder)) return false;
         }
     }
-    return true;
+    return !isEmptied(form, box) || !isWholeProfile(program, path);
+}
+
+// By what the other boxes hold.
+bool isCacheAlone(Program& program, BrowserDirForm& form, WindowsPath path) {
+    if (holds(path, form.box(Profile).Text())) return false;
+    WindowsPath second;
+    path.names.pop_back();
+    return isPossibleProfile(program, form, Second, second) || !samePlace(path, second);
 }
 
 bool isUsable(Program& program, BrowserDirForm& form, BrowserBox box) {
     WindowsPath path;
     if (!isPossibleProfile(program, form, box, path)) return false;
-    if (box != Cache) return true;
-    if (holds(path, form.box(Profile).Text())) return false;
-    WindowsPath second;
-    path.names.pop_back();
-    return isPossibleProfile(program, form, Second, second) || !samePlace(path, second);
+    return !isEmptied(form, box) || isCacheAlone(program, form, path);
 }
 
 }  // namespace
@@ -109,6 +146,12 @@ std::string usableFolder(Program& program, BrowserDirForm& form, BrowserBox box)
                              " is no folder of a profile of " + form.browser() + "; nothing is cleaned there.");
     }
     return {};
+}
+
+std::string cacheToEmpty(Program& program, BrowserDirForm& form) {
+    const std::string folder = usableFolder(program, form, Cache);
+    WindowsPath path;
+    return isPlainPath(folder, path) && isCacheAlone(program, form, path) ? folder : std::string();
 }
 
 }  // namespace tidvane::settings

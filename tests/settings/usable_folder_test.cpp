@@ -139,6 +139,74 @@ TEST(UsableFolder, OfTheCacheDoesNotLieDirectlyInARefusedFolder) {
     EXPECT_TRUE(machine.usable("frmMozillaDir", BrowserBox::Cache, firefox + "Profiles\\a\\Cache"));
 }
 
+TEST(UsableFolder, OfTheCacheIsNoProfileOfAnyBrowser) {
+    Folders machine;
+    struct Row {
+        std::string folder;
+        bool usable;
+    };
+    for (const Row& row : {
+             Row{kRoaming + "Mozilla\\FireFox\\Profiles", false},
+             Row{kRoaming + "Mozilla\\FireFox\\Profiles\\second.default", false},
+             Row{kRoaming + "mozilla\\firefox\\PROFILES\\second.default\\", false},
+             Row{kRoaming + "Mozilla\\FireFox\\Profiles\\second.default\\Cache", true},
+             Row{kLocal + "Mozilla\\FireFox\\Profiles\\second.default", true},  // cached things alone
+             Row{kLocal + "Mozilla\\FireFox", false},
+             Row{kRoaming + "Opera\\", false},
+             Row{kRoaming + "Opera\\Opera\\", false},
+             Row{kRoaming + "Opera\\Opera 9", false},
+             Row{kRoaming + "Opera\\Opera 9\\cache4", true},
+             Row{kLocal + "Opera\\Opera", false},
+             Row{kLocal + "Opera\\Opera\\cache", true},
+             Row{kLocal + "Google\\Chrome\\User Data", false},
+             Row{kLocal + "Google\\Chrome\\User Data\\Default", false},
+             Row{kLocal + "Google\\Chrome\\User Data\\Profile 1\\", false},
+             Row{kRoaming + "Google\\Chrome\\User Data\\Profile 1", false},
+             Row{kLocal + "Google\\Chrome\\User Data\\Profile 1\\Cache", true},
+             Row{kRoaming + "Apple Computer", false},
+             Row{kRoaming + "Apple Computer\\Safari", false},
+             Row{kLocal + "Apple Computer\\Safari\\", false},
+             Row{kLocal + "Apple Computer\\Safari\\Webpage Previews", true},
+         }) {
+        for (const char* window : {"frmMozillaDir", "frmOperaDir", "frmChromeDir"}) {
+            EXPECT_EQ(machine.usable(window, BrowserBox::Cache, row.folder), row.usable) << window << row.folder;
+        }
+    }
+    // The other boxes hold profiles, also those of a second browser: only single files go there.
+    EXPECT_TRUE(machine.usable("frmMozillaDir", BrowserBox::Profile, kRoaming + "Opera\\Opera"));
+}
+
+TEST(UsableFolder, MayBeOneForAllThreeBoxesOfSafari) {
+    Folders machine;
+    BrowserDirForm& window = machine.window("frmSafariDir");
+    for (const BrowserBox box : {BrowserBox::Profile, BrowserBox::Second, BrowserBox::Cache}) {
+        window.box(box).setText("D:\\Safari\\");
+    }
+    for (const BrowserBox box : {BrowserBox::Profile, BrowserBox::Second, BrowserBox::Cache}) {
+        EXPECT_EQ(usableFolder(machine.program, window, box), "D:\\Safari\\");
+    }
+    // Only one file goes there. To be emptied it must hold no profile.
+    EXPECT_EQ(cacheToEmpty(machine.program, window), "");
+    window.fileDir.setText("D:\\Profile\\");
+    EXPECT_EQ(cacheToEmpty(machine.program, window), "D:\\Safari\\");
+    EXPECT_TRUE(machine.display.warnings.empty());
+}
+
+TEST(UsableFolder, OfSafarisProfileDoesNotGetIntoTheOwnList) {
+    for (const std::string& profile : {std::string("D:\\Safari\\"), std::string("D:\\Profile\\")}) {
+        Folders machine;
+        machine.putConfig(
+            "[frmSafariDir]\r\nchkSafariDir=1\r\nchkSafariDisableAutoDetect=1\r\n"
+            "txtSafariCacheDir=D:\\Safari\\\r\ntxtSafariFileDir=" +
+            profile + "\r\n");
+        machine.files().putFolder("D:\\Safari");
+        frmOptions& options = machine.options();
+        options.chkActivateOwnFolder.Value = 1;
+        options.chkAutoSearchJunkFolders.Value = 1;
+        EXPECT_EQ(rows(options.lstFolders).size(), profile == "D:\\Safari\\" ? 0U : 1U) << profile;
+    }
+}
+
 TEST(UsableFolder, EachRefusalIsToldOnce) {
     Folders machine;
     for (int times = 0; times < 3; ++times) {
