@@ -19,13 +19,26 @@ void logFolderAndCounts(settings::Program& program, const std::string& name, con
     logCounts(program, name, files, bytes);
 }
 
+namespace {
+
+// Folders, and links to folders by their attribute.
+bool isFolder(settings::Program& program, const platform::FolderEntry& entry, const std::string& path) {
+    if (entry.kind != platform::EntryKind::Link) return entry.kind == platform::EntryKind::Folder;
+    unsigned attributes = 0;
+    return ok(program.platform.files.GetAttributes(path, attributes)) &&
+           (attributes & platform::attribute::Directory) != 0;
+}
+
+}  // namespace
+
 void logFilesIfWanted(settings::Program& program, const std::string& folder) {
     if (!program.get<settings::frmOptions>().chkMoreLogDetails.ticked()) return;
     std::vector<platform::FolderEntry> entries;
     if (!ok(program.platform.files.ReadFolder(folder, entries))) return;
     const std::string prefix = base::withBackslash(folder);
     for (const platform::FolderEntry& entry : entries) {
-        if (entry.kind != platform::EntryKind::Folder) program.report().AddLogLine(prefix + entry.name + " <OK>");
+        const std::string path = prefix + entry.name;
+        if (!isFolder(program, entry, path)) program.report().AddLogLine(path + " <OK>");
     }
 }
 

@@ -63,6 +63,18 @@ TEST_F(FileTasks, ListTheFilesOfTheTopLevelBeforeTheyGo) {
     EXPECT_FALSE(machine.files.has(kTemp + "\\sub"));
 }
 
+TEST_F(FileTasks, ListALinkToAFileAndNoneToAFolder) {
+    options().chkMoreLogDetails.Value = 1;
+    machine.files.putFile("D:\\target\\f", "1");
+    machine.files.putLink(kTemp + "\\to a folder", "D:\\target");
+    machine.files.putLink(kTemp + "\\to a file", "D:\\target\\f");
+    // Both are counted as files.
+    EXPECT_EQ(run(kUserTemp),
+              (std::vector<std::string>{name(kUserTemp) + ": " + kTemp, counts(kUserTemp, 2, "0 Byte"),
+                                        kTemp + "\\to a file <OK>", name(kUserTemp) + " " + text(504) + " <OK>"}));
+    EXPECT_TRUE(machine.files.has("D:\\target\\f"));
+}
+
 TEST_F(FileTasks, ListNothingWithTheBoxGreyed) {
     options().chkMoreLogDetails.Value = 2;
     machine.files.putFile(kTemp + "\\a.tmp", "1");
