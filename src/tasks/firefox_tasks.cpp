@@ -28,7 +28,7 @@ void cleanFirefoxCache(settings::Program& program, const CleaningTask& task) {
         program.report().AddLogLine(name + ": " + jumpLists);
         purge(program, jumpLists);
     }
-    if (options.chkMozillaINDepthCleanOfflineCache.ticked() && files.FolderExists(offline)) {
+    if (options.chkMozillaINDepthCleanOfflineCache.ticked() && folders.known() && files.FolderExists(offline)) {
         logFolderAndCounts(program, name + " (OfflineCache)", offline, offlineCounters.files, offlineCounters.bytes);
         purge(program, offline);
     }

@@ -35,7 +35,7 @@ constexpr std::array kTargets{
     ProfileTarget{41, Profile,      "\\sessionstore.js"},
     ProfileTarget{41, Profile,      "\\sessionstore.bak"},
 
-    // Opera. "sessions" is a folder: only the recycle bin takes it, the other methods leave it where it is.
+    // Opera. "sessions" is a folder: only the recycle bin takes it, the other methods leave it where it is: intended.
     ProfileTarget{42, Profile,      "global.dat"},
     ProfileTarget{42, Profile,      "opera.dir"},
     ProfileTarget{42, Profile,      "sessions"},
@@ -54,7 +54,7 @@ constexpr std::array kTargets{
     ProfileTarget{42, LocalAppData, OPERA "vps\\", Purge},
     ProfileTarget{43, Profile,      "cookies4.dat"},
     ProfileTarget{43, AppData,      WIDGETS "cookies4.dat"},
-    ProfileTarget{43, AppData,      OPERA "pstorage\\psindex.dat"},  // of the roaming folder the index alone
+    ProfileTarget{43, AppData,      OPERA "pstorage\\psindex.dat"},  // of the roaming folder the index alone: intended
     ProfileTarget{43, LocalAppData, OPERA "pstorage\\", Purge},
     ProfileTarget{45, Profile,      "vlink4.dat"},
     ProfileTarget{45, Profile,      "typed_history.xml"},
@@ -72,7 +72,7 @@ constexpr std::array kTargets{
     ProfileTarget{48, Profile,      "Top Sites*"},
     ProfileTarget{51, Profile,      "Current Session"},
     ProfileTarget{51, Profile,      "Last Session"},
-    ProfileTarget{52, Profile,      "Web Data"},  // form entries and search engines too, as the task's name says
+    ProfileTarget{52, Profile,      "Web Data"},  // form entries and search engines too, as the name says: intended
 
     // Safari
     ProfileTarget{55, Cache,        "Cache.db"},

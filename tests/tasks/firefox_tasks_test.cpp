@@ -287,15 +287,28 @@ TEST_F(FirefoxCache, ListsTheFilesOfTheTopLevelBeforeTheyGo) {
 
 TEST_F(FirefoxCache, MeasuresTheOfflineCacheBeforeAnythingGoes) {
     putCaches();
-    // The offline cache inside the cache folder: by the time it is told it is empty.
+    // The offline cache inside the cache folder, which cannot go itself: by the time it is told it is there and empty.
     start();
     window().txtMozillaFileLocalDir.setText(kCacheFolder);
-    put({kCacheFolder + "\\OfflineCache\\x", kCacheFolder + "\\OfflineCache\\y"});
-    method(1);
-    machine.files.lock(kCacheFolder + "\\OfflineCache");  // so that the folder itself outlives the first purge
+    const std::string offline = kCacheFolder + "\\OfflineCache";
+    put({offline + "\\x", offline + "\\y"});
+    machine.files.refuse(offline, platform::operation::Remove, platform::Status::Denied);
     goneWith(true, false);
-    const auto told = std::find(lines.begin(), lines.end(), counts(name(kCache) + " (OfflineCache)", 2));
-    EXPECT_NE(told, lines.end());
+    EXPECT_TRUE(machine.files.hasFolder(offline));
+    EXPECT_TRUE(machine.files.everythingBelow(offline).empty());
+    EXPECT_EQ(lines,
+              (std::vector<std::string>{
+                  name(kCache) + ": " + kCacheFolder, counts(kCache, 5), name(kCache) + " (OfflineCache): " + offline,
+                  counts(name(kCache) + " (OfflineCache)", 2), name(kCache) + " " + text(504) + " <OK>"}));
+}
+
+TEST_F(FirefoxCache, AsksOnceMoreWhetherTheFolderIsKnownBeforeTheOfflineCache) {
+    putCaches();
+    start();
+    // The user takes the tick away while the cache goes.
+    machine.files.before(kCacheFolder + "\\sub", 2, [this] { window().chkMozillaDir.Value = 0; });
+    EXPECT_EQ(goneWith(true, false), contentsOf({"Cache", "jumplistcache", "startupCache"}));
+    EXPECT_FALSE(window().chkMozillaDir.ticked());
 }
 
 TEST_F(FirefoxCache, CountsAFolderThatCannotBeMeasuredAsNothing) {

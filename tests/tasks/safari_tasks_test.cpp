@@ -119,6 +119,19 @@ TEST_F(SafariTasks, AFolderWithoutABackslashIsJoinedWithOne) {
     EXPECT_TRUE(machine.files.has("D:\\SafariCache.db"));
 }
 
+TEST_F(SafariTasks, OneFolderForAllThreeBoxesLosesItsFilesAlone) {
+    const Paths keep{"D:\\Safari\\Bookmarks.plist", "D:\\Safari\\sub\\Cache.db"};
+    put(keep);
+    put({"D:\\Safari\\Cache.db", "D:\\Safari\\Form Values.plist"});
+    for (forms::TextBox* box : {&window().fileDir, &window().secondDir, &window().cacheDir}) {
+        box->setText("D:\\Safari\\");
+    }
+    EXPECT_EQ(run(kCache), cleaned(kCache));
+    EXPECT_EQ(run(kForms), cleaned(kForms));
+    EXPECT_EQ(machine.files.everythingBelow("D:\\Safari"), sorted({keep[0], "D:\\Safari\\sub\\", keep[1]}));
+    EXPECT_TRUE(display.warnings.empty());
+}
+
 // --- history
 
 TEST_F(SafariTasks, HistoryRemovesTheFilesAndEmptiesBothFolders) {
@@ -172,6 +185,23 @@ TEST_F(SafariTasks, HistoryWithoutPagesIsNotFoundAfterAllHasGone) {
     EXPECT_EQ(lines, (std::vector<std::string>{previews() + ": " + kPreviews, counts(previews(), 2),
                                                name(kHistory) + " " + text(499)}));
     expectRow(kHistory, 508, 10);
+}
+
+TEST_F(SafariTasks, HistoryMeasuresBothFoldersBeforeItLooksForEither) {
+    putAll();
+    start();
+    // The first operation on the previews is their measuring. What comes in behind it goes and is not counted.
+    bool came = false;
+    machine.files.before(kLocalProfile + "Webpage Previews", 2, [&] {
+        came = true;
+        put({kPreviews + "late", kPages + "late"});
+    });
+    run(kHistory);
+    EXPECT_TRUE(came);
+    EXPECT_EQ(logLines(), (std::vector<std::string>{previews() + ": " + kPreviews, counts(previews(), 2),
+                                                    name(kHistory) + ": " + kPages, counts(kHistory, 2),
+                                                    name(kHistory) + " " + text(504) + " <OK>"}));
+    EXPECT_TRUE(machine.files.everythingBelow(kPages).empty());
 }
 
 TEST_F(SafariTasks, HistoryRemovesInItsOrder) {
