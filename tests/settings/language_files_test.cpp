@@ -244,6 +244,29 @@ TEST_P(LanguageFile, NamesEveryTaskDifferently) {
     EXPECT_TRUE(faults.empty()) << listed(faults);
 }
 
+// Whoever ticks a task must see by its name what goes besides what he may expect.
+TEST_P(LanguageFile, NamesWhatElseATaskRemoves) {
+    struct Row {
+        int task;
+        std::vector<std::string> english;
+        std::vector<std::string> german;  // in code page 1252
+    };
+    const std::vector<Row> rows{
+        {237, {"form entries"}, {"Formulareintr\xE4ge"}},
+        {240, {"site settings"}, {"Website-Einstellungen"}},
+        {252, {"open tabs", "top sites"}, {"offene Tabs", "meistbesuchte Seiten"}},
+        {256, {"form entries", "search engines"}, {"Formulareintr\xE4ge", "Suchmaschinen"}},
+        {257, {"last session", "page previews"}, {"letzte Sitzung", "Seitenvorschauen"}},
+    };
+    for (const Row& row : rows) {
+        const auto entry = entries_.find(row.task);
+        ASSERT_NE(entry, entries_.end()) << row.task;
+        for (const std::string& words : std::string(GetParam()) == kEnglish ? row.english : row.german) {
+            EXPECT_NE(entry->second.find(words), std::string::npos) << row.task << ": " << entry->second;
+        }
+    }
+}
+
 TEST_P(LanguageFile, NamesEveryRemovalMethodDifferently) {
     const auto faults = faultsOfKeys(entries_, kFirstRemovalMethod, kLastRemovalMethod);
     EXPECT_TRUE(faults.empty()) << listed(faults);
