@@ -47,13 +47,16 @@ const char* driveTypeName(platform::DriveType type) {
 
 int machineCreateCommand(const Options& options, std::ostream& out, std::ostream& err) {
     std::string error;
-    const bool made = options.sample ? createSampleMachine(options.directory, error)
+    const bool made = options.sample ? createSample(options.directory, options.program, error)
                                      : platform::machine::Machine::create(options.directory, error);
     if (!made) {
         err << error << std::endl;
         return exit_status::MachineUnusable;
     }
     out << (options.sample ? "Sample machine" : "Machine") << " created in " << options.directory << std::endl;
+    if (options.sample && !options.program.empty()) {
+        out << "Own lists and ticked plug-ins for it in " << options.program << std::endl;
+    }
     return exit_status::Done;
 }
 

@@ -10,9 +10,12 @@
 #include <map>
 #include <memory>
 #include <system_error>
+#include <vector>
 
 #include "base/text.h"
+#include "console/sample_program.h"
 #include "console/sample_traces.h"
+#include "platform/common/url_cache_builder.h"
 #include "platform/common/utf16.h"
 #include "platform/machine/machine.h"
 #include "platform/machine/machine_files.h"
@@ -26,7 +29,6 @@ namespace machine = platform::machine;
 
 namespace {
 
-constexpr const char* kUser = "Anna";
 constexpr std::uint64_t kFileTimeOf1970 = 116'444'736'000'000'000;
 constexpr std::uint64_t kStepsOfASecond = 10'000'000;
 constexpr std::int64_t kSecondsOfADay = 86'400;
@@ -71,6 +73,30 @@ struct OldBinList {
     }
 };
 
+// What becomes one index of the browser's cache.
+struct Store {
+    std::vector<std::string> folders;
+    std::vector<platform::UrlCacheItem> items;
+
+    // Without its times. The folder of the file joins the others.
+    platform::UrlCacheItem add(const SampleUrl& from) {
+        namespace type = platform::url_cache_type;
+        platform::UrlCacheItem item;
+        item.url = from.url;
+        item.size = from.bytes;
+        if (base::startsWithNoCase(item.url, "Cookie:")) item.type |= type::Cookie;
+        if (base::startsWithNoCase(item.url, "Visited:") || item.url.front() == ':') item.type |= type::History;
+        const std::string file = from.file;
+        const std::size_t slash = file.find('/');
+        item.file = slash == std::string::npos ? file : file.substr(slash + 1);
+        if (slash == std::string::npos) return item;
+        const auto found = std::find(folders.begin(), folders.end(), file.substr(0, slash));
+        item.folder = static_cast<std::size_t>(found - folders.begin());
+        if (found == folders.end()) folders.push_back(file.substr(0, slash));
+        return item;
+    }
+};
+
 class Sample {
 public:
     Sample(fs::path directory, machine::Machine& opened)
@@ -81,11 +107,14 @@ public:
 
     bool fill(std::string& problem) {
         for (const SampleFile& file : sampleFiles()) put(file.path, file.bytes, file.ageDays);
+        for (const SampleText& file : sampleTexts()) put(file.path, std::string(file.text), file.ageDays);
+        for (const SampleFolder& folder : sampleFolders()) make(place(folder.path));
         for (const SampleLink& link : sampleLinks()) {
             make(place(link.path).parent_path());
             if (!failure_) fs::create_symlink(link.target, place(link.path), failure_);
         }
         fillBins();
+        fillStores();
         if (!failure_) setAttributes();
         setValues();
         if (failure_) problem = failure_.message();
@@ -94,7 +123,7 @@ public:
 
 private:
     std::string filled(const char* text) const {
-        std::string result = base::replaceAll(text, "<user>", kUser);
+        std::string result = base::replaceAll(text, "<user>", kSampleUser);
         return base::replaceAll(result, "<sid>", machine_.registry().userSid());
     }
     fs::path place(const std::string& path) const { return directory_ / filled(path.c_str()); }
@@ -157,6 +186,22 @@ private:
         for (const auto& [folder, list] : lists) put(folder + "/INFO2", list.bytes(), 1);
     }
 
+    // The indexes of the browser's cache, and the files that they know.
+    void fillStores() {
+        std::map<std::string, Store> stores;
+        for (const SampleUrl& url : sampleUrls()) {
+            platform::UrlCacheItem item = stores[url.store].add(url);
+            item.lastAccess = fileTime(url.ageDays);
+            item.lastModified = item.lastAccess;
+            item.fileWritten = item.lastAccess;
+            stores[url.store].items.push_back(std::move(item));
+            if (*url.file != '\0') put(std::string(url.store).append("/").append(url.file), url.bytes, url.ageDays);
+        }
+        for (const auto& [folder, store] : stores) {
+            put(folder + "/index.dat", platform::makeUrlCacheIndex(store.folders, store.items), 0);
+        }
+    }
+
     // Through the machine's own files, which know where a host keeps the bits of Windows. A host that cannot keep them
     // leaves an ordinary file.
     void setAttributes() {
@@ -193,7 +238,7 @@ private:
 
 bool createSampleMachine(const std::string& directory, std::string& error) {
     machine::NewMachine description;
-    description.user = kUser;
+    description.user = kSampleUser;
     description.computer = "SAMPLE";
     if (!machine::Machine::create(directory, error, description)) return false;
     const auto opened = machine::Machine::open(directory, machine::Machine::Access::Write, error);
@@ -203,6 +248,12 @@ bool createSampleMachine(const std::string& directory, std::string& error) {
     error = "The sample machine in \"" + directory + "\" could not be filled: " + problem +
             ". Remove the directory, and try again where there is room.";
     return false;
+}
+
+bool createSample(const std::string& directory, const std::string& program, std::string& error) {
+    // Asked first, so that there is no machine either when it is said what stands in the way.
+    if (!program.empty() && !isNewProgramFolder(program, error)) return false;
+    return createSampleMachine(directory, error) && (program.empty() || createSampleProgram(program, error));
 }
 
 }  // namespace tidvane::console

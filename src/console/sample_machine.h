@@ -9,4 +9,8 @@ namespace tidvane::console {
 // sentence.
 bool createSampleMachine(const std::string& directory, std::string& error);
 
+// The same with a program folder that goes with it; none where `program` is empty. A folder that holds anything is
+// refused, and nothing is made.
+bool createSample(const std::string& directory, const std::string& program, std::string& error);
+
 }  // namespace tidvane::console

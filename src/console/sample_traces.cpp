@@ -2,187 +2,65 @@
 
 #include <array>
 
+#include "console/sample_trace_tables.h"
+
 namespace tidvane::console {
 
 namespace {
 
-namespace attribute = platform::attribute;
-using enum Fate;
-using enum SampleHive;
-
-#define WINDOWS "drive_c/Windows/"
-#define PROFILE "drive_c/Users/<user>/"
-#define LOCAL PROFILE "AppData/Local/"
-#define ROAMING PROFILE "AppData/Roaming/"
-
 // clang-format off
-constexpr std::array kFiles{
-    // Temporary files of the system. Beside them: what bears a similar name and is none.
-    SampleFile{WINDOWS "Temp/TMP0001.tmp",                            48'213,  2, Goes},
-    SampleFile{WINDOWS "Temp/TMP0002.tmp",                           131'072, 12, Goes},
-    SampleFile{WINDOWS "Temp/~DF3A1C.tmp",                            16'384, 45, Goes},
-    SampleFile{WINDOWS "Temp/setup.log",                               7'420, 30, Goes},
-    SampleFile{WINDOWS "Temp/MsiInstall/setup.cab",               67'108'864, 31, Goes},
-    SampleFile{WINDOWS "Temp/MsiInstall/data/lang/deutsch.ini",          812, 31, Goes},
-    SampleFile{WINDOWS "Temp/MsiInstall/data/locked.dll",             22'016, 31, Goes,  attribute::ReadOnly},
-    SampleFile{WINDOWS "Temp/MsiInstall/data/state.dat",               1'024, 31, Goes,  attribute::Hidden},
-    // A file of its own that is read-only or hidden stays, as it does on Windows; inside a folder it goes with it.
-    SampleFile{WINDOWS "Temp/keep-readonly.txt",                         120, 90, Stays, attribute::ReadOnly},
-    SampleFile{WINDOWS "Temp/keep-hidden.txt",                           120, 90, Stays, attribute::Hidden},
-    SampleFile{WINDOWS "Temporary.txt",                                   64, 90, Stays},
-    SampleFile{WINDOWS "win.ini",                                        403, 90, Stays},
-    SampleFile{WINDOWS "System32/drivers/etc/hosts",                     824, 90, Stays},
-
-    // Temporary files of the user.
-    SampleFile{LOCAL "Temp/~WRS0001.tmp",                             24'576,  1, Goes},
-    SampleFile{LOCAL "Temp/Größe und Übersicht.tmp",                   9'216,  3, Goes},
-    SampleFile{LOCAL "Temp/download.part",                        25'165'824,  8, Goes},
-    SampleFile{LOCAL "Temp/7zS4F21/setup.exe",                       393'216, 15, Goes},
-    SampleFile{LOCAL "Temp/7zS4F21/readme.txt",                        2'211, 15, Goes},
-    SampleFile{LOCAL "Temp/Rar$DIa0.417/Bewerbung.doc",               45'056, 60, Goes},
-    SampleFile{LOCAL "Temporary Work/thesis.doc",                     88'064,  1, Stays},
-
-    // What programs were started, and when.
-    SampleFile{WINDOWS "Prefetch/NOTEPAD.EXE-336351A9.pf",            14'226,  1, Goes},
-    SampleFile{WINDOWS "Prefetch/WINWORD.EXE-37F6B2E1.pf",            88'940,  2, Goes},
-    SampleFile{WINDOWS "Prefetch/SETUP.EXE-1A2B3C4D.pf",              31'402, 31, Goes},
-    SampleFile{WINDOWS "Prefetch/Layout.ini",                        104'448,  4, Goes},
-    SampleFile{WINDOWS "Prefetch/ReadyBoot/Trace1.fx",               524'288,  3, Goes},
-    SampleFile{WINDOWS "PrefetchNotes.txt",                              200,  3, Stays},
-
-    // Documents that were opened lately, as an English and a German Office note them.
-    SampleFile{ROAMING "Microsoft/Office/Recent/Budget 2009.xls.LNK",    612,  0, Goes},
-    SampleFile{ROAMING "Microsoft/Office/Recent/Letter.doc.LNK",         587,  6, Goes},
-    SampleFile{ROAMING "Microsoft/Office/Recent/index.dat",            1'204,  0, Goes},
-    SampleFile{ROAMING "Microsoft/Office/Zuletzt verwendet/Gehälter.xls.LNK", 640, 40, Goes},
-    SampleFile{ROAMING "Microsoft/Office/Zuletzt verwendet/Kündigung.doc.LNK", 655, 400, Goes},
-    SampleFile{ROAMING "Microsoft/Office/Word11.pip",                  1'988, 70, Stays},
-    SampleFile{ROAMING "Microsoft/Windows/Recent/Letter.lnk",            702,  6, Stays},
-    SampleFile{ROAMING "Microsoft/Windows/Recent/Holiday.lnk",           711, 90, Stays},
-
-    // What people keep.
-    SampleFile{PROFILE "Documents/Letter.doc",                        31'744,  6, Stays},
-    SampleFile{PROFILE "Documents/Budget 2009.xls",                   54'272,  0, Stays},
-    SampleFile{PROFILE "Documents/Schöne Grüße.txt",                     412, 20, Stays},
-    SampleFile{PROFILE "Pictures/Holiday.jpg",                       921'600, 90, Stays},
-    SampleFile{PROFILE "Desktop/Temp.lnk",                               480, 12, Stays},
-    SampleFile{PROFILE "Favorites/News.url",                             118, 12, Stays},
-    SampleFile{"drive_c/Temp/project.txt",                             1'500, 10, Stays},
-    SampleFile{"drive_c/Program Files/Common Files/readme.txt",          300, 300, Stays},
-    SampleFile{"outside/keep.txt",                                     2'048, 10, Stays},
-    SampleFile{"outside/folder/keep too.txt",                          2'048, 10, Stays},
-
-    // Bins of other users, and what Windows keeps in a bin for itself.
-    SampleFile{"drive_c/$Recycle.Bin/S-1-5-21-9-9-9-1001/$RKEEP01.txt", 4'096, 10, Stays},
-    SampleFile{"drive_c/$Recycle.Bin/<sid>/desktop.ini",                 129, 300, Stays, attribute::Hidden | attribute::System},
-};
-
-// Links that lead out of the machine or elsewhere in it: the link goes, what it leads to is never touched.
-constexpr std::array kLinks{
-    SampleLink{WINDOWS "Temp/outside", "../../../outside", Goes},
-    SampleLink{WINDOWS "Temp/outside file.txt", "../../../outside/keep.txt", Goes},
-    SampleLink{LOCAL "Temp/MyDocuments", "../../../Documents", Goes},
-    SampleLink{LOCAL "Temp/7zS4F21/up", "..", Goes},
-    SampleLink{LOCAL "Temp/lost", "nowhere/at all", Goes},
-    // Out of the machine's directory, to a part of the host that no one can remove.
-    SampleLink{WINDOWS "Temp/host", "/proc/sys", Goes},
-    SampleLink{PROFILE "My Documents", "Documents", Stays},
-    // As in most prefixes; no drive of the machine.
-    SampleLink{"dosdevices/z:", "/", Stays},
-};
-
-constexpr std::array kUnits{
-    // Windows Vista to 8.1, and Windows 10.
-    SampleUnit{"drive_c/$Recycle.Bin/<sid>", "$RQ4X7ZL.txt", "C:\\Users\\<user>\\Desktop\\old notes.txt",      18'432,  5, 1},
-    SampleUnit{"drive_c/$Recycle.Bin/<sid>", "$R8K2M0V.jpg", "C:\\Users\\<user>\\Pictures\\blurred.jpg",      655'360,  9, 1},
-    SampleUnit{"drive_c/$Recycle.Bin/<sid>", "$RT61PAB.doc", "C:\\Users\\<user>\\Documents\\Entwurf für Jörg.doc", 40'960, 2, 2},
-    // Windows 2000 and XP on NTFS, and on FAT.
-    SampleUnit{"drive_c/RECYCLER/<sid>",     "Dc1.txt",      "C:\\Documents\\list.txt",                         2'048, 700, 0},
-    SampleUnit{"drive_c/RECYCLER/<sid>",     "Dc2.bmp",      "C:\\Documents\\drawing.bmp",                    196'662, 690, 0},
-    SampleUnit{"drive_c/RECYCLED",           "DC1.DOC",      "C:\\MYDOCU~1\\OLD.DOC",                          25'600, 900, 0},
-};
-
-#define EXPLORER "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\"
-#define APPLETS "Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\"
-#define ACMRU "Software\\Microsoft\\Search Assistant\\ACMru\\"
-#define MEDIAPLAYER "Software\\Microsoft\\MediaPlayer\\"
-
-constexpr std::array kValues{
-    // Opened documents
-    SampleValue{User, EXPLORER "RecentDocs",            "0", "Letter.doc", Goes},
-    SampleValue{User, EXPLORER "RecentDocs",            "MRUListEx", "0", Goes},
-    SampleValue{User, EXPLORER "RecentDocs\\.doc",      "0", "Letter.doc", Goes},
-    SampleValue{User, EXPLORER "RecentDocs\\.xls",      "0", "Budget 2009.xls", Goes},
-    SampleValue{User, EXPLORER "RecentDocs\\Folder",    "0", "Documents", Goes},
-    // Searches for files, words and computers
-    SampleValue{User, EXPLORER "Doc Find Spec MRU",     "a", "*.mp3", Goes},
-    SampleValue{User, ACMRU "5603",                     "000", "letter", Goes},
-    SampleValue{User, ACMRU "5603",                     "001", "Kündigung", Goes},
-    SampleValue{User, ACMRU "5604",                     "000", "salary", Goes},
-    SampleValue{User, ACMRU "5647",                     "000", "FILESERVER", Goes},
-    SampleValue{User, ACMRU "5001",                     "000", "tidvane", Goes},
-    SampleValue{User, EXPLORER "FindComputerMRU",       "a", "OFFICE-PC", Goes},
-    // Run box
-    SampleValue{User, EXPLORER "RunMRU",                "a", "regedit\\1", Goes},
-    SampleValue{User, EXPLORER "RunMRU",                "b", "cmd\\1", Goes},
-    SampleValue{User, EXPLORER "RunMRU",                "MRUList", "ba", Goes},
-    // Last key of the registry editor, its favourites included
-    SampleValue{User, APPLETS "Regedit",                "LastKey", "Computer\\HKEY_CURRENT_USER\\Software", Goes},
-    SampleValue{User, APPLETS "Regedit\\Favorites",     "Run", "HKEY_CURRENT_USER\\Software\\Microsoft", Goes},
-    // File dialogs
-    SampleValue{User, EXPLORER "ComDlg32\\OpenSaveMRU\\doc",          "a", "C:\\Users\\<user>\\Documents\\Letter.doc", Goes},
-    SampleValue{User, EXPLORER "ComDlg32\\OpenSavePidlMRU\\*",        "0", "Letter.doc", Goes},
-    SampleValue{User, EXPLORER "ComDlg32\\FirstFolder",               "0", "notepad.exe", Goes},
-    SampleValue{User, EXPLORER "ComDlg32\\CIDSizeMRU",                "0", "notepad.exe", Goes},
-    SampleValue{User, EXPLORER "ComDlg32\\LastVisitedMRU",            "a", "winword.exe", Goes},
-    SampleValue{User, EXPLORER "ComDlg32\\LastVisitedPidlMRU",        "0", "winword.exe", Goes},
-    SampleValue{User, EXPLORER "ComDlg32\\LastVisitedPidlMRULegacy",  "0", "winword.exe", Goes},
-    // Started programs
-    SampleValue{User, EXPLORER "UserAssist\\{CEBFF5CD-ACE2-4F4F-9178-9926F41749EA}\\Count", "Abgrcnq.rkr", "2", Goes},
-    SampleValue{User, EXPLORER "UserAssist\\{F4E57C4B-2036-45F0-A9AB-443BCFE33D9F}\\Count", "Jbeq.yax", "5", Goes},
-    // Dialled addresses
-    SampleValue{Machine, "SOFTWARE\\Microsoft\\RAS AutoDial\\Addresses\\192.168.1.1", "Network", "1", Goes},
-    SampleValue{Machine, "SOFTWARE\\Microsoft\\RAS AutoDial\\Addresses\\example.org", "Network", "1", Goes},
-    // Lists of programs
-    SampleValue{User, APPLETS "Wordpad\\Recent File List", "File1", "C:\\Users\\<user>\\Documents\\Letter.rtf", Goes},
-    SampleValue{User, APPLETS "Paint\\Recent File List",   "File1", "C:\\Users\\<user>\\Pictures\\drawing.bmp", Goes},
-    SampleValue{User, MEDIAPLAYER "Player\\RecentFileList", "File0", "C:\\Music\\song.mp3", Goes},
-    SampleValue{User, MEDIAPLAYER "Player\\RecentURLList",  "URL0", "http://radio.example.org/", Goes},
-    SampleValue{User, MEDIAPLAYER "AutoComplete\\MediaEdit", "0", "song", Goes},
-    SampleValue{User, MEDIAPLAYER "Radio\\MRUList",         "0", "Radio Example", Goes},
-    // Order of menus
-    SampleValue{User, EXPLORER "MenuOrder\\Start Menu\\Programs", "Order", "1", Goes},
-    SampleValue{User, EXPLORER "MenuOrder\\Favorites\\Links",     "Order", "1", Goes},
-
-    // Neighbours that are none of any task's business.
-    SampleValue{User, EXPLORER "Advanced",              "Hidden", "1", Stays},
-    SampleValue{User, EXPLORER "ComDlg32",              "Keep", "1", Stays},
-    SampleValue{User, EXPLORER "RunMRUx",               "a", "keep", Stays},
-    SampleValue{User, APPLETS "Wordpad\\Options",       "Wrap", "1", Stays},
-    SampleValue{User, APPLETS "Paint\\View",            "Zoom", "100", Stays},
-    SampleValue{User, MEDIAPLAYER "Preferences",        "Volume", "50", Stays},
-    SampleValue{User, "Software\\Example\\Editor",      "Font", "Courier New", Stays},
-    SampleValue{Machine, "SOFTWARE\\Microsoft\\RAS AutoDial\\Control", "Enabled", "1", Stays},
-    SampleValue{Machine, "SOFTWARE\\Example\\Editor",   "Path", "C:\\Program Files\\Editor", Stays},
+constexpr std::array kGroups{
+    SampleGroup{taken_by::Search,   "search",  ""},
+    SampleGroup{taken_by::Custom,   "custom",  ""},
+    SampleGroup{taken_by::Windows,  "windows", ""},
+    SampleGroup{taken_by::Explorer, "ie",      "chkIEIndexDatFiles"},
+    SampleGroup{taken_by::Firefox,  "firefox", "chkMozillaINDepthCleanOfflineCache chkMozillaINDepthCleanTestPilotErrorLogs"},
+    SampleGroup{taken_by::Opera,    "opera",   "chkOperaINDepthClean"},
+    SampleGroup{taken_by::Chrome,   "chrome",  "chkChromeINDepthClean"},
+    SampleGroup{taken_by::Safari,   "safari",  "chkSafariSavedForms"},
+    SampleGroup{taken_by::Office,   "office",  ""},
+    SampleGroup{taken_by::PlugIns,  nullptr,   ""},
 };
 // clang-format on
 
+// In the order in which they are made.
+constexpr std::array kParts{windowsTraces, internetExplorerTraces, firefoxTraces, operaTraces,  chromeTraces,
+                            safariTraces,  officeTraces,           plugInTraces,  ownListTraces};
+
+template <class Row>
+std::vector<Row> joined(std::span<const Row> SampleTables::*table) {
+    std::vector<Row> all;
+    for (const auto part : kParts) {
+        const std::span<const Row> rows = part().*table;
+        all.insert(all.end(), rows.begin(), rows.end());
+    }
+    return all;
+}
+
 }  // namespace
 
-std::span<const SampleFile> sampleFiles() {
-    return kFiles;
+std::span<const SampleGroup> sampleGroups() {
+    return kGroups;
 }
 
-std::span<const SampleLink> sampleLinks() {
-    return kLinks;
+const std::vector<SampleFile>& sampleFiles() {
+    static const std::vector<SampleFile> kAll = joined(&SampleTables::files);
+    return kAll;
 }
 
-std::span<const SampleUnit> sampleUnits() {
-    return kUnits;
+const std::vector<SampleText>& sampleTexts() {
+    static const std::vector<SampleText> kAll = joined(&SampleTables::texts);
+    return kAll;
 }
 
-std::span<const SampleValue> sampleValues() {
-    return kValues;
+const std::vector<SampleFolder>& sampleFolders() {
+    static const std::vector<SampleFolder> kAll = joined(&SampleTables::folders);
+    return kAll;
+}
+
+const std::vector<SampleValue>& sampleValues() {
+    static const std::vector<SampleValue> kAll = joined(&SampleTables::values);
+    return kAll;
 }
 
 }  // namespace tidvane::console

@@ -1,100 +1,97 @@
 #include "console/sample_machine.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <ctime>
 #include <filesystem>
 
+#include "app/all_windows.h"
 #include "base/text.h"
-#include "console/commands.h"
-#include "console/sample_traces.h"
-#include "platform/machine/machine_platform.h"
-#include "support/host_directory.h"
+#include "console/console_display.h"
+#include "console/sample_fixture.h"
+#include "settings/frmOptions.h"
+#include "settings/own_entries.h"
+#include "tasks/internet_explorer_tasks.h"
+#include "tasks/office_tasks.h"
+#include "tasks/profile_file_task.h"
 #include "tasks/windows_tasks.h"
+#include "tools/frmIECache.h"
 
 namespace tidvane::console {
 namespace {
 
 namespace fs = std::filesystem;
-namespace machine = platform::machine;
 
-class SampleMachine : public ::testing::Test {
+class SampleMachine : public SampleFixture {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(createSampleMachine(here / "machine", error)) << error;
-        fs::copy(TIDVANE_SOURCE_DIR "/data", here / "program", fs::copy_options::recursive);
-    }
-
-    void open() {
-        auto opened = machine::Machine::open(here / "machine", machine::Machine::Access::Write, error);
-        ASSERT_NE(opened, nullptr) << error;
-        platform = machine::MachinePlatform::make(std::move(opened), {here / "program", "", {}}, error);
-        ASSERT_NE(platform, nullptr) << error;
-    }
-    void clean(int method) {
-        open();
-        std::ostringstream out;
-        std::ostringstream err;
-        Session session{
-            platform->platform(), "sample", out, err, [&](std::string& e) { return ok(platform->commit(e)); }, {}};
-        Options options;
-        options.method = method;
-        options.tick = {"windows"};
-        options.set = {"txtPurgeSpeed=0"};
-        ASSERT_EQ(runCommand(session, options), exit_status::Done) << err.str();
-        platform.reset();
-        open();
-    }
-    bool there(const std::string& path) const {
-        return fs::symlink_status(here / ("machine/" + filled(path))).type() != fs::file_type::not_found;
-    }
-    std::string filled(const std::string& path) const {
-        return base::replaceAll(base::replaceAll(path, "<user>", "Anna"), "<sid>", "S-1-5-21-0-0-0-1000");
-    }
-    bool hasValue(const SampleValue& value) {
+    bool hasKey(platform::HKey root, const std::string& key, const std::string& subKey = {}) {
         platform::RegistryTree& tree = platform->machine().registry().tree();
-        const std::string root = value.hive == SampleHive::User ? "User\\" + tree.userSid() + "\\" : "Machine\\";
-        const auto key = tree.find(root + value.key);
-        return key != nullptr && key->findValue(value.name) != nullptr;
+        std::string path = root == platform::HKEY_CURRENT_USER_ ? "User\\" + tree.userSid() + "\\" : "Machine\\";
+        path += key;
+        if (!subKey.empty()) path += "\\" + subKey;
+        const auto found = tree.find(path);
+        return found != nullptr && (!found->values().empty() || !found->children().empty());
     }
-    // Hidden files can be told from others only where the host keeps the bits of Windows.
-    bool keepsAttributes() {
-        unsigned bits = 0;
-        (void)platform->files().GetAttributes("C:\\Windows\\Temp\\keep-hidden.txt", bits);
-        return (bits & platform::attribute::Hidden) != 0;
+    bool hasEntryEndingIn(const SampleState& all, const std::string& end) const {
+        return std::any_of(all.begin(), all.end(), [&](const auto& entry) { return entry.first.ends_with(end); });
     }
-
-    tests::HostDirectory here;
-    std::string error;
-    std::unique_ptr<machine::MachinePlatform> platform;
 };
 
 TEST_F(SampleMachine, HoldsTracesForEveryRegistryTask) {
     open();
-    platform::RegistryTree& tree = platform->machine().registry().tree();
-    for (const tasks::RegistryTarget& target : tasks::windowsRegistryTargets()) {
-        const std::string root =
-            target.root == platform::HKEY_CURRENT_USER_ ? "User\\" + tree.userSid() + "\\" : "Machine\\";
-        const auto key = tree.find(root + target.key);
-        ASSERT_NE(key, nullptr) << target.key;
-        EXPECT_TRUE(!key->values().empty() || !key->children().empty()) << target.key;
+    for (const auto targets : {tasks::windowsRegistryTargets(), tasks::ieRegistryTargets()}) {
+        for (const tasks::RegistryTarget& target : targets) {
+            EXPECT_TRUE(hasKey(target.root, target.key, target.subKey)) << target.key << " " << target.subKey;
+        }
+    }
+    for (const tasks::OfficeBlock& block : tasks::officeBlocks()) {
+        for (const tasks::OfficeKey& key : block.keys) {
+            if (key.key == nullptr) break;
+            EXPECT_TRUE(hasKey(platform::HKEY_CURRENT_USER_, key.key, key.subKey)) << block.label << key.key;
+        }
+    }
+}
+
+TEST_F(SampleMachine, HoldsEveryFileThatTheBrowserTasksLookFor) {
+    const SampleState all = state();
+    for (const tasks::ProfileTarget& target : tasks::profileTargets()) {
+        std::string end = base::lowerCase(base::replaceAll(target.name, "\\", "/"));
+        while (end.ends_with('/') || end.ends_with('*')) end.pop_back();
+        const bool mask = std::string(target.name).ends_with('*');
+        const bool found =
+            mask ? std::any_of(all.begin(), all.end(),
+                               [&](const auto& entry) { return entry.first.find("/" + end) != std::string::npos; })
+                 : hasEntryEndingIn(all, end);
+        EXPECT_TRUE(found) << "step " << target.step << ": " << target.name;
     }
 }
 
 TEST_F(SampleMachine, HoldsEverythingThatItsTablesName) {
-    open();
-    for (const SampleFile& file : sampleFiles()) EXPECT_TRUE(there(file.path)) << file.path;
+    const SampleState all = state();
+    for (const SampleFile& file : sampleFiles()) EXPECT_EQ(all.count(onDisk(file.path)), 1U) << file.path;
+    for (const SampleText& file : sampleTexts()) EXPECT_EQ(all.at(onDisk(file.path)), file.text) << file.path;
+    for (const SampleFolder& folder : sampleFolders()) EXPECT_EQ(all.at(onDisk(folder.path)), "folder") << folder.path;
     for (const SampleLink& link : sampleLinks()) EXPECT_TRUE(there(link.path)) << link.path;
     for (const SampleUnit& unit : sampleUnits()) EXPECT_TRUE(there(std::string(unit.folder) + "/" + unit.name));
-    for (const SampleValue& value : sampleValues()) EXPECT_TRUE(hasValue(value)) << value.key;
+    for (const SampleUrl& url : sampleUrls()) EXPECT_TRUE(there(std::string(url.store) + "/" + url.file)) << url.url;
+    for (const SampleValue& value : sampleValues()) EXPECT_EQ(all.count(inRegistry(value)), 1U) << inRegistry(value);
+}
+
+TEST_F(SampleMachine, NamesNothingTwice) {
+    std::map<std::string, int> names;
+    for (const SampleFile& file : sampleFiles()) ++names[onDisk(file.path)];
+    for (const SampleText& file : sampleTexts()) ++names[onDisk(file.path)];
+    for (const SampleFolder& folder : sampleFolders()) ++names[onDisk(folder.path)];
+    for (const SampleValue& value : sampleValues()) ++names[inRegistry(value)];
+    for (const auto& [name, count] : names) EXPECT_EQ(count, 1) << name;
 }
 
 TEST_F(SampleMachine, CountsItsTimesBackFromNow) {
     const std::time_t now = std::time(nullptr);
     for (const SampleFile& file : sampleFiles()) {
         struct stat info {};
-        ASSERT_EQ(::lstat((here / ("machine/" + filled(file.path))).c_str(), &info), 0) << file.path;
+        ASSERT_EQ(::lstat(place(file.path).c_str(), &info), 0) << file.path;
         EXPECT_NEAR(static_cast<double>(now - info.st_mtime), file.ageDays * 86400.0, 120) << file.path;
         EXPECT_EQ(static_cast<unsigned>(info.st_size), file.bytes) << file.path;
     }
@@ -120,38 +117,104 @@ TEST_F(SampleMachine, ShowsTheUnitsOfEveryBin) {
     EXPECT_EQ(bin.bytes, bytes);
 }
 
+TEST_F(SampleMachine, ShowsTheEntriesOfTheBrowsersCacheWithTheirFiles) {
+    open();
+    platform::Platform services = platform->platform();
+    std::map<std::string, platform::UrlCacheEntry> entries;
+    for (const platform::UrlCacheEntry& entry : services.browserCache.entries()) entries[entry.sourceUrlName] = entry;
+    EXPECT_EQ(entries.size(), sampleUrls().size());
+    for (const SampleUrl& url : sampleUrls()) {
+        ASSERT_EQ(entries.count(url.url), 1U) << url.url;
+        const std::string& local = entries[url.url].localFileName;
+        EXPECT_EQ(local.empty(), *url.file == '\0') << url.url;
+        if (!local.empty()) {
+            EXPECT_TRUE(services.files.FileExists(local)) << local;
+        }
+    }
+}
+
+// Every group has something to do, alone too, and something to leave.
+TEST_F(SampleMachine, HasTracesForEveryGroup) {
+    for (const SampleGroup& group : sampleGroups()) {
+        const auto has = [&](const auto& rows) {
+            return std::any_of(rows.begin(), rows.end(), [&](const auto& row) { return row.takenBy == group.bit; });
+        };
+        EXPECT_TRUE(has(sampleFiles()) || has(sampleValues())) << group.bit;
+    }
+}
+
 TEST_F(SampleMachine, IsRefusedWhereSomethingIsAlready) {
     EXPECT_FALSE(createSampleMachine(here / "machine", error));
     EXPECT_NE(error, "");
     EXPECT_TRUE(there("drive_c/Windows/win.ini"));
 }
 
-class CleanedSample : public SampleMachine, public ::testing::WithParamInterface<int> {};
+class SampleProgram : public SampleFixture {};
 
-TEST_P(CleanedSample, WhatMustGoGoesAndWhatMustStayStays) {
-    clean(GetParam());
-    const bool recycled = GetParam() == 1;
-    for (const SampleFile& file : sampleFiles()) {
-        const bool hidden = (file.attributes & platform::attribute::Hidden) != 0;
-        const bool readOnly = (file.attributes & platform::attribute::ReadOnly) != 0;
-        // A bin takes what lies in a folder whole, read-only or not: only the plain ways leave such files.
-        if (file.fate == Fate::Stays && (readOnly || hidden) && (recycled || !keepsAttributes())) continue;
-        EXPECT_EQ(there(file.path), file.fate == Fate::Stays) << file.path;
-    }
-    for (const SampleLink& link : sampleLinks()) {
-        if (recycled) continue;
-        EXPECT_EQ(there(link.path), link.fate == Fate::Stays) << link.path;
-    }
-    for (const SampleUnit& unit : sampleUnits()) {
-        // Recycling takes the tick off the task that would empty the bin.
-        EXPECT_EQ(there(std::string(unit.folder) + "/" + unit.name), recycled) << unit.name;
-    }
-    for (const SampleValue& value : sampleValues()) EXPECT_EQ(hasValue(value), value.fate == Fate::Stays) << value.key;
-    EXPECT_EQ(here.content("machine/outside/keep.txt").size(), 2048U);
-    EXPECT_EQ(here.content("machine/outside/keep.txt").compare(0, 8, "A sample"), 0) << "never overwritten by a link";
+TEST_F(SampleProgram, BringsListsThatNobodyIsRefused) {
+    open();
+    std::ostringstream nowhere;
+    ConsoleDisplay display(nowhere, false);
+    settings::Program program(platform->platform(), display);
+    app::offerAllWindows(program);
+    auto& options = program.get<settings::frmOptions>();
+    // Read as they are written, and added once more as a user would.
+    const auto expectList = [&](forms::ListBox& list, std::span<const char* const> entries, forms::CheckBox& active,
+                                forms::TextBox& box, controls::isButton& add) {
+        ASSERT_EQ(list.ListCount(), static_cast<int>(entries.size())) << list.Name;
+        active.Value = 1;
+        for (const char* text : entries) {
+            const int row = list.ListCount() - static_cast<int>(entries.size());
+            EXPECT_EQ(list.List(row), filled(text));
+            box.setText(filled(text));
+            add.press();
+            EXPECT_EQ(box.Text(), "") << "refused: " << text;
+        }
+        EXPECT_EQ(list.ListCount(), 2 * static_cast<int>(entries.size()));
+    };
+    expectList(options.lstFolders, sampleOwnFolders(), options.chkActivateOwnFolder, options.txtAddFolderPath,
+               options.cmdAddFolderPath);
+    expectList(options.lstFiles, sampleOwnFiles(), options.chkActivateOwnFiles, options.txtAddFilePath,
+               options.cmdAddFilePath);
+    expectList(options.lstSearchMasks, sampleMasks(), options.chkSearchTasks, options.txtSearchMask,
+               options.cmdAddSearchMask);
+    EXPECT_TRUE(settings::masksThatMatchEveryName(program).empty());
+    EXPECT_TRUE(settings::splitLinesOfLists(program).empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryMethod, CleanedSample, ::testing::Values(0, 1, 2));
+TEST_F(SampleProgram, TicksPlugInsThatAreDelivered) {
+    for (const char* name : samplePlugIns()) {
+        EXPECT_TRUE(fs::exists(here / ("program/PlugIns/" + std::string(name) + ".tdp"))) << name;
+    }
+    const std::string ticks = here.content("program/td_apps.ini");
+    EXPECT_EQ(ticks.find("[PlugIns]\r\n7-Zip history=1\r\n"), 0U) << ticks;
+}
+
+TEST_F(SampleProgram, NeverTouchesAFolderWithSettings) {
+    here.file("mine/td_folders.dat", "C:\\Mine\r\n");
+    EXPECT_FALSE(createSample(here / "another", here / "mine", error));
+    EXPECT_NE(error.find("mine"), std::string::npos) << error;
+    EXPECT_FALSE(here.has("another")) << "no machine either";
+    EXPECT_EQ(here.content("mine/td_folders.dat"), "C:\\Mine\r\n");
+    EXPECT_FALSE(here.has("mine/td_apps.ini"));
+
+    here.file("a file");
+    EXPECT_FALSE(createSample(here / "another", here / "a file", error));
+    EXPECT_FALSE(here.has("another"));
+
+    // The machine's own directory is no longer empty when its turn comes.
+    EXPECT_FALSE(createSample(here / "both", here / "both", error));
+    EXPECT_FALSE(here.has("both/td_apps.ini"));
+}
+
+TEST_F(SampleProgram, FillsAnEmptyFolderAndIsNoMust) {
+    here.folder("empty");
+    EXPECT_TRUE(createSample(here / "second", here / "empty", error)) << error;
+    EXPECT_TRUE(here.has("empty/td_ftypes.dat"));
+    EXPECT_TRUE(here.has("empty/td_ban.dat"));
+    EXPECT_TRUE(createSample(here / "third", "", error)) << error;
+    EXPECT_TRUE(here.has("third/drive_c"));
+}
 
 }  // namespace
 }  // namespace tidvane::console
