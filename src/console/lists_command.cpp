@@ -137,6 +137,7 @@ int Lists::change() {
         return exit_status::Usage;
     }
     std::vector<std::string> lines;
+    lines.reserve(static_cast<std::size_t>(rows().ListCount()));
     for (int row = 0; row < rows().ListCount(); ++row) lines.push_back(rows().List(row));
     if (!platform::ok(settings::writeListFile(program, file, lines))) {
         session_.err << list_->file
@@ -154,8 +155,11 @@ int Lists::change() {
 }
 
 int Lists::run() {
+    if (options_.action != ListsAction::Show) {
+        list_ = &listOf(options_.list);
+        return change();
+    }
     if (!options_.list.empty()) list_ = &listOf(options_.list);
-    if (options_.action != ListsAction::Show) return change();
     show();
     return exit_status::Done;
 }
