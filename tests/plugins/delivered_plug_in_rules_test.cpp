@@ -221,15 +221,31 @@ TEST_F(DeliveredPlugInFiles, TellWhatTheyAreInBothLanguages) {
 }
 
 TEST_F(DeliveredPlugInFiles, WarnOfWhatGoesForGoodWhateverTheRemovalMethodIs) {
+    // What each of the two commands makes of folders, told where it stands and nowhere else.
+    struct Words {
+        const char* command;
+        const char* german;
+        const char* english;
+    };
+    constexpr std::array kFolderWords{
+        Words{"CLEAR_FOLDER",
+              "Unterordner kommen nur bei der L\xF6schmethode Papierkorb dorthin; sonst werden sie sofort endg\xFCltig "
+              "gel\xF6scht, ohne \xFC"
+              "berschrieben zu werden.",
+              "Subfolders go to the recycle bin only when that is the removal method; otherwise they are deleted at "
+              "once and not overwritten."},
+        Words{"DEL_FOLDER", "endg\xFCltig gel\xF6scht, gleich welche L\xF6schmethode",
+              "deleted for good, whatever the removal method"},
+    };
     for (const File& file : files) {
-        bool folders = false;
-        for (const PlugInLine& line : file.section("FILES")) folders = folders || removesFolders(argumentOf(line));
+        std::set<std::string> commands;
+        for (const PlugInLine& line : file.section("FILES")) commands.insert(argumentOf(line).command);
         const std::string german = file.info("Warning");
         const std::string english = file.info("Warning2");
-        if (folders) {
-            EXPECT_NE(german.find("endg\xFCltig gel\xF6scht, gleich welche L\xF6schmethode"), std::string::npos)
-                << file.name;
-            EXPECT_NE(english.find("deleted for good, whatever the removal method"), std::string::npos) << file.name;
+        for (const Words& words : kFolderWords) {
+            const bool wanted = commands.count(words.command) == 1;
+            EXPECT_EQ(german.find(words.german) != std::string::npos, wanted) << file.name << " " << words.command;
+            EXPECT_EQ(english.find(words.english) != std::string::npos, wanted) << file.name << " " << words.command;
         }
         if (!file.section("REGISTRY").empty()) {
             EXPECT_NE(german.find("Registrierung werden immer endg\xFCltig gel\xF6scht"), std::string::npos)
