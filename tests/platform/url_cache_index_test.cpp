@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -415,16 +416,163 @@ TEST(UrlCacheIndex, NoiseBehindTheSignatureIsBorne) {
     }
 }
 
+// --- the cost --------------------------------------------------------------------------------------------------------
+
+// Many times of what is needed where each byte is looked at a few times; with a look at a part of the file for each
+// slot it would be minutes or hours.
+constexpr std::chrono::seconds kAmple{20};
+
+class Clock {
+public:
+    [[nodiscard]] bool isOver() const { return std::chrono::steady_clock::now() - begin_ > kAmple; }
+
+private:
+    std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+};
+
+// An index of the largest size without its tables and records.
+std::string largestIndex() {
+    std::string bytes(kLargestFile, '\0');
+    bytes.replace(0, kWindowsSignature.size(), kWindowsSignature);
+    put32(bytes, kFirstTable, kFirstBlock);
+    return bytes;
+}
+
+void putTable(std::string& bytes, std::size_t start, std::size_t next) {
+    bytes.replace(start, kTableSignature.size(), kTableSignature);
+    put32(bytes, start + kBlocks, kTableBlocks);
+    put32(bytes, start + kNextTable, static_cast<std::uint32_t>(next));
+    for (std::size_t i = 0; i < kTableSlots; ++i) put32(bytes, start + kSlots + i * kSlotSize, kFreeSlot);
+}
+
+void putRecord(std::string& bytes, std::size_t start, std::size_t blocks, std::string_view url) {
+    bytes.replace(start, kRecordSignature.size(), kRecordSignature);
+    put32(bytes, start + kBlocks, static_cast<std::uint32_t>(blocks));
+    put32(bytes, start + kUrlPlace, kTextStart);
+    bytes.replace(start + kTextStart, url.size(), url);
+}
+
+void putSlot(std::string& bytes, std::size_t slot, std::size_t record) {
+    put32(bytes, slot, 0);
+    put32(bytes, slot + kSlotRecord, static_cast<std::uint32_t>(record));
+}
+
+constexpr std::size_t kHostileTables = 2000;
+constexpr std::size_t kTableLength = kTableBlocks * kBlockSize;
+
+// Two thousand tables, the last of them at the end of the file; every slot of all leads to one place behind the others.
+// Returns the place.
+std::size_t putHostileTables(std::string& bytes) {
+    const std::size_t record = kFirstBlock + (kHostileTables - 1) * kTableLength;
+    const std::size_t last = bytes.size() - kTableLength;
+    for (std::size_t table = 0; table < kHostileTables; ++table) {
+        const bool isLast = table + 1 == kHostileTables;
+        const std::size_t start = isLast ? last : kFirstBlock + table * kTableLength;
+        const std::size_t next = table + 2 == kHostileTables ? last : start + kTableLength;
+        putTable(bytes, start, isLast ? 0 : next);
+        for (std::size_t i = 0; i < kTableSlots; ++i) putSlot(bytes, start + kSlots + i * kSlotSize, record);
+    }
+    return record;
+}
+
+std::vector<std::string> urlsReadInTime(const std::string& bytes) {
+    const Clock clock;
+    std::vector<std::string> urls = addresses(bytes);
+    EXPECT_FALSE(clock.isOver());
+    return urls;
+}
+
+TEST(UrlCacheIndex, AHugeRecordWithoutAnEndOfItsAddressIsLookedAtOnce) {
+    std::string bytes = largestIndex();
+    const std::size_t record = putHostileTables(bytes);
+    const std::size_t blocks = (bytes.size() - kTableLength - record) / kBlockSize;
+    putRecord(bytes, record, blocks, std::string(blocks * kBlockSize - kTextStart, 'a'));
+    EXPECT_TRUE(urlsReadInTime(bytes).empty());
+}
+
+TEST(UrlCacheIndex, AHugeAddressThatRunsIntoATableIsLookedAtOnce) {
+    std::string bytes = largestIndex();
+    const std::size_t record = putHostileTables(bytes);
+    const std::size_t room = bytes.size() - kTableLength - record;
+    putRecord(bytes, record, room / kBlockSize + 1, std::string(room - kTextStart - 1, 'a'));
+    EXPECT_TRUE(urlsReadInTime(bytes).empty());
+}
+
+TEST(UrlCacheIndex, AHugeRecordOfAShortAddressThatRunsIntoATableIsLookedAtOnce) {
+    std::string bytes = largestIndex();
+    const std::size_t record = putHostileTables(bytes);
+    const std::size_t room = bytes.size() - kTableLength - record;
+    putRecord(bytes, record, room / kBlockSize + 1, "http://a/");
+    EXPECT_TRUE(urlsReadInTime(bytes).empty());
+    // The longest that stands, and one block more.
+    putRecord(bytes, record, kMostRecordBlocks, "http://a/");
+    EXPECT_EQ(urlsReadInTime(bytes), std::vector<std::string>{"http://a/"});
+    putRecord(bytes, record, kMostRecordBlocks + 1, "http://a/");
+    EXPECT_TRUE(urlsReadInTime(bytes).empty());
+}
+
+TEST(UrlCacheIndex, RecordsOfTheLongestInEveryBlockCostNoMoreThanTheirLength) {
+    // None of them has an end of its address: each block is the begin of another text of 64 KB.
+    std::string bytes = largestIndex();
+    constexpr std::size_t kTables = 270;
+    const std::size_t first = kFirstBlock + kTables * kTableLength;
+    std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(first), bytes.end(), 'a');
+    std::size_t record = first;
+    for (std::size_t table = 0; table < kTables; ++table) {
+        const std::size_t start = kFirstBlock + table * kTableLength;
+        putTable(bytes, start, table + 1 < kTables ? start + kTableLength : 0);
+        for (std::size_t i = 0; i < kTableSlots; ++i, record += kBlockSize) {
+            if (record + kBlockSize > bytes.size()) break;
+            const std::size_t blocks = std::min(kMostRecordBlocks, (bytes.size() - record) / kBlockSize);
+            putRecord(bytes, record, blocks, "a");
+            putSlot(bytes, start + kSlots + i * kSlotSize, record);
+        }
+    }
+    ASSERT_GT(record + kTableSlots * kBlockSize, bytes.size());
+    (void)urlsReadInTime(bytes);
+}
+
 TEST(UrlCacheIndex, TablesInEveryBlockCostNoMoreThanTheFile) {
-    // 15 MB of tables that lead to one another, each slot to a record.
-    std::string bytes = makeUrlCacheIndex({}, {page("http://a/", "a.htm")});
-    bytes.resize(kLargestFile);
-    for (std::size_t start = kFirstBlock; start + kTableBlocks * kBlockSize <= bytes.size(); start += kBlockSize) {
+    // Every block begins a table that leads to the next block: the first stands, the second lies on it and is the end.
+    std::string bytes = largestIndex();
+    const std::size_t record = bytes.size() - 2 * kBlockSize;
+    for (std::size_t start = kFirstBlock; start + kTableLength <= record; start += kBlockSize) {
         bytes.replace(start, 4, kTableSignature);
         put32(bytes, start + kBlocks, kTableBlocks);
         put32(bytes, start + kNextTable, static_cast<std::uint32_t>(start + kBlockSize));
     }
-    EXPECT_TRUE(UrlCacheIndex::read(bytes));
+    putRecord(bytes, record, 1, "http://a/");
+    for (std::size_t i = 0; i < kTableSlots; ++i) {
+        const std::size_t slot = kFirstBlock + kSlots + i * kSlotSize;
+        if ((slot - kFirstBlock) % kBlockSize >= kSlots) putSlot(bytes, slot, record);
+    }
+    EXPECT_EQ(urlsReadInTime(bytes), std::vector<std::string>{"http://a/"});
+}
+
+TEST(UrlCacheIndex, ManyRecordsOfOneAddressAreFoundAndRemovedInTime) {
+    constexpr std::size_t kRecords = 100000;
+    constexpr std::size_t kTables = (kRecords + kTableSlots - 1) / kTableSlots;
+    std::string bytes = largestIndex();
+    const std::size_t first = kFirstBlock + kTables * kTableLength;
+    for (std::size_t table = 0; table < kTables; ++table) {
+        const std::size_t start = kFirstBlock + table * kTableLength;
+        putTable(bytes, start, table + 1 < kTables ? start + kTableLength : 0);
+    }
+    for (std::size_t i = 0; i < kRecords; ++i) {
+        const std::size_t record = first + i * kBlockSize;
+        putRecord(bytes, record, 1, "http://a/");
+        putSlot(bytes, kFirstBlock + i / kTableSlots * kTableLength + kSlots + i % kTableSlots * kSlotSize, record);
+    }
+    const Clock clock;
+    auto index = UrlCacheIndex::read(bytes);
+    ASSERT_TRUE(index);
+    const std::vector<std::size_t> found = index->find("http://a/");
+    ASSERT_EQ(found.size(), kRecords);
+    // From the front, as a list is walked; each look-up behind it must not pass over what is gone.
+    for (const std::size_t record : found) index->remove(record);
+    for (std::size_t i = 0; i < kRecords; ++i) EXPECT_TRUE(index->find("http://a/").empty());
+    EXPECT_FALSE(clock.isOver());
+    EXPECT_TRUE(addresses(index->bytes()).empty());
 }
 
 }  // namespace

@@ -61,6 +61,9 @@ inline constexpr std::uint32_t kDeletedSlot = 1;  // the search for an address g
 inline constexpr std::uint32_t kFreeSlot = 3;     // and ends here
 
 inline constexpr std::string_view kRecordSignature = "URL ";
+// No address and no headers that a server sends need more than 64 KB. Without a bound, records on top of one another
+// make up far more text than the file has.
+inline constexpr std::size_t kMostRecordBlocks = 0x200;
 inline constexpr std::size_t kLastModified = 0x08;  // FILETIME
 inline constexpr std::size_t kLastAccess = 0x10;    // FILETIME
 inline constexpr std::size_t kSize = 0x20;          // 64 bits, of the cached file

@@ -22,19 +22,29 @@ bool isCacheFolderName(std::string_view name) {
     });
 }
 
+namespace {
+
+// Of a block, while reading, with no record that begins there.
+constexpr std::size_t kNotLookedAt = static_cast<std::size_t>(-1);
+constexpr std::size_t kNoRecord = static_cast<std::size_t>(-2);
+
+std::size_t blockOf(std::size_t start) {
+    return (start - kFirstBlock) / kBlockSize;
+}
+
+}  // namespace
+
 std::optional<UrlCacheIndex> UrlCacheIndex::read(std::string bytes) {
     UrlCacheIndex index(std::move(bytes));
     if (!index.hasHeader()) return std::nullopt;
-    index.taken_.resize((index.bytes_.size() - kFirstBlock) / kBlockSize);
+    index.taken_.resize(blockOf(index.bytes_.size()));
+    index.begins_.resize(index.taken_.size(), kNotLookedAt);
     // All tables first, so that no record can lie on one.
     for (const std::size_t table : index.takeTables()) {
-        for (std::size_t i = 0; i < kTableSlots; ++i) {
-            const std::size_t slot = table + kSlots + i * kSlotSize;
-            if ((get32(index.bytes_, slot) & kNoAddressFlag) != 0) continue;
-            index.takeRecord(get32(index.bytes_, slot + kSlotRecord), slot);
-        }
+        for (std::size_t i = 0; i < kTableSlots; ++i) index.takeSlot(table + kSlots + i * kSlotSize);
     }
-    index.taken_.clear();
+    index.taken_ = {};
+    index.begins_ = {};
     return index;
 }
 
@@ -54,12 +64,14 @@ std::size_t UrlCacheIndex::wholeBlocks(std::size_t start, std::string_view signa
     return blocks <= (bytes_.size() - start) / kBlockSize ? blocks : 0;
 }
 
-bool UrlCacheIndex::takeBlocks(std::size_t start, std::size_t count) {
-    const auto first = taken_.begin() + static_cast<std::ptrdiff_t>((start - kFirstBlock) / kBlockSize);
+bool UrlCacheIndex::areFree(std::size_t start, std::size_t count) const {
+    const auto first = taken_.begin() + static_cast<std::ptrdiff_t>(blockOf(start));
     const auto last = first + static_cast<std::ptrdiff_t>(count);
-    if (std::find(first, last, true) != last) return false;
-    std::fill(first, last, true);
-    return true;
+    return std::find(first, last, true) == last;
+}
+
+void UrlCacheIndex::takeBlocks(std::size_t start, std::size_t count) {
+    std::fill_n(taken_.begin() + static_cast<std::ptrdiff_t>(blockOf(start)), count, true);
 }
 
 std::vector<std::size_t> UrlCacheIndex::takeTables() {
@@ -68,28 +80,39 @@ std::vector<std::size_t> UrlCacheIndex::takeTables() {
     for (;;) {
         const std::size_t blocks = wholeBlocks(start, kTableSignature);
         if (blocks * kBlockSize < kSlots + kTableSlots * kSlotSize) return tables;
-        if (!takeBlocks(start, blocks)) return tables;
+        if (!areFree(start, blocks)) return tables;
+        takeBlocks(start, blocks);
         tables.push_back(start);
         start = get32(bytes_, start + kNextTable);
     }
 }
 
-void UrlCacheIndex::takeRecord(std::size_t start, std::size_t slot) {
-    if (const auto known = byStart_.find(start); known != byStart_.end()) {
-        places_[known->second].slots.push_back(slot);
-        return;
+void UrlCacheIndex::takeSlot(std::size_t slot) {
+    if ((get32(bytes_, slot) & kNoAddressFlag) != 0) return;
+    const std::size_t start = get32(bytes_, slot + kSlotRecord);
+    const std::size_t blocks = wholeBlocks(start, kRecordSignature);
+    if (blocks == 0) return;
+    std::size_t& begins = begins_[blockOf(start)];
+    if (begins == kNotLookedAt) {
+        const std::size_t next = records_.size();
+        takeRecord({start, blocks, {}, false});
+        begins = records_.size() > next ? next : kNoRecord;
     }
-    Place place{start, wholeBlocks(start, kRecordSignature), {slot}};
-    if (place.blocks == 0) return;
+    if (begins != kNoRecord) places_[begins].slots.push_back(slot);
+}
+
+// The bound and the blocks come before the texts, which cost most.
+void UrlCacheIndex::takeRecord(Place place) {
+    if (place.blocks > kMostRecordBlocks || !areFree(place.start, place.blocks)) return;
     Record record;
     record.url = textAt(place, kUrlPlace);
-    if (record.url.empty() || !takeBlocks(start, place.blocks)) return;
-    record.type = get32(bytes_, start + kType);
-    record.lastAccess = get64(bytes_, start + kLastAccess);
-    record.size = get64(bytes_, start + kSize);
+    if (record.url.empty()) return;
+    takeBlocks(place.start, place.blocks);
+    record.type = get32(bytes_, place.start + kType);
+    record.lastAccess = get64(bytes_, place.start + kLastAccess);
+    record.size = get64(bytes_, place.start + kSize);
     placeFile(place, record);
-    byStart_.emplace(start, records_.size());
-    byUrl_.emplace(record.url, records_.size());
+    byUrl_[record.url].insert(records_.size());
     records_.push_back(std::move(record));
     places_.push_back(std::move(place));
 }
@@ -122,19 +145,16 @@ void UrlCacheIndex::placeFile(const Place& place, Record& record) const {
 }
 
 std::vector<std::size_t> UrlCacheIndex::find(const std::string& url) const {
-    std::vector<std::size_t> found;
-    const auto [first, last] = byUrl_.equal_range(url);
-    for (auto it = first; it != last; ++it) {
-        if (!places_[it->second].removed) found.push_back(it->second);
-    }
-    std::sort(found.begin(), found.end());
-    return found;
+    const auto found = byUrl_.find(url);
+    if (found == byUrl_.end()) return {};
+    return {found->second.begin(), found->second.end()};
 }
 
 void UrlCacheIndex::remove(std::size_t record) {
     Place& place = places_[record];
     if (place.removed) return;
     place.removed = true;
+    byUrl_[records_[record].url].erase(record);
     for (const std::size_t slot : place.slots) put32(bytes_, slot, kDeletedSlot);
 
     const std::uint64_t size = records_[record].size;
@@ -151,7 +171,7 @@ void UrlCacheIndex::remove(std::size_t record) {
 // The blocks are overwritten: a record that is merely free could still be read.
 void UrlCacheIndex::freeBlocks(const Place& place) {
     std::uint32_t freed = 0;
-    const std::size_t first = (place.start - kFirstBlock) / kBlockSize;
+    const std::size_t first = blockOf(place.start);
     for (std::size_t block = first; block < first + place.blocks; ++block) {
         char& bits = bytes_[kBitmap + block / 8];
         const auto bit = static_cast<char>(1U << block % 8);

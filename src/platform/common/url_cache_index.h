@@ -2,12 +2,14 @@
 //
 // The bytes come from anywhere. Whatever they hold, nothing outside them is read or written, reading ends, and what
 // makes no sense is left out: a record or hash table that is cut off, off its blocks, without an address or on top of
-// another one (the first in the order of the slots stands); a chain of hash tables ends where it comes back to itself.
+// another one (the first in the order of the slots stands), a record longer than any that the cache writes; a chain of
+// hash tables ends where it comes back to itself. Each place is looked at once, however many slots lead to it.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -58,20 +60,24 @@ private:
 
     [[nodiscard]] bool hasHeader() const;
     [[nodiscard]] std::size_t wholeBlocks(std::size_t start, std::string_view signature) const;
-    bool takeBlocks(std::size_t start, std::size_t count);
+    [[nodiscard]] bool areFree(std::size_t start, std::size_t count) const;
+    void takeBlocks(std::size_t start, std::size_t count);
     [[nodiscard]] std::vector<std::size_t> takeTables();
-    void takeRecord(std::size_t start, std::size_t slot);
+    void takeSlot(std::size_t slot);
+    void takeRecord(Place place);
     [[nodiscard]] std::string_view textAt(const Place& place, std::size_t field) const;
     void placeFile(const Place& place, Record& record) const;
     void freeBlocks(const Place& place);
     void lower64(std::size_t at, std::uint64_t by);
 
     std::string bytes_;
-    std::vector<bool> taken_;  // a block each, while reading
+    // A block each, while reading: whether a table or record lies on it, and what was found of a record that begins
+    // there (its number, or that there is none).
+    std::vector<bool> taken_;
+    std::vector<std::size_t> begins_;
     std::vector<Record> records_;
-    std::vector<Place> places_;  // of the record with the same number
-    std::unordered_map<std::size_t, std::size_t> byStart_;
-    std::unordered_multimap<std::string, std::size_t> byUrl_;
+    std::vector<Place> places_;                                     // of the record with the same number
+    std::unordered_map<std::string, std::set<std::size_t>> byUrl_;  // what is not removed
 };
 
 // Whether a name can be that of a file which the cache made in a folder of its own: one name without a path, a drive, a
