@@ -186,7 +186,9 @@ private:
     void openExplorerRow(int row);
     void fillExplorerMenu();
     void connectPlugList();
+    // Nothing is written while the list is being filled: its rows do not show what is stored yet.
     void writePlugTicks(const char* ticked, const char* notTicked);
+    // Once for each fill; where an event got in and has read them already, the ticks that the user sees stand.
     void readPlugTicks();
     void refreshPlugList();
     void selectAllPlugs(bool selected);
@@ -207,6 +209,7 @@ private:
     std::string plugFolder_;
     std::vector<std::string> plugPaths_;
     unsigned plugListFills_ = 0;
+    bool plugTicksUnread_ = true;  // the rows stand, or some of them, without the ticks that are stored
     std::unique_ptr<plugins::dPlugCleaner> plugCleaner_;
     std::string cmdSearchTag_ = "-1";
     TrayRecord trayData_;

@@ -77,6 +77,7 @@ void frmMain::FillPlugList() {
 }
 
 void frmMain::writePlugTicks(const char* ticked, const char* notTicked) {
+    if (plugTicksUnread_) return;
     for (int row = 0; row < LstPlugs.ListCount(); ++row) {
         (void)storePlugTick(program_, plugIniPath_, LstPlugs.List(row), LstPlugs.Selected(row) ? ticked : notTicked);
     }
@@ -84,15 +85,18 @@ void frmMain::writePlugTicks(const char* ticked, const char* notTicked) {
 
 // A text that is no tick leaves its row as it is.
 void frmMain::readPlugTicks() {
+    if (!plugTicksUnread_) return;
     for (int row = 0; row < LstPlugs.ListCount(); ++row) {
         if (const auto tick = storedPlugTick(program_, plugIniPath_, LstPlugs.List(row))) {
             LstPlugs.setSelected(row, *tick);
         }
     }
+    plugTicksUnread_ = false;
 }
 
 void frmMain::refreshPlugList() {
     writePlugTicks("True", "False");
+    plugTicksUnread_ = true;
     LstPlugs.Clear();
     plugFolder_ = plugInFolder(program_);
     FillPlugList();
