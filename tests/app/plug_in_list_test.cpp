@@ -138,6 +138,68 @@ TEST_F(PlugInList, ARefreshTakesWhatCameAndForgetsNoKeyOfWhatHasGone) {
     EXPECT_EQ(ticked(), (Names{"b", "c"}));
 }
 
+TEST_F(PlugInList, ARefreshInsideARefreshKeepsTheStoredTicks) {
+    putPlugs({"a", "b", "c"});
+    main().LstPlugs.setSelected(0, true);
+    main().LstPlugs.setSelected(2, true);
+    machine.events.onPump(2, [this] { main().plugListKeyDown(116); });
+    click("mnuRefreshPlugs");
+    EXPECT_EQ(ticked(), (Names{"a", "c"}));
+    EXPECT_EQ(ticksFile(), "[PlugIns]\r\na=True\r\nb=False\r\nc=True\r\n");
+}
+
+TEST_F(PlugInList, WhatIsTickedBehindARefreshInsideAnotherStands) {
+    putPlugs({"a", "b", "c"});
+    main();
+    machine.events.onPump(2, [this] {
+        main().plugListKeyDown(116);
+        main().LstPlugs.setSelected(1, true);
+    });
+    click("mnuRefreshPlugs");
+    EXPECT_EQ(ticked(), Names{"b"});
+}
+
+TEST_F(PlugInList, TheEndInsideARefreshKeepsTheStoredTicks) {
+    putPlugs({"a", "b", "c"});
+    frmMain& window = main();
+    window.LstPlugs.setSelected(2, true);
+    machine.events.onPump(1, [this] { program.UnloadAllForms(); });
+    window.menu("mnuRefreshPlugs").Click();
+    EXPECT_EQ(ticksFile(), "[PlugIns]\r\na=False\r\nb=False\r\nc=True\r\n") << "as the refresh wrote them";
+}
+
+TEST_F(PlugInList, ARefreshInsideTheFillOfTheStartKeepsTheStoredTicks) {
+    const std::string stored = "[PlugIns]\r\na=1\r\nb=0\r\nc=1\r\n";
+    putPlugs({"a", "b", "c"});
+    machine.files.putFile(inFolder("td_apps.ini"), stored);
+    bool inside = false;
+    machine.events.onPump(2, [this, &inside] {
+        inside = main().LstPlugs.ListCount() == 2;
+        main().plugListKeyDown(116);
+    });
+    EXPECT_EQ(ticked(), (Names{"a", "c"}));
+    EXPECT_TRUE(inside);
+    EXPECT_EQ(rows(), (Names{"a", "b", "c"}));
+    EXPECT_EQ(ticksFile(), stored);
+}
+
+TEST_F(PlugInList, TheEndInsideTheFillOfTheStartKeepsTheStoredTicks) {
+    const std::string stored = "[PlugIns]\r\na=1\r\nb=0\r\nc=1\r\n";
+    putPlugs({"a", "b", "c"});
+    machine.files.putFile(inFolder("td_apps.ini"), stored);
+    machine.events.onPump(2, [this] { program.UnloadAllForms(); });
+    main();
+    EXPECT_EQ(ticksFile(), stored);
+}
+
+TEST_F(PlugInList, BehindTheEndInsideTheFillOfTheStartNothingIsShown) {
+    store({"chkLogTimestamp=1", "txtPurgeSpeed=0", "chkStartClean=1"});
+    putPlugs({"a", "b"});
+    machine.events.onPump(1, [this] { program.UnloadAllForms(); });
+    main();
+    EXPECT_TRUE(display.shown.empty());
+}
+
 TEST_F(PlugInList, TheCommandTellsTheCountFromBeforeAndF5DoesNot) {
     putPlugs({"a"});
     main();
