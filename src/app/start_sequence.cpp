@@ -53,6 +53,8 @@ void StartSequence::run() {
     writeStartLines();
     warnOfAddIns();
     loadPlugIns();
+    // Events get in there. At the end of the program nothing more is written, shown or cleaned.
+    if (program.ended()) return;
     skippingErrors([&] { applyAutostartAtStart(program); });
     noteProtection();
     noteOtherCleaners(program);
