@@ -4,8 +4,8 @@
 
 #include <vector>
 
+#include "platform/common/protected_keys.h"
 #include "platform/common/registry_in_tree.h"
-#include "platform/guard/protected_keys.h"
 
 namespace tidvane::platform {
 namespace {
@@ -18,6 +18,7 @@ protected:
             tree.make("User\\S-1-5-21-0-0-0-1000\\" + std::string(path));
         }
         tree.make("Machine\\Software\\Classes\\.txt");
+        tree.make("Machine\\System\\CurrentControlSet\\Hardware Profiles\\Current\\Software\\x");
         tree.find("User\\S-1-5-21-0-0-0-1000\\Software")->setText("v", "1");
         tree.find("User\\S-1-5-21-0-0-0-1000\\Software\\Product")->setText("v", "1");
     }
@@ -63,6 +64,9 @@ TEST_F(GuardedRegistryTest, RefusesHivesAndFirstLevelKeysAndChangesNothing) {
         {HKEY_USERS_, "s-1-5-21-0-0-0-1000"},
         {HKEY_USERS_, "S-1-5-21-0-0-0-1000\\Software"},
         {0xFFFFFFFF80000001u, "Software"},
+        {HKEY_CURRENT_CONFIG_, ""},
+        {HKEY_CURRENT_CONFIG_, "Software"},
+        {HKEY_CURRENT_CONFIG_, "system\\"},
     };
     std::size_t warned = 0;
     for (const Place& place : places) {
@@ -73,6 +77,7 @@ TEST_F(GuardedRegistryTest, RefusesHivesAndFirstLevelKeysAndChangesNothing) {
         ASSERT_EQ(warnings.size(), warned) << place.path;
         EXPECT_EQ(warnings.back().kind, WarningKind::ProtectedKey);
     }
+    EXPECT_EQ(warnings.back().target, "HKEY_CURRENT_CONFIG\\system");
     EXPECT_EQ(keysBelow(*tree.root()), before);
     EXPECT_EQ(removed.totals.keys, 0u);
 }
@@ -104,6 +109,7 @@ TEST_F(GuardedRegistryTest, LetsEverythingBelowGo) {
     EXPECT_EQ(registry.SHDeleteKeyA(HKEY_CURRENT_USER_, "Software\\Product"), 0);
     EXPECT_EQ(registry.SHDeleteKeyA(HKEY_LOCAL_MACHINE_, "Other"), 0);
     EXPECT_EQ(registry.SHDeleteKeyA(HKEY_CLASSES_ROOT_, ".txt"), 0);
+    EXPECT_EQ(registry.SHDeleteKeyA(HKEY_CURRENT_CONFIG_, "Software\\x"), 0);
     EXPECT_EQ(registry.RegDeleteKeyA(HKEY_LOCAL_MACHINE_, "Software\\Product\\Missing"), 2);
     EXPECT_TRUE(registry.mayClearTree(HKEY_CURRENT_USER_, "Software\\Product"));
     EXPECT_TRUE(warnings.empty());

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/guard/protected_keys.h"
+#include "platform/common/protected_keys.h"
 
 namespace tidvane::platform {
 

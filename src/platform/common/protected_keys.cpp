@@ -1,4 +1,4 @@
-#include "platform/guard/protected_keys.h"
+#include "platform/common/protected_keys.h"
 
 #include <algorithm>
 #include <array>
