@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ostream>
 
+#include "base/text.h"
 #include "platform/common/url_cache_builder.h"
 #include "platform/memory/memory_platform.h"
 
@@ -26,6 +28,15 @@ UrlCacheItem item(const std::string& url, const std::string& file = {},
     made.folder = folder;
     made.size = 5;
     return made;
+}
+
+std::vector<UrlCacheItem> manyPages(int count) {
+    std::vector<UrlCacheItem> items;
+    items.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        items.push_back(item("http://many/" + std::to_string(i), std::to_string(i) + ".htm", 0));
+    }
+    return items;
 }
 
 class BrowserCacheOnFilesTest : public testing::Test {
@@ -53,6 +64,10 @@ protected:
         std::vector<std::string> list;
         for (const UrlCacheEntry& entry : cache.entries()) list.push_back(entry.sourceUrlName);
         return list;
+    }
+
+    BrowserCacheOnFiles cacheWithBound(std::size_t bound) {
+        return {machine.guardedFiles, machine.guardedShell, machine.guardedRegistry, base::CodePage(1252), bound};
     }
 
     bool has(const std::string& path) const { return machine.files.has(path); }
@@ -303,10 +318,7 @@ TEST_F(BrowserCacheOnFilesTest, ManyDeletesThatCannotBeWrittenAreListedAgain) {
 }
 
 TEST_F(BrowserCacheOnFilesTest, TheCostOfManyDeletesDoesNotGrowWithTheIndex) {
-    std::vector<UrlCacheItem> items;
-    items.reserve(2000);
-    for (int i = 0; i < 2000; ++i)
-        items.push_back(item("http://many/" + std::to_string(i), std::to_string(i) + ".htm", 0));
+    const std::vector<UrlCacheItem> items = manyPages(2000);
     put(kPages, {"AAAAAAAA"}, items);
     const std::uint64_t before = machine.files.operations;
     {
@@ -315,6 +327,84 @@ TEST_F(BrowserCacheOnFilesTest, TheCostOfManyDeletesDoesNotGrowWithTheIndex) {
     }
     EXPECT_LT(machine.files.operations - before, 2 * items.size());
     EXPECT_EQ(addresses().size(), kAll.size() - 2);
+}
+
+TEST_F(BrowserCacheOnFilesTest, IndexesBeyondTheBoundAreDoneAtTheEnd) {
+    BrowserCacheOnFiles small = cacheWithBound(1);
+    {
+        const ManyDeletes together(small);
+        EXPECT_TRUE(small.DeleteUrlCacheEntry("http://two/"));
+        EXPECT_TRUE(small.DeleteUrlCacheEntry("http://low/"));
+        EXPECT_FALSE(small.DeleteUrlCacheEntry("http://two/"));
+        EXPECT_FALSE(small.DeleteUrlCacheEntry("http://three/"));
+        EXPECT_TRUE(has(kPages + "\\BBBBBBBB\\two[1].htm"));
+        EXPECT_EQ(small.entries().size(), kAll.size() - 2);
+    }
+    EXPECT_EQ(addresses(), allBut({"http://two/", "http://low/"}));
+    EXPECT_FALSE(has(kPages + "\\BBBBBBBB\\two[1].htm"));
+    EXPECT_FALSE(has(kLowPages + "\\CCCCCCCC\\low[1].htm"));
+    EXPECT_TRUE(small.DeleteUrlCacheEntry("http://one/"));
+    EXPECT_FALSE(small.DeleteUrlCacheEntry("http://one/"));
+    EXPECT_EQ(addresses(), allBut({"http://two/", "http://low/", "http://one/"}));
+}
+
+TEST_F(BrowserCacheOnFilesTest, AnIndexThatFitsBehindOneThatDoesNotIsKept) {
+    put(kPages, {"BBBBBBBB"}, manyPages(2000));
+    const std::size_t size = machine.files.bytesOf(kLowPages + "\\index.dat")->size();
+    BrowserCacheOnFiles small = cacheWithBound(size);
+    const ManyDeletes together(small);
+    EXPECT_TRUE(small.DeleteUrlCacheEntry("http://low/"));
+    EXPECT_FALSE(has(kLowPages + "\\CCCCCCCC\\low[1].htm"));
+    EXPECT_TRUE(small.DeleteUrlCacheEntry("Cookie:anna@one/"));
+    EXPECT_TRUE(has(kCookies + "\\anna@one[1].txt"));
+}
+
+TEST_F(BrowserCacheOnFilesTest, AnIndexBeyondTheBoundThatCannotBeWrittenIsListedAgain) {
+    BrowserCacheOnFiles small = cacheWithBound(1);
+    machine.files.refuse(kPages + "\\index.dat", operation::Write, Status::DiskFull);
+    {
+        const ManyDeletes together(small);
+        EXPECT_TRUE(small.DeleteUrlCacheEntry("http://two/"));
+        EXPECT_TRUE(small.DeleteUrlCacheEntry("http://low/"));
+    }
+    EXPECT_EQ(addresses(), allBut({"http://low/"}));
+    EXPECT_FALSE(small.DeleteUrlCacheEntry("http://two/"));
+}
+
+TEST_F(BrowserCacheOnFilesTest, AFileOfAnIndexBeyondTheBoundThatStaysKeepsItsEntry) {
+    BrowserCacheOnFiles small = cacheWithBound(1);
+    machine.files.lock(kPages + "\\BBBBBBBB\\two[1].htm");
+    EXPECT_FALSE(small.DeleteUrlCacheEntry("http://two/"));
+    EXPECT_EQ(addresses(), kAll);
+    EXPECT_EQ(machine.removed.totals.failed, 1u);
+}
+
+// An address in all of many indexes that are not in memory together must not fetch each of them each time.
+TEST_F(BrowserCacheOnFilesTest, TheCostOfManyDeletesDoesNotGrowWithIndexesBeyondTheBound) {
+    const std::vector<UrlCacheItem> items = manyPages(500);
+    for (int day = 10; day < 30; ++day) put(kHistory + "\\MSHist01" + std::to_string(day), {"BBBBBBBB"}, items);
+    BrowserCacheOnFiles small = cacheWithBound(1);
+    const std::size_t before = small.entries().size();
+    const std::uint64_t operations = machine.files.operations;
+    {
+        const ManyDeletes together(small);
+        for (const UrlCacheItem& one : items) EXPECT_TRUE(small.DeleteUrlCacheEntry(one.url));
+    }
+    // One look at each file that is not there, and a few at each folder.
+    EXPECT_LT(machine.files.operations - operations, 20 * items.size() + 1000);
+    EXPECT_EQ(small.entries().size(), before - 20 * items.size());
+}
+
+TEST_F(BrowserCacheOnFilesTest, AnAddressWhoseFileStayedIsTriedOnceInABatch) {
+    const std::string file = kPages + "\\BBBBBBBB\\two[1].htm";
+    machine.files.lock(file);
+    {
+        const ManyDeletes together(cache);
+        for (int i = 0; i < 5; ++i) EXPECT_FALSE(cache.DeleteUrlCacheEntry("http://two/"));
+        EXPECT_EQ(machine.removed.totals.failed, 1u);
+    }
+    EXPECT_FALSE(cache.DeleteUrlCacheEntry("http://two/"));
+    EXPECT_EQ(machine.removed.totals.failed, 2u);
 }
 
 // --- all of a kind ---------------------------------------------------------------------------------------------------
@@ -453,6 +543,124 @@ TEST_F(BrowserCacheOnFilesTest, FoldersThatAreProtectedPlacesAreNotEmptied) {
     EXPECT_TRUE(has("C:\\Windows\\01234567.txt"));
     ASSERT_FALSE(machine.warnings.empty());
     EXPECT_EQ(machine.warnings[0].kind, WarningKind::ProtectedPlace);
+}
+
+// A place of the cache that is a link: what it leads to is no cache of this user.
+class LinkedCacheFolder : public BrowserCacheOnFilesTest, public testing::WithParamInterface<std::string> {};
+
+TEST_P(LinkedCacheFolder, IsLeftAloneWithWhatItLeadsTo) {
+    const std::string documents = "C:\\Users\\Anna\\Documents";
+    for (const std::string below : {"", "\\Content.IE5", "\\Low\\Content.IE5", "\\History.IE5", "\\Low\\History.IE5"}) {
+        put(documents + below, {"AAAAAAAA"},
+            {item("http://mine/", "mine.htm", 0), item("http://beside/", "mine.htm", UrlCacheItem::besideIndex)});
+        machine.files.putFile(documents + below + "\\mine.htm");
+        machine.files.putFile(documents + below + "\\anna@mine.txt");
+        machine.files.putFile(documents + below + "\\AAAAAAAA\\mine.htm");
+    }
+    const std::vector<std::string> before = machine.files.everythingBelow(documents);
+    const std::string index = *machine.files.bytesOf(documents + "\\index.dat");
+    machine.files.take(GetParam());
+    machine.files.putLink(GetParam(), documents);
+    (void)cache.DeleteUrlCacheEntry("http://mine/");
+    (void)cache.DeleteUrlCacheEntry("http://beside/");
+    EXPECT_EQ(machine.files.everythingBelow(documents), before);
+    EXPECT_EQ(machine.files.bytesOf(documents + "\\index.dat"), index);
+    (void)cache.ClearMyTracksByProcess(1 + 2 + 8);
+    EXPECT_EQ(machine.files.everythingBelow(documents), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, LinkedCacheFolder,
+                         testing::Values(kPages, kPages.substr(0, kPages.rfind('\\')), kLowPages, kCookies,
+                                         kCookies + "\\Low", kHistory, kHistory.substr(0, kHistory.rfind('\\')), kDay));
+
+struct ForeignFolder {
+    int special;
+    std::string place;    // what the machine answers for it
+    std::string folder;   // below it
+    std::string another;  // a file that only ClearMyTracksByProcess would take
+    int tracks;
+};
+
+void PrintTo(const ForeignFolder& given, std::ostream* out) {
+    *out << given.special << " is " << given.place;
+}
+
+class ProtectedCacheFolder : public BrowserCacheOnFilesTest, public testing::WithParamInterface<ForeignFolder> {};
+
+TEST_P(ProtectedCacheFolder, IsLeftAloneWithAllBelowIt) {
+    const ForeignFolder& given = GetParam();
+    const std::string top(base::withoutBackslash(given.place));
+    machine.shell.specialFolders = {{given.special, given.place}};
+    const std::string named = top + "\\" + given.folder + "\\file.bin";
+    const std::string another = top + "\\" + given.another;
+    machine.files.putFile(named, "12345");
+    machine.files.putFile(another, "12345");
+    put(top, {given.folder}, {item("http://bad/", "file.bin", 0)});
+    put(top + "\\Low", {given.folder}, {item("http://bad/", "file.bin", 0)});
+
+    EXPECT_TRUE(addresses().empty());
+    EXPECT_FALSE(cache.DeleteUrlCacheEntry("http://bad/"));
+    EXPECT_FALSE(cache.ClearMyTracksByProcess(given.tracks));
+    for (const std::string& file : {named, another, top + "\\index.dat", top + "\\Low\\index.dat"}) {
+        EXPECT_TRUE(has(file)) << file;
+    }
+    EXPECT_EQ(machine.removed.totals.files, 0u);
+    ASSERT_FALSE(machine.warnings.empty());
+    for (const Warning& warning : machine.warnings) EXPECT_EQ(warning.kind, WarningKind::ProtectedPlace);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, ProtectedCacheFolder,
+    testing::Values(ForeignFolder{csidl::Cookies, "C:\\Windows", "System32", "Low\\schedule@one.txt", 2},
+                    ForeignFolder{csidl::Cookies, "C:\\Windows\\", "System32", "abcdefgh.txt", 2},
+                    ForeignFolder{csidl::InternetCache, "C:\\", "Windows", "Content.IE5\\AAAAAAAA\\mine.txt", 8},
+                    ForeignFolder{csidl::History, "C:\\Users\\Anna", "Pictures", "MSHist01\\mine.txt", 1},
+                    ForeignFolder{csidl::History, "C:\\", "Users", "MSHist1\\mine.txt", 1}));
+
+TEST_F(BrowserCacheOnFilesTest, AProtectedFolderOfOneKindDoesNotHinderTheOthers) {
+    machine.shell.specialFolders[csidl::Cookies] = "C:\\Windows";
+    machine.files.putFile("C:\\Windows\\anna@one[1].txt");
+    EXPECT_EQ(addresses(), allBut({"Cookie:anna@one/"}));
+    EXPECT_TRUE(cache.DeleteUrlCacheEntry("http://two/"));
+    machine.warnings.clear();
+    EXPECT_TRUE(cache.ClearMyTracksByProcess(1 + 8));
+    EXPECT_TRUE(addresses().empty());
+    EXPECT_TRUE(has("C:\\Windows\\anna@one[1].txt"));
+}
+
+TEST_F(BrowserCacheOnFilesTest, TheUsualFoldersOfEverySystemAreTheCaches) {
+    struct Usual {
+        const char* pages;
+        const char* cookies;
+        const char* history;
+    };
+    for (const Usual& usual :
+         {Usual{"C:\\Users\\Anna\\AppData\\Local\\Microsoft\\Windows\\INetCache",
+                "C:\\Users\\Anna\\AppData\\Local\\Microsoft\\Windows\\INetCookies",
+                "C:\\Users\\Anna\\AppData\\Local\\Microsoft\\Windows\\History"},
+          Usual{"C:\\Users\\Anna\\AppData\\Local\\Microsoft\\Windows\\Temporary Internet Files",
+                "C:\\Users\\Anna\\AppData\\Roaming\\Microsoft\\Windows\\Cookies",
+                "C:\\Users\\Anna\\AppData\\Local\\Microsoft\\Windows\\History"},
+          Usual{"C:\\Documents and Settings\\Anna\\Local Settings\\Temporary Internet Files",
+                "C:\\Documents and Settings\\Anna\\Cookies",
+                "C:\\Documents and Settings\\Anna\\Local Settings\\History"},
+          Usual{"C:\\Windows\\Temporary Internet Files", "C:\\Windows\\Cookies", "C:\\Windows\\History"}}) {
+        machine.shell.specialFolders[csidl::InternetCache] = usual.pages;
+        machine.shell.specialFolders[csidl::Cookies] = usual.cookies;
+        machine.shell.specialFolders[csidl::History] = usual.history;
+        const std::string pages = std::string(usual.pages) + "\\Content.IE5";
+        put(pages, {"AAAAAAAA"}, {item("http://a/", "a.htm", 0), item("http://b/", "b.htm", 0)});
+        machine.files.putFile(pages + "\\AAAAAAAA\\a.htm");
+        put(usual.cookies, {}, {item("Cookie:a@a/", "a@a.txt")});
+        machine.files.putFile(std::string(usual.cookies) + "\\a@a.txt");
+        put(std::string(usual.history) + "\\History.IE5", {}, {item("Visited: a@a")});
+        EXPECT_TRUE(cache.DeleteUrlCacheEntry("http://a/")) << usual.pages;
+        EXPECT_FALSE(has(pages + "\\AAAAAAAA\\a.htm"));
+        EXPECT_TRUE(cache.ClearMyTracksByProcess(1 + 2 + 8)) << usual.pages;
+        EXPECT_TRUE(addresses().empty()) << usual.pages;
+        EXPECT_FALSE(has(std::string(usual.cookies) + "\\a@a.txt"));
+    }
+    EXPECT_TRUE(machine.warnings.empty());
 }
 
 }  // namespace

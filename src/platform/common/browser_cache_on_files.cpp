@@ -1,6 +1,9 @@
 #include "platform/common/browser_cache_on_files.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
+#include <set>
 #include <utility>
 
 #include "base/text.h"
@@ -54,6 +57,10 @@ bool isCookie(std::string_view name) {
     return stem.find('@') != std::string_view::npos || hasNameOfEight(stem);
 }
 
+std::size_t hashOf(const std::string& address) {
+    return std::hash<std::string>()(address);
+}
+
 bool isKeptTab(std::string_view name) {
     return endsIn(name, ".dat");
 }
@@ -85,28 +92,33 @@ const BrowserCacheOnFiles::Place BrowserCacheOnFiles::kPlaces[] = {
 
 std::vector<BrowserCacheOnFiles::Container> BrowserCacheOnFiles::containers() const {
     std::vector<Container> list;
+    // A machine may show two of its special folders in one place: the first kind has it.
+    std::set<std::string, base::NoCaseLess> known;
+    const auto add = [&](const std::string& special, const std::string& folder, Kind kind, bool whole) {
+        if (known.insert(folder).second && files_.FolderExists(folder)) list.push_back({special, folder, kind, whole});
+    };
     for (const Place& place : kPlaces) {
         const std::string special = shell_.SpecialFolder(place.specialFolder);
         if (!base::isAbsolutePath(special)) continue;
         const std::string folder = below(special, place.name);
-        addContainer(list, folder, place.kind, place.whole);
+        add(special, folder, place.kind, place.whole);
         if (place.kind != Kind::History) continue;
-        for (const std::string& day : foldersOfDays(folder)) addContainer(list, day, place.kind, true);
+        for (const std::string& day : foldersOfDays(folder)) add(special, day, place.kind, true);
     }
     return list;
 }
 
-// A machine may show two of its special folders in one place: the first kind has it.
-void BrowserCacheOnFiles::addContainer(std::vector<Container>& list, std::string folder, Kind kind, bool whole) const {
-    const bool known = std::any_of(list.begin(), list.end(), [&folder](const Container& other) {
-        return base::equalNoCase(other.folder, folder);
+// Of a special folder that may not be emptied nothing below may be touched either: a machine that names the Windows
+// folder its cache would lose files whose names stand in an index that anyone can put there. False: there was one.
+bool BrowserCacheOnFiles::dropRefused(std::vector<Container>& list) {
+    std::map<std::string, bool> refused;
+    std::vector<FolderEntry> found;
+    std::erase_if(list, [&](const Container& container) {
+        const auto [known, isNew] = refused.emplace(container.special, false);
+        if (isNew) known->second = !listToEmpty(container.special, found);
+        return known->second;
     });
-    if (known || !files_.FolderExists(folder)) return;
-    Container container;
-    container.folder = std::move(folder);
-    container.kind = kind;
-    container.whole = whole;
-    list.push_back(std::move(container));
+    return std::none_of(refused.begin(), refused.end(), [](const auto& answer) { return answer.second; });
 }
 
 std::vector<std::string> BrowserCacheOnFiles::foldersOfDays(const std::string& folder) const {
@@ -138,59 +150,137 @@ std::string BrowserCacheOnFiles::cachedFile(const Container& container, const Ur
 
 std::vector<UrlCacheEntry> BrowserCacheOnFiles::entries() {
     std::vector<UrlCacheEntry> list;
-    beginDeletes();  // for what it has read
-    for (const Container& container : held_) {
-        if (!container.index) continue;
-        const std::vector<UrlCacheIndex::Record>& records = container.index->records();
-        for (std::size_t i = 0; i < records.size(); ++i) {
-            if (container.index->isRemoved(i)) continue;
-            list.push_back({page_.toUtf8(records[i].url), cachedFile(container, records[i]), records[i].type,
-                            records[i].lastAccess});
-        }
+    std::vector<Container> own;
+    if (deleting_ == 0) {
+        own = containers();
+        (void)dropRefused(own);
     }
-    endDeletes();
+    for (const Container& container : deleting_ == 0 ? own : held_) {
+        if (container.index) {
+            addEntries(container, list, {});
+            continue;
+        }
+        Container passing{container.special, container.folder, container.kind, container.whole};
+        read(passing);
+        addEntries(passing, list, atEnd_);
+    }
     return list;
+}
+
+void BrowserCacheOnFiles::addEntries(const Container& container, std::vector<UrlCacheEntry>& list,
+                                     const std::unordered_set<std::string>& without) const {
+    if (!container.index) return;
+    const std::vector<UrlCacheIndex::Record>& records = container.index->records();
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        if (container.index->isRemoved(i) || without.count(records[i].url) > 0) continue;
+        list.push_back(
+            {page_.toUtf8(records[i].url), cachedFile(container, records[i]), records[i].type, records[i].lastAccess});
+    }
 }
 
 // --- one entry -----------------------------------------------------------------------------------------------------
 
+// Of an index without room in memory only hashes of its addresses stay there. Had it to come and go while the batch
+// lasts, addresses that stand in many indexes would have all of them read and written once for each.
 void BrowserCacheOnFiles::beginDeletes() {
     if (deleting_++ > 0) return;
     held_ = containers();
-    for (Container& container : held_) read(container);
+    (void)dropRefused(held_);
+    std::size_t held = 0;
+    for (Container& container : held_) {
+        read(container);
+        if (!container.index) continue;
+        const std::size_t size = container.index->bytes().size();
+        if (size <= bound_ - held) {
+            held += size;
+            continue;
+        }
+        for (const UrlCacheIndex::Record& record : container.index->records()) {
+            container.addresses.push_back(hashOf(record.url));
+        }
+        std::sort(container.addresses.begin(), container.addresses.end());
+        container.index.reset();
+    }
 }
 
 bool BrowserCacheOnFiles::finishDeletes() {
     if (deleting_ == 0 || --deleting_ > 0) return true;
-    bool written = true;
-    for (const Container& container : held_) {
-        if (!container.changed) continue;
-        written = ok(files_.WriteFileBytes(indexFile(container), container.index->bytes())) && written;
+    bool all = true;
+    for (Container& container : held_) all = writeAndFree(container) && all;
+    for (Container& container : held_) {
+        if (!container.goesOnAtEnd) continue;
+        read(container);
+        all = deleteAtEnd(container) && all;
+        all = writeAndFree(container) && all;
     }
     held_.clear();
+    stayed_.clear();
+    atEnd_.clear();
+    return all;
+}
+
+bool BrowserCacheOnFiles::writeAndFree(Container& container) {
+    if (!container.index) return true;
+    const bool written =
+        !container.changed || ok(files_.WriteFileBytes(indexFile(container), container.index->bytes()));
+    container.index.reset();
     return written;
 }
 
 bool BrowserCacheOnFiles::DeleteUrlCacheEntry(const std::string& url) {
     const std::string bytes = page_.fromUtf8(url);
+    beginDeletes();
     bool any = false;
     bool all = true;
-    beginDeletes();
-    for (Container& container : held_) {
-        if (!container.index) continue;
-        for (const std::size_t record : container.index->find(bytes)) {
-            any = true;
-            const std::string file = cachedFile(container, container.index->records()[record]);
-            if (!file.empty() && !removeFile(file)) {
-                all = false;
-                continue;
-            }
-            container.index->remove(record);
-            container.changed = true;
+    // A list may show an address many times over; all of its records are tried with the first.
+    if (stayed_.count(bytes) == 0) {
+        for (Container& container : held_) {
+            if (!container.index) continue;
+            const std::vector<std::size_t> records = container.index->find(bytes);
+            any = any || !records.empty();
+            all = deleteRecords(container, records) && all;
         }
+        if (!all) stayed_.insert(bytes);
+        any = leaveForEnd(bytes) || any;
     }
-    const bool written = finishDeletes();
-    return any && all && written;
+    const bool finished = finishDeletes();
+    return any && all && finished;
+}
+
+// False: no index that is not in memory has the address, or it was left before.
+bool BrowserCacheOnFiles::leaveForEnd(const std::string& address) {
+    bool any = false;
+    const std::size_t hash = hashOf(address);
+    for (Container& container : held_) {
+        if (!std::binary_search(container.addresses.begin(), container.addresses.end(), hash)) continue;
+        container.goesOnAtEnd = true;
+        any = true;
+    }
+    return any && atEnd_.insert(address).second;
+}
+
+bool BrowserCacheOnFiles::deleteAtEnd(Container& container) {
+    if (!container.index) return true;
+    const std::vector<UrlCacheIndex::Record>& all = container.index->records();
+    std::vector<std::size_t> records;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (atEnd_.count(all[i].url) > 0) records.push_back(i);
+    }
+    return deleteRecords(container, records);
+}
+
+bool BrowserCacheOnFiles::deleteRecords(Container& container, const std::vector<std::size_t>& records) {
+    bool all = true;
+    for (const std::size_t record : records) {
+        const std::string file = cachedFile(container, container.index->records()[record]);
+        if (!file.empty() && !removeFile(file)) {
+            all = false;
+            continue;
+        }
+        container.index->remove(record);
+        container.changed = true;
+    }
+    return all;
 }
 
 // True when there is no such file, as for a folder of that name.
@@ -235,11 +325,13 @@ bool BrowserCacheOnFiles::ClearMyTracksByProcess(int number) {
 }
 
 bool BrowserCacheOnFiles::clear(Kind kind) {
-    bool all = true;
-    for (Container& container : containers()) {
-        if (container.kind != kind) continue;
+    std::vector<Container> list = containers();
+    std::erase_if(list, [kind](const Container& container) { return container.kind != kind; });
+    bool all = dropRefused(list);
+    for (Container& container : list) {
         read(container);
         all = clearContainer(container) && all;
+        container.index.reset();
     }
     return all;
 }

@@ -2,14 +2,19 @@
 //
 // The places are the special folders 32, 33 and 34, each with what the versions put into it ("Content.IE5",
 // "History.IE5" and its days, the "Low" side of the protected mode). An index that is missing, unreadable, of another
-// version or damaged lists nothing, or what is whole of it.
+// version or damaged lists nothing, or what is whole of it. A special folder that no one may empty, or that is a link,
+// is left alone with all that lies below it: nothing is listed or removed there, and it counts as something that stays.
+//
+// The indexes may be many and large: only as many are in memory together as the bound allows, and one more.
 //
 // Everything goes through the file system, shell and registry given: counting, refusing and previewing is theirs.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "base/code_page.h"
@@ -23,8 +28,13 @@ namespace tidvane::platform {
 
 class BrowserCacheOnFiles final : public BrowserCache {
 public:
-    BrowserCacheOnFiles(FileSystem& files, Shell& shell, RegistryApi& registry, const base::CodePage& page)
-        : files_(files), shell_(shell), registry_(registry), page_(page) {}
+    // Room for what any browser makes; a hostile machine could have thousands of indexes of 16 MB.
+    static constexpr std::size_t usualBound = 32U * 1024 * 1024;
+
+    // `bound`: bytes of index files that a batch of deletes keeps in memory. Read, an index takes some times of that.
+    BrowserCacheOnFiles(FileSystem& files, Shell& shell, RegistryApi& registry, const base::CodePage& page,
+                        std::size_t bound = usualBound)
+        : files_(files), shell_(shell), registry_(registry), page_(page), bound_(bound) {}
 
     // Of all places, in the order pages, cookies, visits. The local file is a full path, empty when there is none.
     std::vector<UrlCacheEntry> entries() override;
@@ -32,6 +42,10 @@ public:
     // The cached file goes first, also a read-only one, then the record, from every index that has the address. False:
     // none has it, or a file stays, and its record with it, or an index could not be written. A file that the cache
     // cannot have made itself (see UrlCacheIndex) stays where it is, and only the record goes.
+    //
+    // Between beginDeletes and endDeletes an index is written once, at the end. So is an index beyond the bound, whose
+    // files go then too: true tells for it that it had the address. An address whose file stayed is not tried again
+    // before the end.
     bool DeleteUrlCacheEntry(const std::string& url) override;
     void beginDeletes() override;
     void endDeletes() override { (void)finishDeletes(); }
@@ -57,19 +71,30 @@ private:
 
     // An index file, and the folder whose files it names.
     struct Container {
+        std::string special;  // the special folder it was found in
         std::string folder;
         Kind kind;
         bool whole = false;  // everything that looks like the cache's in this folder is
         std::optional<UrlCacheIndex> index;
         bool changed = false;
+        // In a batch, of an index beyond the bound: the hashes of its addresses, sorted; and whether any of them is to
+        // go at the end.
+        std::vector<std::size_t> addresses;
+        bool goesOnAtEnd = false;
     };
 
     [[nodiscard]] std::vector<Container> containers() const;
-    void addContainer(std::vector<Container>& list, std::string folder, Kind kind, bool whole) const;
+    bool dropRefused(std::vector<Container>& list);
     [[nodiscard]] std::vector<std::string> foldersOfDays(const std::string& folder) const;
     void read(Container& container) const;
     [[nodiscard]] static std::string indexFile(const Container& container);
     [[nodiscard]] std::string cachedFile(const Container& container, const UrlCacheIndex::Record& record) const;
+    void addEntries(const Container& container, std::vector<UrlCacheEntry>& list,
+                    const std::unordered_set<std::string>& without) const;
+    bool leaveForEnd(const std::string& address);
+    bool deleteAtEnd(Container& container);
+    bool writeAndFree(Container& container);
+    bool deleteRecords(Container& container, const std::vector<std::size_t>& records);
 
     bool removeFile(const std::string& file);
     bool removeFiles(const std::string& folder, bool (*isOne)(std::string_view));
@@ -88,9 +113,12 @@ private:
     Shell& shell_;
     RegistryApi& registry_;
     base::CodePage page_;
+    std::size_t bound_;
     // Between beginDeletes and endDeletes.
     int deleting_ = 0;
     std::vector<Container> held_;
+    std::unordered_set<std::string> stayed_;  // addresses
+    std::unordered_set<std::string> atEnd_;   // addresses that also stand in indexes beyond the bound
 };
 
 }  // namespace tidvane::platform
