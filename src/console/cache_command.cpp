@@ -1,6 +1,7 @@
 // The cache entries, through their manager.
 #include "base/runtime_error.h"
 #include "console/commands.h"
+#include "console/instance_lock.h"
 #include "console/tool_program.h"
 #include "tools/frmIECache.h"
 
@@ -90,10 +91,7 @@ int Cache::removeNamed() {
 }
 
 int Cache::run() {
-    if (options_.remove) {
-        if (!tool_.lockOthersOut()) return exit_status::MachineUnusable;
-        return options_.all ? removeAll() : removeNamed();
-    }
+    if (options_.remove) return options_.all ? removeAll() : removeNamed();
     for (int row = 0; row < list().ListCount(); ++row) session_.out << list().List(row) << "\n";
     session_.out << std::flush;
     return exit_status::Done;
@@ -102,6 +100,8 @@ int Cache::run() {
 }  // namespace
 
 int cacheCommand(Session& session, const Options& options) {
+    InstanceLock lock(session);
+    if (options.manager.remove && !lock.take()) return exit_status::MachineUnusable;
     return Cache(session, options).run();
 }
 

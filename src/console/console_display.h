@@ -50,4 +50,7 @@ private:
 // Line ends of the log and of texts (CR LF, and CR alone) as this host writes them.
 std::string withHostLineEnds(const std::string& text);
 
+// One line for a terminal: whatever a name holds, it stays on its line and moves no cursor.
+std::string printable(std::string text);
+
 }  // namespace tidvane::console

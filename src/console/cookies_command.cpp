@@ -1,6 +1,7 @@
 // The cookie files, through their manager.
 #include "base/text.h"
 #include "console/commands.h"
+#include "console/instance_lock.h"
 #include "console/tool_program.h"
 #include "tools/frmIECookies.h"
 
@@ -65,7 +66,8 @@ int Cookies::remove() {
 }
 
 int Cookies::run() {
-    if (options_.remove && !tool_.lockOthersOut()) return exit_status::MachineUnusable;
+    InstanceLock lock(session_);
+    if (options_.remove && !lock.take()) return exit_status::MachineUnusable;
     const std::string folder = base::withoutBackslash(window().lblCookieDir.Caption.get());
     // With none the window lists the root of a drive, and deletes nothing from it.
     if (folder.empty() || folder.back() == '\\' || folder.back() == ':') {

@@ -13,6 +13,7 @@
 #include "console/commands.h"
 #include "console/console_display.h"
 #include "console/guards.h"
+#include "console/instance_lock.h"
 #include "console/plug_in_choice.h"
 #include "console/stored_windows.h"
 #include "console/watched_profiles.h"
@@ -69,6 +70,8 @@ int tasksCommand(Session& session, const Options& options) {
 }
 
 int settingsCommand(Session& session, const Options& options) {
+    InstanceLock lock(session);
+    if (options.save && !lock.take()) return exit_status::MachineUnusable;
     ConsoleDisplay display(session.err, options.answerYes);
     WatchedProfiles profiles(session.platform.profiles);
     settings::Program program(withOwn(session.platform, profiles, session.platform.events), display);

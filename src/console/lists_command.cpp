@@ -6,7 +6,9 @@
 
 #include "base/text.h"
 #include "console/commands.h"
+#include "console/instance_lock.h"
 #include "console/own_masks.h"
+#include "console/split_lines.h"
 #include "console/tool_program.h"
 #include "settings/frmOptions.h"
 #include "settings/list_files.h"
@@ -55,6 +57,9 @@ private:
     bool add(const std::string& text);
     bool remove(const std::string& text);
     int change();
+    // Asks where lines of the file come back as other entries than they read, and these would be its lines from now on.
+    // False: no.
+    bool mayRewrite(const settings::ListItems& stored);
     // False, and nothing is told: the window itself says why.
     bool pressAdd(const std::string& text);
 
@@ -94,7 +99,7 @@ bool Lists::add(const std::string& text) {
                      << std::endl;
         return false;
     }
-    // An empty one is for the window to answer.
+    // The window answers an empty folder or file itself; an empty mask can match nothing.
     if (!text.empty() && base::trimBlanks(text).empty()) {
         session_.err << "An entry of blanks alone means nothing; give a text." << std::endl;
         return false;
@@ -118,6 +123,23 @@ bool Lists::remove(const std::string& text) {
     return true;
 }
 
+bool Lists::mayRewrite(const settings::ListItems& stored) {
+    const std::vector<std::string>& rows = this->rows().rows();
+    const auto isWritten = [&](const std::string& item) {
+        return std::find(rows.begin(), rows.end(), item) != rows.end();
+    };
+    std::vector<settings::SplitLine> lines;
+    for (const std::string& line : stored.changedLines) {
+        settings::SplitLine split{list_->file, line, settings::parseListItems(line).items};
+        if (std::any_of(split.items.begin(), split.items.end(), isWritten)) lines.push_back(std::move(split));
+    }
+    if (lines.empty()) return true;
+    const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
+    return tool_.display().MsgBox(
+               tellSplitLines(lines) + "\r\nThe list would be stored with these as its lines. Store it?", style,
+               "Tidvane") == forms::msgbox::Yes;
+}
+
 int Lists::change() {
     settings::Program& program = tool_.program();
     const std::string file = program.inProgramFolder(list_->file);
@@ -136,10 +158,13 @@ int Lists::change() {
         session_.err << "Nothing was changed in the list of " << list_->word << "." << std::endl;
         return exit_status::Usage;
     }
-    std::vector<std::string> lines;
-    lines.reserve(static_cast<std::size_t>(rows().ListCount()));
-    for (int row = 0; row < rows().ListCount(); ++row) lines.push_back(rows().List(row));
-    if (!platform::ok(settings::writeListFile(program, file, lines))) {
+    if (!mayRewrite(stored)) {
+        session_.err << "Nothing was changed in the list of " << list_->word
+                     << "; agree with --answer yes, or take these entries out with \"lists remove " << list_->word
+                     << "\"." << std::endl;
+        return exit_status::Usage;
+    }
+    if (!platform::ok(settings::writeListFile(program, file, rows().rows()))) {
         session_.err << list_->file
                      << " could not be written; check the rights and the free space of the program folder."
                      << std::endl;
@@ -167,6 +192,8 @@ int Lists::run() {
 }  // namespace
 
 int listsCommand(Session& session, const Options& options) {
+    InstanceLock lock(session);
+    if (options.lists.action != ListsAction::Show && !lock.take()) return exit_status::MachineUnusable;
     return Lists(session, options).run();
 }
 

@@ -18,7 +18,7 @@ void addListAction(CLI::App* lists, Options& options, ListsAction action, const 
     if (action == ListsAction::Show) return;
     list->required();
     command->add_option("TEXT", options.lists.texts, "The entries")->required()->type_name("");
-    if (action == ListsAction::Add) addAnswer(command, options);
+    addAnswer(command, options);
 }
 
 struct ManagerWords {

@@ -5,6 +5,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "console/commands.h"
+#include "console/instance_lock.h"
 #include "console/plug_in_choice.h"
 #include "console/tool_program.h"
 #include "plugins/dPlugCleaner.h"
@@ -150,6 +151,9 @@ int Plugins::run() {
 }  // namespace
 
 int pluginsCommand(Session& session, const Options& options) {
+    InstanceLock lock(session);
+    const bool stores = !options.pluginList.tick.empty() || !options.pluginList.untick.empty();
+    if (stores && !lock.take()) return exit_status::MachineUnusable;
     return Plugins(session, options).run();
 }
 

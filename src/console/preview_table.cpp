@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "console/console_display.h"
 
 namespace tidvane::console {
 
@@ -34,14 +35,6 @@ constexpr const char* kGap = "  ";
 
 std::string right(const std::string& text, std::size_t width) {
     return std::string(width > text.size() ? width - text.size() : 0, ' ') + text;
-}
-
-// Whatever a name holds, it stays on its line and moves no cursor.
-std::string printable(const std::string& text) {
-    std::string safe = text;
-    std::replace_if(
-        safe.begin(), safe.end(), [](unsigned char sign) { return sign < 0x20 || sign == 0x7F; }, '?');
-    return safe;
 }
 
 std::vector<Row> rowsOf(const Report& report) {

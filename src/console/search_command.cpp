@@ -6,6 +6,7 @@
 #include "console/commands.h"
 #include "console/entry_log.h"
 #include "console/guards.h"
+#include "console/instance_lock.h"
 #include "console/json_report.h"
 #include "console/own_masks.h"
 #include "console/preview_table.h"
@@ -131,7 +132,8 @@ int Search::run() {
     std::string error;
     if (!applySettings(program(), options_, changed, error)) return fail(exit_status::Usage, error);
     if (const std::string refusal = whyNot(); !refusal.empty()) return fail(exit_status::Usage, refusal);
-    if (!tool_.lockOthersOut()) return exit_status::MachineUnusable;
+    InstanceLock lock(session_);
+    if (!lock.take()) return exit_status::MachineUnusable;
     if (!json_.open(options_.json, error)) return fail(exit_status::Usage, error);
 
     StopSignal stop;

@@ -25,13 +25,6 @@ ToolProgram::ToolProgram(Session& session, const Options& options, platform::Eve
 
 ToolProgram::~ToolProgram() {
     session_.warn = nullptr;
-    if (locked_) session_.platform.processes.releaseInstanceLock();
-}
-
-bool ToolProgram::lockOthersOut() {
-    locked_ = session_.platform.processes.takeInstanceLock();
-    if (!locked_) session_.err << kAnotherRuns << std::endl;
-    return locked_;
 }
 
 }  // namespace tidvane::console

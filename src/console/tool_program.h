@@ -10,9 +10,6 @@
 
 namespace tidvane::console {
 
-inline constexpr const char* kAnotherRuns =
-    "Tidvane is already running on this machine; wait until it has ended, then start again.";
-
 class ToolProgram {
 public:
     ToolProgram(Session& session, const Options& options);
@@ -21,9 +18,6 @@ public:
     ~ToolProgram();
     ToolProgram(const ToolProgram&) = delete;
     ToolProgram& operator=(const ToolProgram&) = delete;
-
-    // No second program of this machine works beside this one, until it is over. False: one does; the error is told.
-    bool lockOthersOut();
 
     settings::Program& program() { return program_; }
     ConsoleDisplay& display() { return display_; }
@@ -34,7 +28,6 @@ private:
     NoPauses noPauses_;
     ConsoleDisplay display_;
     settings::Program program_;
-    bool locked_ = false;
 };
 
 }  // namespace tidvane::console

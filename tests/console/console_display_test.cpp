@@ -34,6 +34,14 @@ TEST(ConsoleDisplay, WritesAWarningAsOneLine) {
     EXPECT_EQ(err.str(), "Warning: a place\n");
 }
 
+TEST(ConsoleDisplay, LetsNoEntryMoveTheCursor) {
+    std::ostringstream err;
+    ConsoleDisplay display(err, false);
+    display.warn("a\x1B[2J\x7F\tb");
+    display.MsgBox("c\x1B\r\nd\b", msgbox::Information, "Title");
+    EXPECT_EQ(err.str(), "Warning: a?[2J?\tb\n[Title] c?\nd?\nAnswer: OK\n");
+}
+
 TEST(ConsoleDisplay, NotesTheEnd) {
     std::ostringstream err;
     ConsoleDisplay display(err, false);

@@ -96,6 +96,21 @@ TEST(SettingsCommand, StoresOnlyWhenAskedTo) {
     EXPECT_TRUE(contains(machine.storedSettings(), "txtPurgeSpeed=3\r\n"));
 }
 
+TEST(SettingsCommand, StoresNothingBesideAnotherProgram) {
+    tests::MemorySession machine;
+    machine.memory.processes.otherInstanceRuns = true;
+    Options options;
+    options.set = {"txtPurgeSpeed=3"};
+    EXPECT_EQ(settingsCommand(machine.session, options), exit_status::Done) << "looking is allowed";
+    options.save = true;
+    EXPECT_EQ(settingsCommand(machine.session, options), exit_status::MachineUnusable);
+    EXPECT_TRUE(contains(machine.messages(), "already running"));
+    EXPECT_EQ(machine.storedSettings(), "");
+    machine.memory.processes.otherInstanceRuns = false;
+    EXPECT_EQ(settingsCommand(machine.session, options), exit_status::Done);
+    EXPECT_FALSE(machine.memory.processes.holdsInstanceLock) << "given back";
+}
+
 TEST(SettingsCommand, RefusesAWrongSettingAndStoresNothing) {
     tests::MemorySession machine;
     Options options;

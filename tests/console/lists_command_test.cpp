@@ -162,6 +162,68 @@ TEST_F(ListsCommand, LeavesAFileAloneThatCannotBeRead) {
     EXPECT_EQ(file("td_folders.dat"), "D:\\A\r\n");
 }
 
+TEST_F(ListsCommand, AsksBeforeItStoresOtherLinesThanTheFileHas) {
+    const std::string before = "D:\\Data, old\r\n\"D:\\Quoted\"\r\nD:\\Plain\r\n";
+    putFile("td_folders.dat", before);
+    EXPECT_EQ(add("folders", {"D:\\New"}), exit_status::Usage);
+    EXPECT_TRUE(contains(machine.messages(),
+                         "[Tidvane] td_folders.dat: the line \"D:\\Data, old\" is read as:\nD:\\Data\nold\n"
+                         "td_folders.dat: the line \"\"D:\\Quoted\"\" is read as:\nD:\\Quoted\n"))
+        << machine.messages();
+    EXPECT_TRUE(contains(machine.messages(),
+                         "Answer: no\nNothing was changed in the list of folders; agree with "
+                         "--answer yes"));
+    EXPECT_EQ(remove("folders", {"D:\\Plain"}), exit_status::Usage);
+    EXPECT_EQ(file("td_folders.dat"), before);
+    EXPECT_EQ(machine.log(), "");
+    options.answerYes = true;
+    EXPECT_EQ(add("folders", {"D:\\New"}), exit_status::Done);
+    EXPECT_EQ(file("td_folders.dat"), "D:\\Data\r\nold\r\nD:\\Quoted\r\nD:\\Plain\r\nD:\\New\r\n");
+}
+
+TEST_F(ListsCommand, AsksNothingAboutLinesWhoseEntriesAreTakenOut) {
+    putFile("td_folders.dat", "D:\\Data, old\r\nD:\\Plain\r\n");
+    EXPECT_EQ(remove("folders", {"D:\\Data"}), exit_status::Usage) << "the other half would become a line";
+    EXPECT_EQ(remove("folders", {"D:\\Data", "old"}), exit_status::Done) << machine.messages();
+    EXPECT_EQ(file("td_folders.dat"), "D:\\Plain\r\n");
+}
+
+TEST_F(ListsCommand, AsksNothingAboutLinesOfOtherLists) {
+    putFile("td_folders.dat", "D:\\Data, old\r\n");
+    EXPECT_EQ(add("files", {"D:\\a.txt"}), exit_status::Done) << machine.messages();
+    EXPECT_FALSE(contains(machine.messages(), "Answer:"));
+}
+
+TEST_F(ListsCommand, TellsTheFirstOfManyChangedLines) {
+    std::string content;
+    for (int line = 0; line < 5000; ++line) content += "D:\\" + std::to_string(line) + ",x\r\n";
+    putFile("td_folders.dat", content);
+    EXPECT_EQ(add("folders", {"D:\\New"}), exit_status::Usage);
+    EXPECT_TRUE(contains(machine.messages(), "\"D:\\9,x\" is read as:\nD:\\9\nx\nand so are 4990 more line(s).\n"));
+    EXPECT_FALSE(contains(machine.messages(), "\"D:\\10,x\" is read"));
+}
+
+TEST_F(ListsCommand, ChangesNothingBesideAnotherProgram) {
+    putFile("td_folders.dat", "D:\\A\r\n");
+    machine.memory.processes.otherInstanceRuns = true;
+    for (const ListsAction action : {ListsAction::Add, ListsAction::Remove}) {
+        EXPECT_EQ(lists(action, "folders", {"D:\\A"}), exit_status::MachineUnusable);
+        EXPECT_TRUE(contains(machine.messages(), "Tidvane is already running on this machine"));
+    }
+    EXPECT_EQ(file("td_folders.dat"), "D:\\A\r\n");
+    EXPECT_EQ(lists(ListsAction::Show, "folders"), exit_status::Done) << "looking is allowed";
+}
+
+TEST_F(ListsCommand, KeepsOthersOutFromTheFirstLookAtTheListOn) {
+    putFile("td_folders.dat", "D:\\A\r\n");
+    bool locked = false;
+    machine.memory.files.before(kProgramFolder + "td_folders.dat", 1,
+                                [&] { locked = machine.memory.processes.holdsInstanceLock; });
+    EXPECT_EQ(add("folders", {"D:\\B"}), exit_status::Done);
+    EXPECT_TRUE(locked);
+    EXPECT_FALSE(machine.memory.processes.holdsInstanceLock) << "given back";
+}
+
 TEST_F(ListsCommand, HoldsInTheNextRun) {
     machine.memory.files.putFile("C:\\Junk\\a.txt", "x");
     add("folders", {"C:\\Junk"});

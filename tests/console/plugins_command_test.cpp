@@ -113,6 +113,16 @@ TEST_F(PluginsCommand, EndsWith4WhereTicksCannotBeStored) {
     EXPECT_TRUE(contains(machine.messages(), "could not be stored"));
 }
 
+TEST_F(PluginsCommand, ChangesNoTickBesideAnotherProgram) {
+    machine.memory.processes.otherInstanceRuns = true;
+    EXPECT_EQ(plugins({{"Third"}, {}, {}}), exit_status::MachineUnusable);
+    EXPECT_EQ(plugins({{}, {"Third"}, {}}), exit_status::MachineUnusable);
+    EXPECT_TRUE(contains(machine.messages(), "already running"));
+    EXPECT_EQ(ticks(), "none");
+    EXPECT_EQ(plugins(), exit_status::Done) << "looking is allowed";
+    EXPECT_EQ(plugins({{}, {}, {"Third"}}), exit_status::Done);
+}
+
 TEST_F(PluginsCommand, ShowsWhatAPlugInSaysInTheLanguageOfTheTexts) {
     EXPECT_EQ(plugins({{}, {}, {"foo cache"}}), exit_status::Done);
     EXPECT_EQ(machine.log(),

@@ -160,6 +160,43 @@ TEST_F(ToolsProgram, OwnListsHoldFromTheCommandToTheRun) {
     EXPECT_NE(run({"settings"}).out.find("frmOptions.chkActivateOwnFolder=0\n"), std::string::npos);
 }
 
+TEST_F(ToolsProgram, LosesNoEntryThatOneOfManyAtOnceHasStored) {
+    constexpr int kAtOnce = 8;
+    std::vector<pid_t> processes;
+    for (int at = 0; at < kAtOnce; ++at) {
+        processes.push_back(
+            console.start({"--machine", machine(), "lists", "add", "folders", "C:\\Folder" + std::to_string(at)}));
+    }
+    std::vector<std::string> stored;
+    for (int at = 0; at < kAtOnce; ++at) {
+        const int status = console.end(processes[static_cast<std::size_t>(at)]).status;
+        EXPECT_TRUE(status == 0 || status == 4) << status;
+        if (status == 0) stored.push_back("C:\\Folder" + std::to_string(at));
+    }
+    EXPECT_FALSE(stored.empty());
+    const std::string list = run({"lists", "show", "folders"}).out;
+    for (const std::string& entry : stored) EXPECT_NE(list.find(entry + "\n"), std::string::npos) << entry;
+    EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), static_cast<std::ptrdiff_t>(stored.size()));
+}
+
+TEST_F(ToolsProgram, StoresNothingWhileAnotherOneWorksWithTheProgramFolder) {
+    const int held = ::open((console.home() / "data/tidvane/program").c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(::flock(held, LOCK_EX | LOCK_NB), 0);
+    const std::string before = everything();
+    for (const std::vector<std::string>& words :
+         std::vector<std::vector<std::string>>{{"lists", "add", "folders", "C:\\Mine"},
+                                               {"lists", "remove", "folders", "C:\\Mine"},
+                                               {"plugins", "--tick", "Windows crash dumps"},
+                                               {"settings", "--set", "txtPurgeSpeed=3", "--save"}}) {
+        const tests::Ended ended = run(words);
+        EXPECT_EQ(ended.status, 4) << words[0];
+        EXPECT_EQ(ended.out, "");
+        EXPECT_NE(ended.err.find("already running"), std::string::npos) << ended.err;
+    }
+    EXPECT_EQ(everything(), before);
+    ::close(held);
+}
+
 TEST_F(ToolsProgram, AnswersWrongUseOfTheToolsWith2AndASentence) {
     const std::string before = everything();
     for (const std::vector<std::string>& wrong :
