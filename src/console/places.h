@@ -12,8 +12,13 @@ std::string userDataDirectory();
 // Empty when they are not found.
 std::string deliveredData();
 
-// The program's own folder is made of the delivered files where it does not exist yet or is empty; one that has
-// anything in it is left alone. It appears whole or not at all. False: `error` is one sentence.
+// The program's own folder is made of the delivered files where it does not exist yet or is empty: it appears whole or
+// not at all. False: `error` is one sentence.
+//
+// One that the program has used before gets what it lacks, as one of an older version does. What it has is never
+// replaced, and what its user took out of a folder (a plug-in, say) does not come back: only a folder that is missing
+// is filled. A language file is put in where there is none at all, since a second one would change the texts. What
+// cannot be put in stays missing. Any other folder that holds something is left alone.
 bool fillProgramFolder(const std::string& folder, const std::string& delivered, std::string& error);
 
 }  // namespace tidvane::console

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 
 #include "support/host_directory.h"
@@ -18,7 +21,17 @@ protected:
     Places() {
         here.file("data/English.lng", "100 text");
         here.file("data/languages/other.lng", "100 other");
+        here.file("data/td_ban.dat", "C:\\");
+        here.file("data/PlugIns/a.tdp", "plug-in a");
+        here.file("data/PlugIns/b.tdp", "plug-in b");
         here.file("data/.gitattributes", "x");
+    }
+    [[nodiscard]] std::set<std::string> names(const std::string& folder) const {
+        std::set<std::string> found;
+        for (const auto& entry : std::filesystem::directory_iterator(here / folder)) {
+            found.insert(entry.path().filename().string());
+        }
+        return found;
     }
     bool fill() { return fillProgramFolder(here / "home/program", here / "data", error); }
     tests::HostDirectory here;
@@ -38,11 +51,84 @@ TEST_F(Places, FillAnEmptyProgramFolder) {
     EXPECT_TRUE(here.has("home/program/English.lng"));
 }
 
-TEST_F(Places, LeaveAProgramFolderThatHasAnything) {
+TEST_F(Places, LeaveAFolderThatIsNoProgramFolder) {
+    for (const char* name : {"letter.txt", "td_photo.png", "data.ini", "PlugIns/mine.tdp"}) {
+        here.file(std::string("home/program/") + name, "mine");
+    }
+    ASSERT_TRUE(fill()) << error;
+    EXPECT_EQ(names("home/program"), (std::set<std::string>{"PlugIns", "data.ini", "letter.txt", "td_photo.png"}));
+    EXPECT_EQ(names("home/program/PlugIns"), std::set<std::string>{"mine.tdp"});
+}
+
+TEST_F(Places, CompleteAProgramFolderOfAnOlderVersion) {
     here.file("home/program/td_config.ini", "mine");
     ASSERT_TRUE(fill()) << error;
-    EXPECT_FALSE(here.has("home/program/English.lng"));
+    EXPECT_EQ(names("home/program"),
+              (std::set<std::string>{"English.lng", "PlugIns", "languages", "td_ban.dat", "td_config.ini"}))
+        << "nothing else, and nothing half done";
+    EXPECT_EQ(here.content("home/program/English.lng"), "100 text");
+    EXPECT_EQ(here.content("home/program/td_ban.dat"), "C:\\");
+    EXPECT_EQ(here.content("home/program/PlugIns/a.tdp"), "plug-in a");
     EXPECT_EQ(here.content("home/program/td_config.ini"), "mine");
+}
+
+TEST_F(Places, ReplaceNothingOfAProgramFolder) {
+    here.file("home/program/English.lng", "my text");
+    here.file("home/program/TD_BAN.DAT", "");
+    here.file("home/program/languages/other.lng", "my other");
+    here.link("nowhere", "home/program/plugins");
+    ASSERT_TRUE(fill()) << error;
+    EXPECT_EQ(names("home/program"), (std::set<std::string>{"English.lng", "TD_BAN.DAT", "languages", "plugins"}))
+        << "names that differ by case alone are the same to the machine";
+    EXPECT_EQ(here.content("home/program/English.lng"), "my text");
+    EXPECT_EQ(here.content("home/program/TD_BAN.DAT"), "");
+    EXPECT_EQ(here.content("home/program/languages/other.lng"), "my other");
+}
+
+TEST_F(Places, BringNoPlugInBackThatItsUserDeleted) {
+    ASSERT_TRUE(fill()) << error;
+    std::filesystem::remove(here / "home/program/PlugIns/a.tdp");
+    ASSERT_TRUE(fill()) << error;
+    EXPECT_EQ(names("home/program/PlugIns"), std::set<std::string>{"b.tdp"});
+    std::filesystem::remove(here / "home/program/PlugIns/b.tdp");
+    ASSERT_TRUE(fill()) << error;
+    EXPECT_EQ(names("home/program/PlugIns"), std::set<std::string>{}) << "an empty folder is a choice too";
+    std::filesystem::remove(here / "home/program/PlugIns");
+    ASSERT_TRUE(fill()) << error;
+    EXPECT_EQ(names("home/program/PlugIns"), (std::set<std::string>{"a.tdp", "b.tdp"}));
+}
+
+TEST_F(Places, PutNoSecondLanguageBesideTheOneChosen) {
+    here.file("home/program/Deutsch (German).LNG", "100 Text");
+    ASSERT_TRUE(fill()) << error;
+    EXPECT_FALSE(here.has("home/program/English.lng"));
+    EXPECT_TRUE(here.has("home/program/td_ban.dat"));
+}
+
+TEST_F(Places, UseAProgramFolderThatCannotBeCompleted) {
+    constexpr uid_t kNobody = 65534;
+    here.file("home/program/td_config.ini", "mine");
+    ASSERT_EQ(::chmod(here.path().c_str(), 0755), 0);
+    ASSERT_EQ(::chmod((here / "home/program").c_str(), 0555), 0);
+    const uid_t user = ::geteuid();
+    if (user == 0) {  // nothing is closed to root
+        ASSERT_EQ(::seteuid(kNobody), 0);
+    }
+    const bool usable = fill();
+    if (user == 0) {
+        ASSERT_EQ(::seteuid(user), 0);
+    }
+    EXPECT_TRUE(usable) << error;
+    EXPECT_EQ(names("home/program"), std::set<std::string>{"td_config.ini"});
+    ASSERT_EQ(::chmod((here / "home/program").c_str(), 0755), 0);
+}
+
+TEST_F(Places, UseAProgramFolderWithoutTheDelivery) {
+    here.file("home/program/td_config.ini", "mine");
+    for (const std::string& delivered : {std::string(), here / "nowhere"}) {
+        EXPECT_TRUE(fillProgramFolder(here / "home/program", delivered, error)) << error;
+        EXPECT_EQ(names("home/program"), std::set<std::string>{"td_config.ini"});
+    }
 }
 
 TEST_F(Places, SayWhenTheProgramFolderIsAFile) {
