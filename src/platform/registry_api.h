@@ -15,6 +15,7 @@ inline constexpr HKey HKEY_CLASSES_ROOT_ = 0x80000000u;
 inline constexpr HKey HKEY_CURRENT_USER_ = 0x80000001u;
 inline constexpr HKey HKEY_LOCAL_MACHINE_ = 0x80000002u;
 inline constexpr HKey HKEY_USERS_ = 0x80000003u;
+inline constexpr HKey HKEY_CURRENT_CONFIG_ = 0x80000005u;
 
 inline constexpr std::uint32_t kRegNone = 0;
 inline constexpr std::uint32_t kRegSz = 1;

@@ -24,9 +24,11 @@ struct RootKey {
 };
 // Full names only: there are no short forms.
 constexpr std::array kRootKeys{
-    RootKey{"HKEY_CLASSES_ROOT", 0x80000000u},   RootKey{"HKEY_CURRENT_USER", 0x80000001u},
-    RootKey{"HKEY_LOCAL_MACHINE", 0x80000002u},  RootKey{"HKEY_USERS", 0x80000003u},
-    RootKey{"HKEY_CURRENT_CONFIG", 0x80000005u},
+    RootKey{"HKEY_CLASSES_ROOT", platform::HKEY_CLASSES_ROOT_},
+    RootKey{"HKEY_CURRENT_USER", platform::HKEY_CURRENT_USER_},
+    RootKey{"HKEY_LOCAL_MACHINE", platform::HKEY_LOCAL_MACHINE_},
+    RootKey{"HKEY_USERS", platform::HKEY_USERS_},
+    RootKey{"HKEY_CURRENT_CONFIG", platform::HKEY_CURRENT_CONFIG_},
 };
 
 // 0, which opens nothing, for any other name; blanks around it count.

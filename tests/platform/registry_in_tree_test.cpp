@@ -60,6 +60,51 @@ TEST_F(RegistryInTreeTest, CurrentUserIsTheChosenUserAmongTheUsers) {
     EXPECT_FALSE(has(".Default\\Mine", HKEY_USERS_));
 }
 
+TEST_F(RegistryInTreeTest, CurrentConfigIsTheCurrentHardwareProfileOfTheMachine) {
+    HKey key = 0;
+    EXPECT_EQ(registry.RegOpenKeyExA(HKEY_CURRENT_CONFIG_, "", kKeyQueryValue, key), 2) << "there is none";
+    EXPECT_EQ(registry.RegOpenKeyExA(HKEY_CURRENT_CONFIG_, "Software", kKeyQueryValue, key), 2);
+    const std::string profile = "System\\CurrentControlSet\\Hardware Profiles\\Current\\";
+    make(profile + "Software\\Fonts", HKEY_LOCAL_MACHINE_);
+    EXPECT_TRUE(has("SOFTWARE\\fonts", HKEY_CURRENT_CONFIG_));
+    EXPECT_TRUE(has("Software\\Fonts", 0xFFFFFFFF80000005u));
+    make("Software\\Mine", HKEY_CURRENT_CONFIG_);
+    EXPECT_TRUE(has(profile + "Software\\Mine", HKEY_LOCAL_MACHINE_));
+    EXPECT_EQ(registry.RegDeleteKeyA(HKEY_CURRENT_CONFIG_, "Software\\Mine"), 0);
+    EXPECT_FALSE(has(profile + "Software\\Mine", HKEY_LOCAL_MACHINE_));
+    EXPECT_TRUE(has(profile + "Software\\Fonts", HKEY_LOCAL_MACHINE_));
+    EXPECT_EQ(registry.RegCloseKey(HKEY_CURRENT_CONFIG_), 0);
+}
+
+TEST_F(RegistryInTreeTest, CurrentConfigIsReachedOverTheLinksOfTheSystem) {
+    tree.make("Machine\\System\\ControlSet001\\Hardware Profiles\\0001\\Software\\Mine");
+    makeLink("Machine\\System\\CurrentControlSet", "\\Registry\\Machine\\System\\ControlSet001");
+    makeLink("Machine\\System\\ControlSet001\\Hardware Profiles\\Current",
+             "\\Registry\\Machine\\System\\ControlSet001\\Hardware Profiles\\0001");
+    EXPECT_TRUE(has("Software\\Mine", HKEY_CURRENT_CONFIG_));
+    EXPECT_EQ(registry.RegDeleteKeyA(HKEY_CURRENT_CONFIG_, "Software\\Mine"), 0);
+    EXPECT_FALSE(has("System\\ControlSet001\\Hardware Profiles\\0001\\Software\\Mine", HKEY_LOCAL_MACHINE_));
+    EXPECT_TRUE(has("System\\CurrentControlSet\\Hardware Profiles\\Current", HKEY_LOCAL_MACHINE_));
+}
+
+TEST_F(RegistryInTreeTest, CurrentConfigOfACopyIsTheCopysOwn) {
+    tree.make("Machine\\System\\ControlSet001\\Hardware Profiles\\Current\\Software\\Mine");
+    makeLink("Machine\\System\\CurrentControlSet", "\\Registry\\Machine\\System\\ControlSet001");
+    RegistryTree copied{tree.copy()};
+    RegistryInTree copy{copied, removed};
+    HKey key = 0;
+    EXPECT_EQ(copy.RegDeleteKeyA(HKEY_CURRENT_CONFIG_, "Software\\Mine"), 0);
+    EXPECT_EQ(copy.RegOpenKeyExA(HKEY_CURRENT_CONFIG_, "Software\\Mine", kKeyQueryValue, key), 2);
+    EXPECT_TRUE(has("Software\\Mine", HKEY_CURRENT_CONFIG_)) << "as a preview needs it";
+}
+
+TEST_F(RegistryInTreeTest, TheOtherHivesOfWindowsAreNone) {
+    for (const HKey hive : {HKey{0x80000004u}, HKey{0x80000006u}}) {
+        HKey key = 0;
+        EXPECT_EQ(registry.RegOpenKeyExA(hive, "", kKeyQueryValue, key), 6) << hive;
+    }
+}
+
 TEST_F(RegistryInTreeTest, TakesSignExtendedHives) {
     make("Mine");
     EXPECT_TRUE(has("Mine", 0xFFFFFFFF80000001u));

@@ -48,6 +48,7 @@ bool isProtectedKey(HKey hive, std::string_view path) {
             return parts.empty();
         case HKEY_CURRENT_USER_:
         case HKEY_LOCAL_MACHINE_:
+        case HKEY_CURRENT_CONFIG_:
             return isProtectedBelowHive(parts, 0);
         case HKEY_USERS_:
             return parts.empty() || isProtectedBelowHive(parts, 1);

@@ -32,6 +32,8 @@ constexpr std::uint32_t kKeyRead = 0x20019;
 constexpr std::uint32_t kKeyWrite = 0x20006;
 
 constexpr std::string_view kClassesPath = "Machine\\Software\\Classes";
+constexpr std::string_view kCurrentConfigPath =
+    "System\\CurrentControlSet\\Hardware Profiles\\Current";  // of the machine
 
 constexpr int kMostLinks = 16;  // one after the other; more is a circle
 
@@ -48,7 +50,7 @@ HKey plainHandle(HKey handle) {
 }
 
 bool isPredefined(HKey handle) {
-    return handle >= HKEY_CLASSES_ROOT_ && handle <= HKEY_USERS_;
+    return (handle >= HKEY_CLASSES_ROOT_ && handle <= HKEY_USERS_) || handle == HKEY_CURRENT_CONFIG_;
 }
 
 bool tooLong(std::string_view name) {
@@ -92,6 +94,13 @@ RegResult RegistryInTree::hivePlace(HKey hive, RegistryTree& tree, Place& place)
         case HKEY_USERS_:
             place.key = tree.users();
             break;
+        case HKEY_CURRENT_CONFIG_: {
+            place.key = tree.machine();
+            const RegResult result = walk(place, kCurrentConfigPath, true, place);
+            // The links on that way are the system's own: they lead to this hive and not out of it.
+            place.throughLink = false;
+            return result;
+        }
         default:
             return kBadHandle;
     }
@@ -177,7 +186,7 @@ RegResult RegistryInTree::RegCreateKeyExA(HKey parent, const std::string& path, 
     created = false;
     Place place;
     load();
-    if (plainHandle(parent) == HKEY_CLASSES_ROOT_) tree_.make(kClassesPath);  // the only hive that may not be there yet
+    if (plainHandle(parent) == HKEY_CLASSES_ROOT_) tree_.make(kClassesPath);  // made at need
     if (const RegResult result = placeOf(parent, place); result != kOk) return result;
     const std::string_view wanted = untilNul(path);
     if (!wanted.empty() && wanted.front() == '\\') return kBadPath;

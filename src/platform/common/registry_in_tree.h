@@ -2,8 +2,10 @@
 // file format, a test) is the business of whoever owns it.
 //
 // HKEY_CLASSES_ROOT is HKEY_LOCAL_MACHINE\Software\Classes; the user's own classes are reached through
-// HKEY_CURRENT_USER. Symbolic links are followed when a key is opened or read. Nothing is deleted through one: a key or
-// value that was reached over a link is refused with 5, and the removal of a tree takes a link in it as a leaf.
+// HKEY_CURRENT_USER. HKEY_CURRENT_CONFIG is the current hardware profile below HKEY_LOCAL_MACHINE\System, and missing
+// (2) where the machine has none: a hive that no running system has linked yet. Symbolic links are followed when a key
+// is opened or read. Nothing is deleted through one: a key or value that was reached over a link is refused with 5, and
+// the removal of a tree takes a link in it as a leaf.
 #pragma once
 
 #include <cstdint>
@@ -60,7 +62,7 @@ private:
     void load();
     RegResult placeOf(HKey handle, Place& place);
     static RegResult hivePlace(HKey hive, RegistryTree& tree, Place& place);
-    RegResult walk(const Place& from, std::string_view path, bool followLast, Place& to);
+    static RegResult walk(const Place& from, std::string_view path, bool followLast, Place& to);
     static RegResult follow(Place& place);
     RegResult withRight(HKey handle, std::uint32_t right, Place& place);
     RegResult deleteTree(const RegistryKeyPtr& key, const RegistryTree& tree);

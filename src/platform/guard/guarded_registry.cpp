@@ -24,6 +24,8 @@ std::string hiveName(HKey hive) {
             return "HKEY_CURRENT_USER";
         case HKEY_LOCAL_MACHINE_:
             return "HKEY_LOCAL_MACHINE";
+        case HKEY_CURRENT_CONFIG_:
+            return "HKEY_CURRENT_CONFIG";
         default:
             return "HKEY_USERS";
     }
