@@ -23,7 +23,8 @@ void frmMain::CleanPlugins() {
     AddLogLine(text(553) + " ...");
     std::int64_t ticked = 0;
     bool stopped = false;
-    // Counted afresh at each row: events get in below and may refresh the list.
+    // Counted afresh at each row: events get in below and may refresh the list. A row that moves up meanwhile, to a
+    // place that the pass has left behind, is passed over: intended.
     for (int row = 0; row < LstPlugs.ListCount() && !stopped; ++row) {
         if (!LstPlugs.Selected(row)) continue;
         ++ticked;

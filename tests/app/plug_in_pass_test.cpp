@@ -226,6 +226,21 @@ TEST_F(PlugInPass, AListThatIsFilledAnewMeanwhileIsFollowed) {
     EXPECT_FALSE(ran("b"));
 }
 
+TEST_F(PlugInPass, APlugInWhoseRowMovesUpMeanwhileIsPassedOver) {
+    for (const char* name : {"a", "b", "c"}) putSimple(name);
+    tickAll();
+    machine.events.onPump(1, [this] {
+        machine.files.take(inFolder("PlugIns\\a.tdp"));
+        click("mnuRefreshPlugs");
+    });
+    const Lines filled{text(576) + ": 2 " + text(577) + " <OK>"};
+    // The title of a file that has gone is empty.
+    EXPECT_EQ(pass(), join({opening(), filled, {done("")}, {done("The c")}, closing(2, 2)}));
+    EXPECT_FALSE(ran("b"));
+    EXPECT_TRUE(ran("c"));
+    EXPECT_TRUE(main().LstPlugs.Selected(0)) << "it keeps its tick for the next run";
+}
+
 TEST_F(PlugInPass, EndsWithTheProgram) {
     for (const char* name : {"a", "b"}) putSimple(name);
     tickAll();
@@ -274,6 +289,28 @@ TEST_F(PlugInPass, IsTheLastStepOfARun) {
     EXPECT_EQ(countOf(done("The a")), 1);
     EXPECT_TRUE(logHas(closing(1, 1)[1]));
     EXPECT_TRUE(logHas(text(623) + " (0 " + text(583) + ")"));
+}
+
+TEST_F(PlugInPass, TheCommandOfTheListDoesNothingInsideARun) {
+    for (const char* name : {"a", "b"}) putSimple(name);
+    tickAll();
+    Lines before;
+    Lines after;
+    bool untouched = false;
+    main().stepDone.connect([&](const StepResult& result) {
+        if (result.task->step != 10) return;
+        main().cmdStop_Click();
+        before = logLines();
+        click("mnuCleanPlugNow");
+        after = logLines();
+        untouched = main().StopRequested() && !main().cmdClean.Enabled && !ran("a");
+    });
+    clean();
+    EXPECT_FALSE(before.empty());
+    EXPECT_EQ(after, before);
+    EXPECT_TRUE(untouched);
+    EXPECT_EQ(countOf(text(553) + " ..."), 1) << "the last step's own";
+    EXPECT_FALSE(ran("b")) << "the stop still holds";
 }
 
 TEST_F(PlugInPass, IsReportedAsTickedWhenAPlugInIs) {

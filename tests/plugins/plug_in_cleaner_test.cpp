@@ -213,9 +213,24 @@ TEST_F(PlugInRegistry, NothingIsExpanded) {
 }
 
 TEST_F(PlugInRegistry, ProtectedKeysStay) {
+    // Without subkeys, so that nothing but the protection keeps them.
+    const platform::RegistryKeyPtr user = machine.registryTree.currentUser();
+    const platform::RegistryKeyPtr system = machine.registryTree.machine()->find("System");
     putKey("Software", 0);
-    run({"[REGISTRY]", "1=HKEY_CURRENT_USER|", "2=HKEY_CURRENT_USER|Software", "3=HKEY_LOCAL_MACHINE|System"});
+    for (const platform::RegistryKeyPtr& key : {user->find("Software"), system}) {
+        ASSERT_NE(key, nullptr);
+        while (!key->children().empty()) key->children().back()->remove();
+    }
+    system->setText("value", "data");
+    machine.warnings.clear();
+    run({"[REGISTRY]", "1=HKEY_CURRENT_USER|", "2=HKEY_CURRENT_USER|Software", "3=HKEY_LOCAL_MACHINE|System",
+         "4=HKEY_LOCAL_MACHINE|System|value", "5=HKEY_LOCAL_MACHINE|"});
+    EXPECT_FALSE(user->deleted);
     EXPECT_TRUE(hasKey("Software"));
+    EXPECT_EQ(machine.registryTree.machine()->find("System"), system);
+    EXPECT_NE(system->findValue("value"), nullptr);
+    EXPECT_EQ(machine.warnings.size(), 5u);
+    EXPECT_EQ(machine.removed.totals.keys + machine.removed.totals.values, 0u);
 }
 
 TEST_F(PlugInRegistry, KnowsTheRootsByTheirFullNames) {
@@ -227,10 +242,12 @@ TEST_F(PlugInRegistry, KnowsTheRootsByTheirFullNames) {
     start();
     std::string user;
     ASSERT_EQ(machine.registry.RegEnumKeyA(platform::HKEY_USERS_, 0, 256, user), 0);
+    machine.registryTree.make("Machine\\System\\CurrentControlSet\\Hardware Profiles\\Current");
     for (const Root& root : {Root{"HKEY_CLASSES_ROOT", platform::HKEY_CLASSES_ROOT_, "Some\\Key"},
                              Root{"HKEY_CURRENT_USER", platform::HKEY_CURRENT_USER_, "Software\\Some\\Key"},
                              Root{"HKEY_LOCAL_MACHINE", platform::HKEY_LOCAL_MACHINE_, "Software\\Some\\Key"},
-                             Root{"HKEY_USERS", platform::HKEY_USERS_, user + "\\Software\\Some\\Key"}}) {
+                             Root{"HKEY_USERS", platform::HKEY_USERS_, user + "\\Software\\Some\\Key"},
+                             Root{"HKEY_CURRENT_CONFIG", platform::HKEY_CURRENT_CONFIG_, "Software\\Some\\Key"}}) {
         platform::HKey key = 0;
         bool created = false;
         ASSERT_EQ(machine.registry.RegCreateKeyExA(root.handle, root.path, platform::kKeyAllAccess, key, created), 0)
@@ -239,7 +256,15 @@ TEST_F(PlugInRegistry, KnowsTheRootsByTheirFullNames) {
         run({"[REGISTRY]", std::string("1=") + root.name + "|" + root.path});
         EXPECT_EQ(machine.registry.RegOpenKeyExA(root.handle, root.path, platform::kKeyAllAccess, key), 2) << root.name;
     }
-    EXPECT_NO_THROW(run({"[REGISTRY]", "1=HKEY_CURRENT_CONFIG|Software\\X", "2=HKEY_DYN_DATA|x"}));
+    EXPECT_NO_THROW(run({"[REGISTRY]", "1=HKEY_DYN_DATA|x", "2=HKEY_PERFORMANCE_DATA|x"}));
+}
+
+TEST_F(PlugInRegistry, AMachineWithoutAHardwareProfileHasNothingBelowCurrentConfig) {
+    putKey("Software\\X");
+    run({"[REGISTRY]", "1=HKEY_CURRENT_CONFIG|Software\\X", "2=HKEY_CURRENT_CONFIG|Software\\X|value0"});
+    EXPECT_TRUE(hasKey("Software\\X"));
+    EXPECT_EQ(machine.removed.totals, platform::RemovalTotals());
+    EXPECT_TRUE(machine.warnings.empty());
 }
 
 // --- FILES: commands -------------------------------------------------------------------------------------------------
@@ -539,6 +564,18 @@ TEST_F(PlugInStarts, AnyOtherNameIsNotStartedAndTold) {
         EXPECT_EQ(display.warnings.size(), static_cast<std::size_t>(expected)) << name;
     }
     EXPECT_NE(display.warnings[0].find("\"notepad.exe\""), std::string::npos);
+    EXPECT_NE(display.warnings[1].find("\" notepad.exe\""), std::string::npos)
+        << "the blank in front is part of the name";
+}
+
+TEST_F(PlugInStarts, ABlankInFrontIsPartOfTheName) {
+    machine.files.putFile(inFolder("memtrim.exe"), "MZ");
+    runLine("1= run_file | memtrim.exe?");
+    EXPECT_TRUE(machine.shell.started.empty());
+    machine.files.putFile(inFolder(" memtrim.exe"), "MZ");
+    runLine("1= run_file | memtrim.exe?");
+    ASSERT_EQ(machine.shell.started.size(), 1u);
+    EXPECT_EQ(machine.shell.started[0].file, inFolder(" memtrim.exe"));
 }
 
 TEST_F(PlugInStarts, AShareIsAFullPath) {
