@@ -40,6 +40,8 @@ TEST_P(FileSystemContract, RenameEntryWithNothingToRenameOrNoPlaceForIt) {
     EXPECT_EQ(files.RenameEntry("C:\\Scratch\\a.txt", "C:\\none\\b.txt"), Status::PathNotFound);
     EXPECT_EQ(files.RenameEntry("C:\\Scratch\\a.txt", "C:\\Scratch\\b*.txt"), Status::InvalidName);
     EXPECT_EQ(files.RenameEntry("C:\\Scratch\\*.txt", "C:\\Scratch\\b.txt"), Status::InvalidName);
+    EXPECT_EQ(files.RenameEntry("C:\\n*ne\\a.txt", "C:\\Scratch\\b.txt"), Status::InvalidName);
+    EXPECT_EQ(files.RenameEntry("C:\\Scratch\\a.txt", "C:\\n?ne\\b.txt"), Status::InvalidName);
     EXPECT_EQ(files.RenameEntry("C:\\Scratch\\sub", "C:\\Scratch\\sub\\deeper"), Status::Denied);
     EXPECT_EQ(listing("C:\\Scratch"), (std::vector<std::string>{"a.txt", "sub"}));
 }

@@ -84,6 +84,15 @@ std::string comparableName(std::string_view name) {
     return base::upperCase(name.substr(0, last == std::string_view::npos ? 0 : last + 1));
 }
 
+bool isListable(std::string_view name) {
+    return name.find_first_of("\\:*?") == std::string_view::npos;
+}
+
+bool isListable(const WindowsPath& path) {
+    return std::all_of(path.names.begin(), path.names.end(),
+                       [](const std::string& name) { return isListable(std::string_view(name)); });
+}
+
 bool isCreatableName(std::string_view name) {
     return !name.empty() && std::none_of(name.begin(), name.end(), [](char sign) {
         return static_cast<unsigned char>(sign) < 0x20 ||

@@ -27,6 +27,12 @@ Status parseWindowsPath(std::string_view path, WindowsPath& parsed);
 // of a name.
 std::string comparableName(std::string_view name);
 
+// Whether a path can tell this name of a disk. Names with wildcards are left out too: handed to a delete, they would
+// stand for their neighbours.
+bool isListable(std::string_view name);
+// The same of each name of a path; the root alone is fine.
+bool isListable(const WindowsPath& path);
+
 // False for a name that Windows could not create: it is empty or holds one of < > : " / \ | ? * or a control character.
 bool isCreatableName(std::string_view name);
 

@@ -9,6 +9,7 @@
 #include <cerrno>
 
 #include "base/text.h"
+#include "platform/common/windows_path.h"
 #include "platform/machine/entry_details.h"
 #include "platform/machine/file_attributes.h"
 #include "platform/machine/tree_measure.h"

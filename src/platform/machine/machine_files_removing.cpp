@@ -9,6 +9,7 @@
 #include <deque>
 
 #include "base/wildcard.h"
+#include "platform/common/windows_path.h"
 #include "platform/machine/file_attributes.h"
 #include "platform/machine/machine_files.h"
 #include "platform/machine/tree_removal.h"

@@ -23,8 +23,4 @@ Status parseMachinePath(std::string_view text, MachinePath& path) {
     return Status::Ok;
 }
 
-bool isListable(std::string_view hostName) {
-    return hostName.find_first_of("\\:*?") == std::string_view::npos;
-}
-
 }  // namespace tidvane::platform::machine

@@ -23,8 +23,4 @@ struct MachinePath {
 // wildcard before the last part.
 Status parseMachinePath(std::string_view text, MachinePath& path);
 
-// Whether a Windows path can hold this host name. Names with wildcards are left out too: handed to a delete, they would
-// stand for their neighbours.
-bool isListable(std::string_view hostName);
-
 }  // namespace tidvane::platform::machine

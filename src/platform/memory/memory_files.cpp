@@ -36,11 +36,6 @@ std::string childKeyPath(const std::string& folderKey, const std::string& childK
     return folderKey + "\\" + childKey;
 }
 
-// A name with one of these cannot be told by a path, or would stand for its neighbours in a mask.
-bool isListable(const std::string& name) {
-    return name.find_first_of("\\:*?") == std::string::npos;
-}
-
 void keepFirst(Status& first, Status status) {
     if (ok(first)) first = status;
 }
@@ -699,7 +694,7 @@ Status MemoryFiles::RenameEntry(const std::string& from, const std::string& to) 
     if (!ok(source.status)) return source.status;
     WindowsPath path;
     if (const Status status = parseWindowsPath(to, path); !ok(status)) return status;
-    if (path.emptyLastPart || !isCreatableName(path.names.back())) return Status::InvalidName;
+    if (path.emptyLastPart || !isListable(path) || !isCreatableName(path.names.back())) return Status::InvalidName;
     const Place target = resolve(path);
     if (target.status != Status::NotFound && !ok(target.status)) return target.status;
     // Another volume would be a copy, which nobody asked for.

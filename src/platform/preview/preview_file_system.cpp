@@ -18,10 +18,6 @@ bool isPlainName(std::string_view name) {
            name.find_first_not_of(" .") != std::string_view::npos;
 }
 
-bool isImpossible(const std::string& name) {
-    return name.find_first_of(":*?") != std::string::npos;
-}
-
 }  // namespace
 
 PreviewFileSystem::PreviewFileSystem(FilesWithRehearsal& files, RemovalCounter& counter, std::function<FileTime()> now)
@@ -65,7 +61,7 @@ PreviewFileSystem::Spot PreviewFileSystem::find(const std::string& path, Ending 
         spot.status = spot.folder.status == Status::NotFound ? Status::PathNotFound : spot.folder.status;
         if (!ok(spot.status)) {
             // A name that no file can have is refused before anything is looked for.
-            if (std::any_of(parsed.names.begin(), parsed.names.end(), isImpossible)) spot.status = Status::InvalidName;
+            if (!isListable(parsed)) spot.status = Status::InvalidName;
             return spot;
         }
         spot.name = parsed.names.back();
@@ -129,7 +125,7 @@ PreviewFileSystem::Place PreviewFileSystem::step(const Place& folder, const std:
 
 PreviewFileSystem::Place PreviewFileSystem::otherSpelling(const Place& folder, const std::string& name) {
     PreviewNode& node = *folder.node;
-    if (isImpossible(name)) return {Status::InvalidName, nullptr, {}};
+    if (!isListable(name)) return {Status::InvalidName, nullptr, {}};
     if (PreviewNode* child = node.findFolded(name)) return {Status::Ok, child, child->below};
     const auto same = [&](const std::string& other) {
         return other != name && base::equalNoCase(other, name) && !node.isGone(other);

@@ -127,6 +127,7 @@ private:
     void count(const RehearsedTree& tree);
     std::string shownPath(Spot& spot, const std::string& spelled);
     void tell(RemovedKind kind, const std::string& path, std::uint64_t bytes) const;
+    // As recycled.
     void tellAll(const Spot& spot, const EntryDetails& details, const std::string& shownAs);
     std::uint64_t bytesOfName(const EntryDetails& file);
     bool isEmpty(const Spot& spot);
@@ -154,6 +155,8 @@ private:
         std::string folder;  // below
         std::unordered_map<std::string, RehearsedTree> inside;
     } measured_;
+
+    bool tellsOfBin_ = false;  // what is told now went into a recycle bin
 
     struct {
         const PreviewNode* folder = nullptr;

@@ -14,8 +14,8 @@ Status PreviewFileSystem::RenameEntry(const std::string& from, const std::string
     WindowsPath target;
     if (const Status status = parseWindowsPath(from, source); !ok(status)) return status;
     if (const Status status = parseWindowsPath(to, target); !ok(status)) return status;
-    if (source.names.empty() || target.names.empty() || !isCreatableName(target.names.back()))
-        return Status::InvalidName;
+    const auto isPlace = [](const WindowsPath& path) { return !path.names.empty() && isListable(path); };
+    if (!isPlace(source) || !isPlace(target) || !isCreatableName(target.names.back())) return Status::InvalidName;
 
     Spot old = find(from, Ending::Folder);
     EntryDetails details;

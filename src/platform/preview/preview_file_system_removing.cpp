@@ -50,7 +50,7 @@ void PreviewFileSystem::count(const RehearsedTree& tree) {
 }
 
 void PreviewFileSystem::tell(RemovedKind kind, const std::string& path, std::uint64_t bytes) const {
-    if (counter_.each) counter_.each({kind, path, bytes});
+    if (counter_.each) counter_.each({kind, path, bytes, tellsOfBin_});
 }
 
 std::string PreviewFileSystem::shownPath(Spot& spot, const std::string& spelled) {
@@ -291,6 +291,7 @@ void PreviewFileSystem::tellTree(const std::string& at, const std::string& shown
 }
 
 void PreviewFileSystem::tellAll(const Spot& spot, const EntryDetails& details, const std::string& shownAs) {
+    tellsOfBin_ = true;
     if (details.kind != EntryKind::Folder) {
         tell(RemovedKind::File, shownAs, details.length);
     } else if (spot.node != nullptr) {
@@ -300,6 +301,7 @@ void PreviewFileSystem::tellAll(const Spot& spot, const EntryDetails& details, c
         RehearsedTree tree;
         (void)files_.RehearseDeleteFolder(spot.below, FilesWithRehearsal::Extent::Content, true, {}, telling, tree);
     }
+    tellsOfBin_ = false;
 }
 
 Status PreviewFileSystem::takeOut(const std::string& path, FolderTotals& totals) {

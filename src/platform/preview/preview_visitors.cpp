@@ -107,7 +107,6 @@ bool PreviewRemoval::removeOwn(PreviewNode& node, RehearsedTree& totals) {
     PreviewRemoval inside(owner_, &node, node.below, path, force_);
     bool goes = false;
     if (node.below.empty()) {
-        RehearsedTree ignored;
         (void)inside.enterFolder(node.name);
         goes = !inside.ownEntries(totals);
         if (goes && !force_ && node.readOnly().value_or(false)) {
@@ -244,7 +243,7 @@ bool PreviewTelling::ownEntries(RehearsedTree& /*totals*/) {
     PreviewNode* node = folder().node;
     if (node == nullptr) return false;
     for (const auto& [name, child] : node->nodes()) {
-        if (child->own) tellOwn(owner_, *child, joined(shown_, name));
+        if (child->own) tellOwn(owner_, *child, joined(shown_, child->shownName()));
     }
     return false;
 }
@@ -257,7 +256,7 @@ void PreviewTelling::tellOwn(PreviewFileSystem& owner, PreviewNode& node, const 
         return;
     }
     if (node.below.empty()) {
-        for (const auto& [name, child] : node.nodes()) tellOwn(owner, *child, joined(shownAs, name));
+        for (const auto& [name, child] : node.nodes()) tellOwn(owner, *child, joined(shownAs, child->shownName()));
         owner.tell(RemovedKind::Folder, shownAs, 0);
         return;
     }
