@@ -33,6 +33,7 @@ struct RemovedEntry {
     RemovedKind kind;
     std::string path;         // as the machine knows it: "C:\\...", "HKEY_CURRENT_USER\\...", a value as "key\\[name]"
     std::uint64_t bytes = 0;  // of a file
+    bool recycled = false;    // it lies in a recycle bin now; anything else is gone for good
 };
 
 // Shared by all services of one platform. Files moved to a recycle bin count as removed.
