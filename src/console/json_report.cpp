@@ -38,6 +38,7 @@ Json entriesOf(const std::vector<platform::RemovedEntry>& entries) {
     for (const platform::RemovedEntry& entry : entries) {
         Json object = {{"kind", kindName(entry.kind)}, {"path", entry.path}};
         if (entry.kind == platform::RemovedKind::File) object["bytes"] = entry.bytes;
+        if (entry.recycled) object["recycled"] = true;
         list.push_back(std::move(object));
     }
     return list;

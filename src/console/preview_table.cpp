@@ -7,6 +7,8 @@
 
 #include "base/text.h"
 #include "console/console_display.h"
+#include "console/options.h"
+#include "removal/modKillMethod.h"
 
 namespace tidvane::console {
 
@@ -32,6 +34,7 @@ constexpr std::array kColumns{
 };
 
 constexpr const char* kGap = "  ";
+constexpr const char* kForGood = "  (for good)";
 
 std::string right(const std::string& text, std::size_t width) {
     return std::string(width > text.size() ? width - text.size() : 0, ' ') + text;
@@ -53,16 +56,19 @@ std::vector<Row> rowsOf(const Report& report) {
     return rows;
 }
 
-void writeEntries(std::ostream& out, const std::vector<platform::RemovedEntry>& entries) {
+// Who chose the recycle bin has to see what does not go there; without that choice everything goes for good.
+void writeEntries(std::ostream& out, const std::vector<platform::RemovedEntry>& entries, bool markForGood) {
     for (const platform::RemovedEntry& entry : entries) {
         const bool folder = entry.kind == platform::RemovedKind::Folder;
-        out << "      " << printable(folder ? base::withBackslash(entry.path) : entry.path) << "\n";
+        out << "      " << printable(folder ? base::withBackslash(entry.path) : entry.path)
+            << (markForGood && !entry.recycled ? kForGood : "") << "\n";
     }
 }
 
 }  // namespace
 
 void writePreviewTable(std::ostream& out, const Report& report) {
+    const bool markForGood = report.method == methodName(removal::KillRecycle);
     std::vector<Row> rows = rowsOf(report);
     rows.push_back({"", "Total", report.total, nullptr});
 
@@ -86,7 +92,7 @@ void writePreviewTable(std::ostream& out, const Report& report) {
             out << kGap << right(std::to_string(row.removed.*kColumns[at].count), widths[at]);
         }
         out << "\n";
-        if (report.details && row.entries != nullptr) writeEntries(out, *row.entries);
+        if (report.details && row.entries != nullptr) writeEntries(out, *row.entries, markForGood);
     }
     out << "This was a preview: nothing was removed, and nothing was stored." << std::endl;
 }

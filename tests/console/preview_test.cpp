@@ -7,6 +7,7 @@
 #include "console/stop_signal.h"
 #include "memory_session.h"
 #include "platform/memory/memory_preview.h"
+#include "removal/modKillMethod.h"
 #include "support/host_directory.h"
 
 namespace tidvane::console {
@@ -141,6 +142,46 @@ TEST_F(Preview, ReportsTheEntriesOfEachStep) {
     preview();
     EXPECT_FALSE(report()["steps"][15].contains("entries"));
     EXPECT_FALSE(report().contains("otherEntries"));
+}
+
+// A plug-in's DEL_FOLDER, and the registry, know no recycle bin.
+TEST_F(Preview, MarksWhatWouldGoForGoodUnderTheRecycleMethod) {
+    machine.memory.files.putFile(kProgramFolder + "PlugIns\\a.tdp",
+                                 "[FILES]\r\n1=DEL_FOLDER|C:\\Data\\old\r\n2=CLEAR_FOLDER|C:\\Data\\cache\r\n");
+    machine.memory.files.putFile("C:\\Data\\old\\x.log", "12");
+    machine.memory.files.putFile("C:\\Data\\cache\\y.log", "12");
+    machine.memory.files.putFile("C:\\Data\\cache\\deep\\z.log", "123");
+    options.plugins = {"a"};
+    options.method = removal::KillRecycle;
+    options.details = true;
+    options.json = directory / "p.json";
+    ASSERT_EQ(preview(), exit_status::Done) << machine.messages();
+    const std::string table = machine.log();
+    for (const char* line :
+         {"C:\\Data\\old\\x.log  (for good)", "C:\\Data\\old\\  (for good)", "C:\\Data\\cache\\y.log",
+          "C:\\Data\\cache\\deep\\z.log", "C:\\Data\\cache\\deep\\", "C:\\Windows\\Temp\\a.tmp"}) {
+        EXPECT_TRUE(contains(table, std::string("\n      ") + line + "\n")) << line << "\n" << table;
+    }
+    EXPECT_TRUE(contains(table, "\\Explorer\\RunMRU\\[a]  (for good)\n")) << table;
+
+    std::map<std::string, bool> recycled;
+    const nlohmann::json whole = report();
+    for (const nlohmann::json& step : whole["steps"]) {
+        for (const nlohmann::json& entry : step["entries"]) {
+            recycled[entry["path"].get<std::string>()] = entry.value("recycled", false);
+        }
+    }
+    EXPECT_EQ(recycled.at("C:\\Data\\old\\x.log"), false);
+    EXPECT_EQ(recycled.at("C:\\Data\\old"), false);
+    EXPECT_EQ(recycled.at("C:\\Data\\cache\\y.log"), true);
+    EXPECT_EQ(recycled.at("C:\\Data\\cache\\deep"), true);
+    EXPECT_EQ(recycled.at("C:\\Data\\cache\\deep\\z.log"), true);
+    EXPECT_EQ(recycled.at(kTempFile), true);
+
+    options.method = removal::KillPlain;
+    ASSERT_EQ(preview(), exit_status::Done);
+    EXPECT_FALSE(contains(machine.log(), "for good")) << "there it is no news";
+    EXPECT_FALSE(contains(report().dump(), "recycled"));
 }
 
 TEST_F(Preview, ShowsTheLogWhereItIsAskedFor) {

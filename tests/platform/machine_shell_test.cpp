@@ -36,6 +36,7 @@ protected:
         MachineOptions options;
         options.programFolder = host / "program";
         options.arguments = " /AUTO ";
+        options.preview = preview;
         std::string error;
         made = MachinePlatform::make(std::move(machine), options, error);
         ASSERT_NE(made, nullptr) << error;
@@ -72,6 +73,7 @@ protected:
     std::unique_ptr<Machine> machine;
     std::unique_ptr<MachinePlatform> made;
     std::string user;
+    bool preview = false;
 };
 
 // --- special folders
@@ -441,6 +443,25 @@ TEST_F(MachineShellTest, AllFormatsOfBinsAreCountedAndEmptied) {
         }
     }
     EXPECT_EQ(left, (std::set<std::string>{"desktop.ini", "$RAAAAAA.txt", "notes.txt"}));
+}
+
+TEST_F(MachineShellTest, APreviewTellsWhatWouldLieInTheBinAndWhatWouldGoForGood) {
+    host.file("m/drive_c/Data/tree/deep/a.txt", "12");
+    host.file("m/drive_c/Data/b.txt", "1");
+    host.file("m/drive_c/Data/c.txt", "1");
+    preview = true;
+    start();
+    std::map<std::string, bool> recycled;
+    made->platform().removed.each = [&](const RemovedEntry& entry) { recycled[entry.path] = entry.recycled; };
+    EXPECT_EQ(recycle("C:\\Data\\tree"), 0);
+    EXPECT_EQ(recycle("C:\\Data\\b.txt"), 0);
+    EXPECT_TRUE(ok(made->platform().files.DeleteFolder("C:\\Data", true)));
+    EXPECT_EQ(recycled, (std::map<std::string, bool>{{"C:\\Data\\tree\\deep\\a.txt", true},
+                                                     {"C:\\Data\\tree\\deep", true},
+                                                     {"C:\\Data\\tree", true},
+                                                     {"C:\\Data\\b.txt", true},
+                                                     {"C:\\Data\\c.txt", false},
+                                                     {"C:\\Data", false}}));
 }
 
 }  // namespace
