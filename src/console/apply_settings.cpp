@@ -1,10 +1,13 @@
 #include "console/apply_settings.h"
 
+#include <algorithm>
+
 #include "app/task_catalogue.h"
 #include "base/text.h"
 #include "console/stored_windows.h"
 #include "forms/simple_controls.h"
 #include "settings/control_lookup.h"
+#include "settings/frmIEInDepthClean.h"
 #include "settings/frmOptions.h"
 #include "settings/modFormINI.h"
 
@@ -21,6 +24,17 @@ bool isGroupWord(const std::string& word) {
         if (task.gate.control != nullptr && base::equalNoCase(word, app::groupName(task.group))) return true;
     }
     return false;
+}
+
+// The box of the one step that clears all of Internet Explorer, saved passwords included.
+forms::CheckBox* boxOfAll(settings::Program& program) {
+    return settings::findControl<forms::CheckBox>(program, settings::frmIEInDepthClean::kName, "chkIEINDepthCleanAll");
+}
+
+// Whether a word names that very box, so that its user knows what he ticks.
+bool namesBoxOfAll(settings::Program& program, const std::string& word) {
+    std::string error;
+    return !isGroupWord(word) && findStoredControl(program, word, error) == boxOfAll(program);
 }
 
 bool set(settings::Program& program, const std::string& assignment, std::set<std::string>& changed,
@@ -70,11 +84,23 @@ bool applySettings(settings::Program& program, const Options& options, std::set<
     for (const std::string& assignment : options.set) {
         if (!set(program, assignment, changed, error)) return false;
     }
+    const forms::CheckBox* all = boxOfAll(program);
+    bool ask = false;
     for (const std::string& what : options.tick) {
+        const bool before = all != nullptr && all->ticked();
         if (!tick(program, what, 1, changed, error)) return false;
+        if (all != nullptr && !before && all->ticked()) ask = true;
     }
     for (const std::string& what : options.untick) {
         if (!tick(program, what, 0, changed, error)) return false;
+    }
+    const auto byName = [&](const std::string& what) { return namesBoxOfAll(program, what); };
+    if (ask && std::none_of(options.tick.begin(), options.tick.end(), byName)) {
+        auto& window = program.get<settings::frmIEInDepthClean>();
+        if (!window.confirmAll()) {
+            program.display.warn(window.chkIEINDepthCleanAll.Name + " stays off and " + window.chkIEINDepthClean.Name +
+                                 " is on in its place; agree with --answer yes, or tick it by its name.");
+        }
     }
     return true;
 }

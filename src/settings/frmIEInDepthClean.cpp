@@ -28,16 +28,19 @@ void frmIEInDepthClean::chkIEINDepthCleanAll_Click() {
     chkIEINDepthClean.Enabled = !all;
 }
 
-void frmIEInDepthClean::cmdOK_Click() {
+bool frmIEInDepthClean::confirmAll() {
     namespace msgbox = forms::msgbox;
-    bool again = false;
-    if (chkIEINDepthCleanAll.ticked()) {
-        const int answer = program_.display.MsgBox(
-            program_.LangText(803), msgbox::YesNo | msgbox::Exclamation | msgbox::DefaultButton2, "Tidvane");
-        again = answer != msgbox::Yes;
-        chkIEINDepthCleanAll.Value = again ? 0 : 1;
-        chkIEINDepthClean.Value = again ? 1 : 0;
-    }
+    if (!chkIEINDepthCleanAll.ticked()) return true;
+    const int answer = program_.display.MsgBox(program_.LangText(803),
+                                               msgbox::YesNo | msgbox::Exclamation | msgbox::DefaultButton2, "Tidvane");
+    const bool all = answer == msgbox::Yes;
+    chkIEINDepthCleanAll.Value = all ? 1 : 0;
+    chkIEINDepthClean.Value = all ? 0 : 1;
+    return all;
+}
+
+void frmIEInDepthClean::cmdOK_Click() {
+    const bool again = !confirmAll();
     // Behind the question, so that a No is stored as it was answered.
     SaveFormINI(program_, *this);
     program_.windows.unload(*this);

@@ -16,6 +16,10 @@ public:
 
     void Form_Load() override;
 
+    // What OK asks while the one step for everything is ticked: whether that is really wanted. A no unticks it and
+    // ticks the browser's own cleaner in its place. False: the answer was no.
+    bool confirmAll();
+
     forms::Frame frmIEAdvancedOpt{*this, "frmIEAdvancedOpt", "Gründlich reinigen"};
     // Each task adds the browser's own cleaner.
     forms::CheckBox chkIEINDepthClean{*this, "chkIEINDepthClean", "Browser selbst reinigen lassen"};

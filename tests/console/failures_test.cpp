@@ -159,6 +159,7 @@ TEST(Warnings, AreSilentWhereNothingIsMissing) {
     tests::MemorySession machine;
     Options options;
     options.tick = {"all"};
+    options.untick = {"chkIEINDepthCleanAll"};  // which would be asked about
     machine.run(options);
     EXPECT_EQ(machine.messages(), "");
 }

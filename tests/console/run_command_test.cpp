@@ -213,6 +213,30 @@ TEST_F(RunCommand, ReportsEveryStepAndWhatReallyHappened) {
     EXPECT_TRUE(object["steps"][61]["gate"].is_null());
 }
 
+TEST_F(RunCommand, TicksTheOneStepForAllOfInternetExplorerOnlyWhereAnsweredWithYes) {
+    options.tick = {"all"};
+    options.json = directory / "r.json";
+    for (const bool preview : {false, true}) {
+        for (const bool yes : {false, true}) {
+            options.preview = preview;
+            options.answerYes = yes;
+            machine.err.str({});
+            EXPECT_EQ(machine.run(options), exit_status::Done);
+            const std::string messages = machine.messages();
+            const std::size_t question = messages.find("form entries and saved passwords at each cleaning");
+            ASSERT_NE(question, std::string::npos) << messages;
+            EXPECT_EQ(messages.find("at each cleaning", question + 60), std::string::npos) << "once";
+            EXPECT_EQ(contains(messages, "agree with --answer yes, or tick it by its name"), !yes);
+            const nlohmann::json object = report();
+            ASSERT_EQ(object["steps"].size(), 62U);
+            for (int step = 1; step < app::kSteps; ++step) {
+                const nlohmann::json& entry = object["steps"][static_cast<std::size_t>(step - 1)];
+                EXPECT_EQ(entry["ticked"], step != 24 || yes) << step;
+            }
+        }
+    }
+}
+
 TEST_F(RunCommand, AsksForNoLengthsWithoutAReport) {
     options.tick = {"chkTempFolder"};
     machine.run(options);

@@ -8,6 +8,7 @@
 #include "forms/simple_controls.h"
 #include "forms/text_box.h"
 #include "memory_session.h"
+#include "settings/frmIEInDepthClean.h"
 #include "settings/frmOptions.h"
 #include "settings/modFormINI.h"
 #include "settings/modLanguage.h"
@@ -153,6 +154,66 @@ TEST_F(SettingsPath, TickTakesEveryGroupThatTheListOfTasksShows) {
             EXPECT_EQ(tasks::gateValue(program, other.gate), other.group == task.group ? 1 : 0) << other.gate.control;
         }
     }
+}
+
+// One box of the group clears everything at once, saved passwords included.
+class OneStepForAll : public SettingsPath {
+protected:
+    bool tickWith(const std::string& word, int answer) {
+        display.boxes.clear();
+        display.warnings.clear();
+        display.questionAnswer = answer;
+        Options options;
+        options.tick = {word};
+        return apply(options);
+    }
+};
+
+TEST_F(OneStepForAll, IsAskedAboutWhereAGroupTicksIt) {
+    for (const char* word : {"ie", "all", "IE"}) {
+        program.get<settings::frmIEInDepthClean>().chkIEINDepthCleanAll.Value = 0;
+        program.get<settings::frmIEInDepthClean>().chkIEINDepthClean.Value = 0;
+        ASSERT_TRUE(tickWith(word, forms::msgbox::No)) << error;
+        ASSERT_EQ(display.boxes.size(), 1U) << word;
+        EXPECT_EQ(display.boxes[0].text, program.LangText(803));
+        EXPECT_EQ(display.boxes[0].style, 308);
+        EXPECT_EQ(display.boxes[0].title, "Tidvane");
+        EXPECT_EQ(valueOf("chkIEINDepthCleanAll"), 0);
+        EXPECT_EQ(valueOf("chkIEINDepthClean"), 1);
+        EXPECT_EQ(valueOf("chkIEHistory"), 1) << "the others of the group stay ticked";
+        ASSERT_EQ(display.warnings.size(), 1U);
+        EXPECT_TRUE(tests::contains(display.warnings[0], "chkIEINDepthCleanAll stays off"));
+        ASSERT_TRUE(tickWith(word, forms::msgbox::Yes)) << error;
+        EXPECT_EQ(display.boxes.size(), 1U) << word;
+        EXPECT_EQ(valueOf("chkIEINDepthCleanAll"), 1);
+        EXPECT_EQ(valueOf("chkIEINDepthClean"), 0);
+        EXPECT_TRUE(display.warnings.empty());
+    }
+}
+
+TEST_F(OneStepForAll, IsNotAskedAboutWhereNothingIsNew) {
+    for (const char* word : {"windows", "office", "chkIEHistory", "chkIEINDepthCleanAll"}) {
+        ASSERT_TRUE(tickWith(word, forms::msgbox::No)) << error;
+        EXPECT_TRUE(display.boxes.empty()) << word;
+    }
+    ASSERT_EQ(valueOf("chkIEINDepthCleanAll"), 1) << "named, and that is enough";
+    ASSERT_TRUE(tickWith("all", forms::msgbox::No)) << error;
+    EXPECT_TRUE(display.boxes.empty()) << "it was on";
+    EXPECT_EQ(valueOf("chkIEINDepthCleanAll"), 1);
+}
+
+TEST_F(OneStepForAll, IsNotAskedAboutWhereTheCommandLineSettlesIt) {
+    display.questionAnswer = forms::msgbox::No;
+    Options options;
+    options.tick = {"all"};
+    options.untick = {"chkIEINDepthCleanAll"};
+    ASSERT_TRUE(apply(options)) << error;
+    EXPECT_EQ(valueOf("chkIEINDepthCleanAll"), 0);
+    options.tick = {"all", "frmIEInDepthClean.chkIEINDepthCleanAll"};
+    options.untick = {};
+    ASSERT_TRUE(apply(options)) << error;
+    EXPECT_EQ(valueOf("chkIEINDepthCleanAll"), 1);
+    EXPECT_TRUE(display.boxes.empty());
 }
 
 TEST_F(SettingsPath, TickRefusesWhatIsNeitherABoxNorAGroup) {
