@@ -41,6 +41,13 @@ void ComboBox::assign(int index, std::string text) {
     if (rowChanged) Click();
 }
 
+std::vector<std::string> ListBox::rows() const {
+    std::vector<std::string> texts;
+    texts.reserve(rows_.size());
+    for (const Row& row : rows_) texts.push_back(row.text);
+    return texts;
+}
+
 void ListBox::setList(int row, std::string text) {
     rows_.at(static_cast<std::size_t>(row)).text = std::move(text);
     viewChanged();

@@ -50,6 +50,7 @@ public:
 
     int ListCount() const { return static_cast<int>(rows_.size()); }
     const std::string& List(int row) const { return rows_.at(static_cast<std::size_t>(row)).text; }
+    std::vector<std::string> rows() const;  // the texts of all
     void setList(int row, std::string text);
     void AddItem(std::string text);
     void RemoveItem(int row);

@@ -21,7 +21,10 @@ using platform::EntryKind;
 class MaskSweep {
 public:
     explicit MaskSweep(settings::Program& owner)
-        : program_(owner), files_(owner.platform.files), masks_(readMasks(owner)), names_(allMasks()) {}
+        : program_(owner),
+          files_(owner.platform.files),
+          masks_(owner.get<settings::frmOptions>().lstSearchMasks.rows()),
+          names_(allMasks()) {}
 
     void tree(const std::string& top);
 
@@ -31,7 +34,6 @@ private:
         bool gone = false;
     };
 
-    static std::vector<std::string> readMasks(settings::Program& owner);
     std::vector<std::string> allMasks() const;
     std::vector<std::string> read(const std::string& path);
     bool stillThere(const std::string& path);
@@ -56,14 +58,6 @@ std::vector<std::string> MaskSweep::allMasks() const {
     for (const SetAsideRow& row : kSetAside) all.emplace_back(row.testMask);
     for (const RestoreRow& row : kRestore) all.emplace_back(row.from);
     return all;
-}
-
-std::vector<std::string> MaskSweep::readMasks(settings::Program& owner) {
-    std::vector<std::string> masks;
-    const forms::ListBox& list = owner.get<settings::frmOptions>().lstSearchMasks;
-    masks.reserve(static_cast<std::size_t>(list.ListCount()));
-    for (int i = 0; i < list.ListCount(); ++i) masks.push_back(list.List(i));
-    return masks;
 }
 
 bool MaskSweep::stillThere(const std::string& path) {
