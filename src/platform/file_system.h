@@ -109,6 +109,10 @@ public:
     // or relative path PathNotFound. A trailing backslash is allowed, as for ReadFolder.
     virtual Status ReadFolderToEmpty(const std::string& folder, std::vector<FolderEntry>& out) = 0;
 
+    // Asked once by a caller that is about to empty or remove a folder in several steps, so that a refusal is told
+    // once: false where ReadFolderToEmpty would refuse the path by its text alone.
+    virtual bool mayEmpty(const std::string& /*folder*/) { return true; }
+
     // The attributes of the entry itself, never of what a link points to. A plain file without any bit reads Normal.
     virtual Status GetAttributes(const std::string& path, unsigned& attributes) = 0;
 

@@ -50,6 +50,15 @@ struct ShFileOp {
     unsigned fFlags = 0;
 };
 
+// The path in pFrom. False when it is not one path and two NULs: a NUL within a path cuts it, and its front names
+// something else.
+inline bool onePathOf(const ShFileOp& operation, std::string& path) {
+    const std::size_t end = operation.pFrom.find('\0');
+    if (end == std::string::npos || end + 2 != operation.pFrom.size() || operation.pFrom.back() != '\0') return false;
+    path = operation.pFrom.substr(0, end);
+    return true;
+}
+
 struct RecycleBinInfo {
     std::uint64_t bytes = 0;  // i64Size
     std::uint64_t items = 0;  // i64NumItems

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "base/wildcard.h"
 #include "removal/modKillMethod.h"
 
 namespace tidvane::removal {
@@ -18,6 +19,19 @@ constexpr std::array kBins{"$Recycle.Bin", "RECYCLER", "RECYCLED"};
 bool isThere(platform::FileSystem& files, const std::string& path) {
     unsigned attributes = 0;
     return ok(files.GetAttributes(path, attributes));
+}
+
+void recycleByMask(platform::Platform& platform, const std::string& folder, const std::string& mask,
+                   const std::vector<std::string>& matches) {
+    // In a folder that no one may empty the bin refuses a mask that leaves no name out, and the second attempt would
+    // take for good what was meant for the bin.
+    if (base::Wildcard(mask).matchesEveryName()) {
+        for (const std::string& name : matches) KillFile(platform, folder + name, KillRecycle, false);
+        return;
+    }
+    // Where case matters to the host, a mask without a wildcard may name a file by one spelling and a folder by
+    // another: the bin would take the folder whole.
+    if (!platform.files.FolderExists(folder + mask)) KillFile(platform, folder + mask, KillRecycle, false);
 }
 
 }  // namespace
@@ -39,9 +53,9 @@ void removeByMask(settings::Program& program, const std::string& folder, const s
     platform::FileSystem& files = program.platform.files;
     const int method = program.selectedKillMethod();
     if (method >= 0) {
-        // Where case matters to the host, a mask without a wildcard may name a file by one spelling and a folder by
-        // another: the bin would take the folder whole.
-        if (method != KillRecycle || !files.FolderExists(folder + mask)) {
+        if (method == KillRecycle) {
+            recycleByMask(program.platform, folder, mask, matches);
+        } else {
             KillFile(program.platform, folder + mask, method, false);
         }
         log.removed();

@@ -26,13 +26,6 @@ struct FolderMode {
 constexpr FolderMode kDeleteFolders{518, 519, 520, true};
 constexpr FolderMode kEmptyFolders{521, 522, 523, false};
 
-std::vector<std::string> entriesOf(const forms::ListBox& list) {
-    std::vector<std::string> entries;
-    entries.reserve(static_cast<std::size_t>(list.ListCount()));
-    for (int row = 0; row < list.ListCount(); ++row) entries.push_back(list.List(row));
-    return entries;
-}
-
 // Panel 1 keeps the line: no "finished" behind it, unlike the other tasks.
 void reportOff(settings::Program& program, int name) {
     const std::string line = program.LangText(name) + " " + program.LangText(509);
@@ -54,11 +47,23 @@ bool isStopped(settings::Program& program, const CleaningTask& task) {
     return true;
 }
 
+// Names nothing behind its last backslash: such an entry is emptied, and no way of removing takes it.
+bool hasEmptyLastPart(const std::string& folder) {
+    return folder.ends_with('\\') || folder.ends_with('/');
+}
+
 void removeFolder(settings::Program& program, const std::string& folder) {
+    // Each step below would tell of a refused place again, and the plain kill would take the files of "C:\Users\*".
+    if (!program.platform.files.mayEmpty(folder)) return;
     // Emptied first: under the recycle method the content is in the bin piece by piece when the folder follows.
     removal::PurgeFolder(program, folder);
     const int method = program.selectedKillMethod();
     if (method < 0) return;
+    if (hasEmptyLastPart(folder)) {
+        // Refused like the others, and told once.
+        removal::KillFile(program.platform, folder, removal::KillPlain, false);
+        return;
+    }
     removal::KillFile(program.platform, folder, method, false);
     if (method != removal::KillRecycle) removal::DelAll(program.platform, folder);
 }
@@ -89,7 +94,7 @@ void cleanOwnFolders(settings::Program& program, const CleaningTask& task) {
     if (!options.chkActivateOwnFolder.ticked()) return reportOff(program, kOwnFolders);
 
     settings::RunReport& report = program.report();
-    const std::vector<std::string> folders = entriesOf(options.lstFolders);
+    const std::vector<std::string> folders = options.lstFolders.rows();
     const std::string row = taskName(program, task);
     report.setRowStatus(row,
                         program.LangText(505) + " " + std::to_string(folders.size()) + " " + program.LangText(517));
@@ -108,7 +113,7 @@ void cleanOwnFiles(settings::Program& program, const CleaningTask& task) {
     if (!options.chkActivateOwnFiles.ticked()) return reportOff(program, kOwnFiles);
 
     settings::RunReport& report = program.report();
-    const std::vector<std::string> entries = entriesOf(options.lstFiles);
+    const std::vector<std::string> entries = options.lstFiles.rows();
     const std::string row = taskName(program, task);
     report.setRowStatus(row,
                         program.LangText(505) + " " + std::to_string(entries.size()) + " " + program.LangText(525));

@@ -106,6 +106,94 @@ TEST_P(GuardContract, MasksThatMatchAProtectedPlaceRemoveNothing) {
     EXPECT_FALSE(machine->has("C:\\Scratch"));
 }
 
+// As a folder to remove or for the bin such a mask means all that the place holds; the plain delete takes files alone,
+// and no hidden ones.
+TEST_P(GuardContract, MasksThatLeaveNoNameOutAreThePlaceThatTheyStandIn) {
+    const std::string windows = services.system.WindowsFolder();
+    const std::string profile = services.shell.SpecialFolder(platform::csidl::Profile);
+    machine->putFile(windows + "\\keep.txt", "1");
+    machine->putFile(windows + "\\Quite Other\\keep.txt", "1");
+    machine->putFile(profile + "\\Quite Other\\keep.txt", "1");
+    for (const std::string& place :
+         {std::string("C:"), windows, profile, profile + "\\AppData", profile + "\\AppData\\Local",
+          std::string("C:\\Program Files"), windows + "\\System32", std::string("\\\\server\\share")}) {
+        for (const char* mask :
+             {"\\*", "\\*.*", "\\?*", "\\*?", "\\**", "\\*.", "\\* ", "\\*.?", "\\?*.*", "/*", "\\.\\*"}) {
+            const std::string path = place + mask;
+            std::vector<FolderEntry> entries;
+            EXPECT_EQ(files.ReadFolderToEmpty(path, entries), Status::Denied) << path;
+            EXPECT_EQ(files.ReadFolderToEmpty(path + "\\", entries), Status::Denied) << path;
+            EXPECT_FALSE(files.mayEmpty(path)) << path;
+            EXPECT_EQ(files.DeleteFolder(path, true), Status::Denied) << path;
+            // A list of files may mean the names without an extension, a folder has none.
+            if (mask != std::string_view("\\*.")) {
+                EXPECT_EQ(recycle(services.shell, path), 5) << path;
+            }
+        }
+    }
+    EXPECT_TRUE(machine->has(windows + "\\keep.txt"));
+    EXPECT_TRUE(machine->has(windows + "\\Quite Other\\keep.txt"));
+    EXPECT_TRUE(machine->has(profile + "\\Quite Other\\keep.txt"));
+    machine->putFile(windows + "\\Temp\\sub\\a.txt", "1");
+    EXPECT_TRUE(files.mayEmpty(windows + "\\Temp\\*"));
+    EXPECT_EQ(files.DeleteFolder(windows + "\\Temp\\*", true), Status::Ok);
+    EXPECT_FALSE(machine->has(windows + "\\Temp\\sub"));
+    machine->putFile(windows + "\\Temp\\a.txt", "1");
+    EXPECT_EQ(recycle(services.shell, windows + "\\Temp\\*"), 0);
+    EXPECT_FALSE(machine->has(windows + "\\Temp\\a.txt"));
+    machine->putFile(windows + "\\a.tmp", "1");
+    machine->putFile(windows + "\\b.tmp", "1");
+    EXPECT_EQ(files.KillFiles(windows + "\\a*.tmp"), Status::Ok);
+    EXPECT_EQ(recycle(services.shell, windows + "\\b*.tmp"), 0);
+    EXPECT_FALSE(machine->has(windows + "\\a.tmp"));
+    EXPECT_FALSE(machine->has(windows + "\\b.tmp"));
+}
+
+TEST_P(GuardContract, ApplicationDataOfEveryProfileIsProtectedAndWhatLiesInItIsNot) {
+    const std::string profile = services.shell.SpecialFolder(platform::csidl::Profile);
+    const std::string local = profile + "\\AppData\\Local";
+    machine->putFile(local + "\\Vendor\\Cache\\a.tmp", "1");
+    machine->putFile(profile + "\\AppData\\LocalLow\\keep.txt", "1");
+    for (const std::string& place :
+         {services.shell.SpecialFolder(platform::csidl::AppData),
+          services.shell.SpecialFolder(platform::csidl::LocalAppData), profile + "\\AppData", local,
+          profile + "\\AppData\\LocalLow", std::string("D:\\Users\\Bert\\AppData\\Roaming"),
+          std::string("C:\\Documents and Settings\\Bert\\Application Data"),
+          std::string("C:\\DOCUME~1\\BERT\\LOCALS~1"), std::string("C:\\DOCUME~1\\BERT\\LOCALS~1\\APPLIC~1"),
+          std::string("C:\\Documents and Settings\\Bert\\Anwendungsdaten"),
+          std::string("C:\\Documents and Settings\\Bert\\Lokale Einstellungen"),
+          std::string("C:\\Documents and Settings\\Bert\\Lokale Einstellungen\\Anwendungsdaten"),
+          std::string("C:\\Dokumente und Einstellungen\\Bert\\Anwendungsdaten"),
+          std::string("C:\\Dokumente und Einstellungen\\Bert\\Lokale Einstellungen")}) {
+        std::vector<FolderEntry> entries;
+        EXPECT_EQ(files.ReadFolderToEmpty(place, entries), Status::Denied) << place;
+        EXPECT_EQ(files.DeleteFolder(place, true), Status::Denied) << place;
+        EXPECT_EQ(recycle(services.shell, place), 5) << place;
+    }
+    EXPECT_TRUE(machine->has(profile + "\\AppData\\LocalLow\\keep.txt"));
+    std::vector<FolderEntry> entries;
+    EXPECT_EQ(files.ReadFolderToEmpty(local + "\\Vendor", entries), Status::Ok);
+    EXPECT_EQ(files.DeleteFolder(local + "\\Vendor\\C*", true), Status::Ok);
+    EXPECT_FALSE(machine->has(local + "\\Vendor\\Cache"));
+}
+
+TEST_P(GuardContract, APathThatHoldsANulIsNotCutForTheBin) {
+    machine->putFile("C:\\Scratch\\a", "1");
+    machine->putFile("C:\\Scratch\\b", "1");
+    const std::string nul(1, '\0');
+    ShFileOp operation;
+    operation.wFunc = platform::kFoDelete;
+    operation.fFlags = platform::kFofAllowUndo | platform::kFofNoConfirmation | platform::kFofSilent;
+    for (const std::string& from :
+         {"C:\\Scratch\\a" + nul + "b" + nul + nul, "C:\\Scratch\\a" + nul + "C:\\Scratch\\b" + nul + nul,
+          "C:\\Scratch\\a" + nul + nul + nul, "C:\\Scratch\\a" + nul, std::string("C:\\Scratch\\a")}) {
+        operation.pFrom = from;
+        EXPECT_EQ(services.shell.SHFileOperationA(operation), 123);
+    }
+    EXPECT_EQ(listing("C:\\Scratch"), (std::vector<std::string>{"a", "b"}));
+    EXPECT_TRUE(warnedOf(WarningKind::NotAbsolute));
+}
+
 TEST_P(GuardContract, WhatLiesInAProtectedPlaceCanBeCleaned) {
     const std::string windows = services.system.WindowsFolder();
     const std::string profile = services.shell.SpecialFolder(platform::csidl::Profile);

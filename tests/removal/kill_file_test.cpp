@@ -30,6 +30,17 @@ TEST_F(KillFileTest, PlainTellsAMissingFileUnlessErrorsAreIgnored) {
     EXPECT_TRUE(kill("C:\\gone.tmp", KillPlain, true));
 }
 
+TEST_F(KillFileTest, APathThatHoldsANulRemovesNothingUnderAnyMethod) {
+    machine.files.putFile("C:\\a", "x");
+    for (const int method : {KillPlain, KillRecycle, KillOverwrite}) {
+        const bool done = kill(std::string("C:\\a\0b", 6), method, false);
+        EXPECT_EQ(done, method == KillOverwrite) << method;  // whose result never tells a failure
+        EXPECT_FALSE(kill(std::string("C:\\a\0\0", 6), KillRecycle, false));
+    }
+    EXPECT_EQ(machine.files.bytesOf("C:\\a"), "x");
+    EXPECT_TRUE(machine.shell.recycled.empty());
+}
+
 TEST_F(KillFileTest, PlainLeavesAReadOnlyFile) {
     machine.files.putFile("C:\\a.tmp", "x");
     machine.files.setAttributes("C:\\a.tmp", platform::attribute::ReadOnly);

@@ -191,6 +191,28 @@ TEST_F(SweepTest, RecyclesMatchesAndLeavesNothingForTheSecondAttempt) {
     EXPECT_EQ(program.removedForGood, 0U);
 }
 
+TEST_F(SweepTest, RecyclesWhatAMaskForEverythingFindsAlsoInProtectedPlaces) {
+    put("C:\\Windows\\a.log");
+    put("C:\\Windows\\b.log");
+    put("C:\\Windows\\hidden");
+    machine.files.setAttributes("C:\\Windows\\hidden", attribute::Hidden);
+    main();
+    options().cboKillMethod.setListIndex(1);
+    for (const char* mask : {"*", "*.*", "?*"}) {
+        options().lstSearchMasks.Clear();
+        masks({mask});
+        put("C:\\Windows\\a.log");
+        put("C:\\Windows\\b.log");
+        machine.shell.recycled.clear();
+        sweep("C:\\Windows");
+        EXPECT_EQ(machine.shell.recycled.size(), 2U) << mask;
+        EXPECT_EQ(program.removedForGood, 0U) << mask;
+        EXPECT_FALSE(has("C:\\Windows\\a.log")) << mask;
+        EXPECT_TRUE(has("C:\\Windows\\hidden")) << mask;
+    }
+    EXPECT_TRUE(machine.warnings.empty());
+}
+
 TEST_F(SweepTest, UnderRecycleTheBinsOfADriveAreNotSwept) {
     masks({"*.tmp"});
     for (const char* bin : {"$Recycle.Bin\\S-1", "RECYCLER\\S-1", "Recycled"}) {

@@ -155,6 +155,66 @@ TEST_F(ListsOnAMachine, ProtectedPlacesStayWhateverTheirSpelling) {
     }
 }
 
+TEST_F(ListsOnAMachine, MasksThatLeaveNoNameOutKeepAProtectedPlaceWhole) {
+    onDrive("top.txt");
+    onDrive("Windows/explorer.exe");
+    onDrive("Windows/Other/x");
+    onDrive("Users/User/letter.txt");
+    onDrive("Users/User/Pictures/p.jpg");
+    onDrive("Users/User/AppData/Local/Vendor/v.txt");
+    onDrive("Users/User/AppData/Local/v.txt");
+    const Lines places{"C:", "C:\\Windows", "C:\\Users\\User", "C:\\Users\\User\\AppData\\Local"};
+    const Lines masks{"\\*", "\\?*", "\\*.*", "\\*.", "/*"};
+    lists().lstFolders.Clear();
+    for (const std::string& place : places) {
+        for (const std::string& mask : masks) lists().lstFolders.AddItem(place + mask);
+    }
+    for (forms::OptionButton* way : {&lists().optDeleteFolder, &lists().optDeleteFolderContent}) {
+        way->setValue(-1);
+        warnings.clear();
+        runUnderEveryMethod(kFolders);
+        // Each entry is told once a run.
+        EXPECT_EQ(warnings.size(), 3 * places.size() * masks.size());
+    }
+    for (const char* path :
+         {"top.txt", "Windows/explorer.exe", "Windows/Other/x", "Users/User/letter.txt", "Users/User/Pictures/p.jpg",
+          "Users/User/AppData/Local/Vendor/v.txt", "Users/User/AppData/Local/v.txt"}) {
+        EXPECT_TRUE(hasOnDrive(path)) << path;
+    }
+    // A mask of some names goes on taking files there.
+    onDrive("Windows/a.tmp");
+    lists().optDeleteFolder.setValue(-1);
+    lists().cboKillMethod.setListIndex(0);
+    fill(lists().lstFolders, {"C:\\Windows\\*.tmp"});
+    run(kFolders);
+    EXPECT_FALSE(hasOnDrive("Windows/a.tmp"));
+}
+
+TEST_F(ListsOnAMachine, ARefusedFolderIsToldOnceARun) {
+    onDrive("Data/Old/a.txt");
+    for (const char* entry : {"C:\\Windows", "relative", "", "C:\\Data\\Old\\"}) {
+        fill(lists().lstFolders, {entry});
+        for (int method = 0; method < 3; ++method) {
+            lists().cboKillMethod.setListIndex(method);
+            warnings.clear();
+            run(kFolders);
+            EXPECT_EQ(warnings.size(), 1U) << entry << " " << method;
+        }
+    }
+}
+
+TEST_F(ListsOnAMachine, AnEntryThatHoldsANulTakesNothing) {
+    onDrive("Data/a");
+    onDrive("Data/b/x");
+    fill(lists().lstFiles, {std::string("C:\\Data\\a\0b", 11)});
+    fill(lists().lstFolders, {std::string("C:\\Data\\b\0c", 11)});
+    runUnderEveryMethod(kFiles);
+    runUnderEveryMethod(kFolders);
+    EXPECT_TRUE(hasOnDrive("Data/a"));
+    EXPECT_TRUE(hasOnDrive("Data/b/x"));
+    EXPECT_FALSE(warnings.empty());
+}
+
 TEST_F(ListsOnAMachine, FilesAndKeysGoOnTheirOwnWay) {
     onDrive("Data/a.txt");
     onDrive("Data/b.tmp");

@@ -14,7 +14,7 @@ struct RecycleBin : TaskFixture {
     void recycle(const std::string& path) {
         platform::ShFileOp operation;
         operation.wFunc = platform::kFoDelete;
-        operation.pFrom = path;
+        operation.pFrom = path + std::string(2, '\0');
         operation.fFlags = platform::kFofAllowUndo | platform::kFofNoConfirmation;
         machine.shell.SHFileOperationA(operation);
     }

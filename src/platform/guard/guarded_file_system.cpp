@@ -8,6 +8,10 @@ Status GuardedFileSystem::ReadFolderToEmpty(const std::string& folder, std::vect
     return ok(allowed) ? files_.ReadFolderToEmpty(folder, out) : allowed;
 }
 
+bool GuardedFileSystem::mayEmpty(const std::string& folder) {
+    return ok(guard_.checkTree(folder, true)) && files_.mayEmpty(folder);
+}
+
 Status GuardedFileSystem::SetAttributes(const std::string& path, unsigned attributes) {
     const Status allowed = guard_.checkSingle(path);
     return ok(allowed) ? files_.SetAttributes(path, attributes) : allowed;

@@ -19,6 +19,7 @@ public:
 
     // Protected: Denied. Relative or empty: PathNotFound. A backslash at the end is fine, as it is for ReadFolder.
     Status ReadFolderToEmpty(const std::string& folder, std::vector<FolderEntry>& out) override;
+    bool mayEmpty(const std::string& folder) override;
     Status SetAttributes(const std::string& path, unsigned attributes) override;
     Status RemoveFile(const std::string& file) override;
     Status KillFiles(const std::string& pathOrMask) override;

@@ -12,8 +12,8 @@ class GuardedShell final : public Shell {
 public:
     GuardedShell(Shell& shell, Guard& guard) : shell_(shell), guard_(guard) {}
 
-    // 5 for a protected place, 123 for a path that is not a full one or ends in a backslash. Only the first path of
-    // pFrom is handed on: that is all a caller may give.
+    // 5 for a protected place, and for a mask in one that leaves no name out; 123 for a path that is not a full one or
+    // ends in a backslash, and for a pFrom that is not one path and two NULs.
     int SHFileOperationA(const ShFileOp& operation) override;
     // An empty file would open the current folder; here it is not found (2).
     int ShellExecuteA(const std::string& verb, const std::string& file, const std::string& parameters,

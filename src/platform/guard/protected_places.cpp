@@ -51,7 +51,16 @@ constexpr std::array<std::string_view, 6> kProgramFolders = {
     "Program Files (Arm)", "ProgramData",
 };
 
-constexpr std::array<std::string_view, 2> kUsersRoots = {"Users", "Documents and Settings"};
+// In every profile: what its programs keep their data and settings in, by the names of each generation and in German.
+constexpr std::array<std::string_view, 8> kProfileFolders = {
+    "AppData\\Local",       "AppData\\LocalLow",
+    "AppData\\Roaming",     "Application Data",
+    "Anwendungsdaten",      "Local Settings\\Application Data",
+    "Lokale Einstellungen", "Lokale Einstellungen\\Anwendungsdaten",
+};
+
+constexpr std::array<std::string_view, 3> kUsersRoots = {"Users", "Documents and Settings",
+                                                         "Dokumente und Einstellungen"};
 
 std::vector<std::string> comparableNames(const std::vector<std::string>& names) {
     std::vector<std::string> result;
@@ -98,6 +107,12 @@ bool ProtectedPlaces::isProtected(const WindowsPath& path) {
     const std::string root = base::upperCase(path.root);
     const std::vector<std::string> names = comparableNames(path.names);
     const bool mask = base::hasWildcard(path.names.back());
+    // All that a folder holds is as dear as the folder.
+    if (mask && base::Wildcard(names.back()).matchesEveryName()) {
+        WindowsPath parent = path;
+        parent.names.pop_back();
+        if (isProtected(parent)) return true;
+    }
     return std::any_of(places_.begin(), places_.end(), [&](const Place& place) {
         if (place.names.size() != names.size() || (!place.root.empty() && place.root != root)) return false;
         const auto last = names.size() - 1;
@@ -120,8 +135,9 @@ void ProtectedPlaces::ask() {
     addAnswer(windowsFolder);
     addAnswer(system_.SystemFolder());
     addAnswer(system_.ApplicationPath());
-    for (const int number : {csidl::Windows, csidl::System, csidl::ProgramFiles})
+    for (const int number : {csidl::Windows, csidl::System, csidl::ProgramFiles, csidl::AppData, csidl::LocalAppData}) {
         addAnswer(shell_.SpecialFolder(number));
+    }
     addProfile(shell_.SpecialFolder(csidl::Profile));
 }
 
@@ -131,11 +147,12 @@ void ProtectedPlaces::addDocumented() {
         addSystemFolders({}, namesOf(windows));
     }
     for (const std::string_view folder : kProgramFolders) add({}, namesOf(folder));
-    for (const std::string_view users : kUsersRoots) {
-        std::vector<std::string> profile = namesOf(users);
-        profile.emplace_back("*");
-        add({}, std::move(profile));
-    }
+    for (const std::string_view users : kUsersRoots) addProfilesBelow({}, namesOf(users));
+}
+
+void ProtectedPlaces::addProfilesBelow(const std::string& root, std::vector<std::string> users) {
+    users.emplace_back("*");
+    addBelow(root, users, kProfileFolders);
 }
 
 void ProtectedPlaces::add(const std::string& root, std::vector<std::string> names) {
@@ -159,14 +176,17 @@ void ProtectedPlaces::addProfile(const std::string& path) {
     // users) the neighbours are that folder's own.
     profile.names.pop_back();
     if (base::equalNoCase(profile.text(), system_.WindowsFolder())) return;
-    std::vector<std::string> names = comparableNames(profile.names);
-    names.emplace_back("*");
-    add(base::upperCase(profile.root), std::move(names));
+    addProfilesBelow(base::upperCase(profile.root), comparableNames(profile.names));
 }
 
 void ProtectedPlaces::addSystemFolders(const std::string& root, const std::vector<std::string>& windowsFolder) {
-    for (const std::string_view folder : kSystemFolders) {
-        std::vector<std::string> names = windowsFolder;
+    addBelow(root, windowsFolder, kSystemFolders);
+}
+
+template <class Folders>
+void ProtectedPlaces::addBelow(const std::string& root, const std::vector<std::string>& place, const Folders& folders) {
+    for (const std::string_view folder : folders) {
+        std::vector<std::string> names = place;
         for (std::string& name : namesOf(folder)) names.push_back(std::move(name));
         add(root, std::move(names));
     }

@@ -114,7 +114,8 @@ Status MachineShell::removeOne(const std::string& path, bool undo) {
 
 int MachineShell::SHFileOperationA(const ShFileOp& operation) {
     if (operation.wFunc != kFoDelete) return kInvalidParameter;
-    const std::string from = operation.pFrom.substr(0, operation.pFrom.find('\0'));
+    std::string from;
+    if (!onePathOf(operation, from)) return static_cast<int>(Status::InvalidName);
     MachinePath path;
     if (!ok(parseMachinePath(from, path)) || path.emptyLastPart) return static_cast<int>(Status::InvalidName);
     const bool undo = (operation.fFlags & kFofAllowUndo) != 0;

@@ -58,7 +58,8 @@ void MemoryPreviewShell::putInBin() {
 int MemoryPreviewShell::SHFileOperationA(const ShFileOp& operation) {
     if (shell_.fileOperationFails != 0) return shell_.fileOperationFails;
     if (operation.wFunc != kFoDelete) return kInvalidParameter;
-    const std::string from = operation.pFrom.substr(0, operation.pFrom.find('\0'));
+    std::string from;
+    if (!onePathOf(operation, from)) return static_cast<int>(Status::InvalidName);
     WindowsPath path;
     if (!ok(parseWindowsPath(from, path)) || path.emptyLastPart) return static_cast<int>(Status::InvalidName);
     const bool undo = (operation.fFlags & kFofAllowUndo) != 0;

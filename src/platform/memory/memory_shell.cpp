@@ -61,7 +61,8 @@ int MemoryShell::SHFileOperationA(const ShFileOp& operation) {
     fileOperations.push_back(operation);
     if (fileOperationFails != 0) return fileOperationFails;
     if (operation.wFunc != kFoDelete) return kInvalidParameter;
-    const std::string from = operation.pFrom.substr(0, operation.pFrom.find('\0'));
+    std::string from;
+    if (!onePathOf(operation, from)) return static_cast<int>(Status::InvalidName);
     WindowsPath path;
     if (!ok(parseWindowsPath(from, path)) || path.emptyLastPart) return static_cast<int>(Status::InvalidName);
     const bool undo = (operation.fFlags & kFofAllowUndo) != 0;
