@@ -14,6 +14,7 @@
 #include "app/window_state.h"
 #include "base/runtime_error.h"
 #include "desktop/frmWidget.h"
+#include "settings/bans.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/frmOptions.h"
 #include "settings/frmStarter.h"
@@ -161,8 +162,8 @@ void StartSequence::loadPlugIns() {
 
 void StartSequence::noteProtection() {
     settings::Program& program = main_.program_;
-    if (program.platform.files.FileExists(program.inProgramFolder("td_ban.dat"))) {
-        main_.AddLogLine("Protecting specific locations through td_ban.dat <OK>");
+    if (program.platform.files.FileExists(program.inProgramFolder(settings::kBanFile))) {
+        main_.AddLogLine(std::string("Protecting specific locations through ") + settings::kBanFile + " <OK>");
     }
 }
 

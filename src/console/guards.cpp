@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/common/directory_lookup.h"
+#include "settings/bans.h"
 #include "settings/frmOptions.h"
 #include "settings/list_files.h"
 #include "settings/own_entries.h"
@@ -30,10 +31,11 @@ std::string whyNotToRun(settings::Program& program) {
 }
 
 void warnOfMissingProtection(settings::Program& program, forms::Display& display) {
-    if (program.platform.files.FileExists(program.inProgramFolder("td_ban.dat"))) return;
+    if (program.platform.files.FileExists(program.inProgramFolder(settings::kBanFile))) return;
     display.warn(
-        "td_ban.dat is missing in the program folder, so that no own entry is checked against the list of protected "
-        "places; put it back from the delivery.");
+        std::string(settings::kBanFile) +
+        " is missing in the program folder, so that no own entry is checked against the list of protected places; put "
+        "it back from the delivery.");
 }
 
 void warnOfMissingTexts(settings::Program& program, forms::Display& display) {

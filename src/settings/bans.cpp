@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
+#include "platform/common/protected_keys.h"
 
 namespace tidvane::settings {
 
@@ -12,16 +14,19 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-constexpr std::array<std::string_view, 7> kHives{
-    "HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER",   "HKEY_LOCAL_MACHINE",    "HKEY_USERS",
-    "HKEY_DYN_DATA",     "HKEY_CURRENT_CONFIG", "HKEY_PERFORMANCE_DATA",
-};
-constexpr std::array<std::string_view, 4> kFirstLevelKeys{"Software", "System", "SAM", "Security"};
+constexpr std::array<std::pair<std::string_view, platform::HKey>, 7> kHives{{
+    {"HKEY_CLASSES_ROOT", platform::HKEY_CLASSES_ROOT_},
+    {"HKEY_CURRENT_USER", platform::HKEY_CURRENT_USER_},
+    {"HKEY_LOCAL_MACHINE", platform::HKEY_LOCAL_MACHINE_},
+    {"HKEY_USERS", platform::HKEY_USERS_},
+    {"HKEY_PERFORMANCE_DATA", 0x80000004U},
+    {"HKEY_CURRENT_CONFIG", platform::HKEY_CURRENT_CONFIG_},
+    {"HKEY_DYN_DATA", 0x80000006U},
+}};
 
-template <class Names>
-bool isOneOf(const Names& names, std::string_view text) {
-    return std::any_of(names.begin(), names.end(),
-                       [&](std::string_view name) { return base::equalNoCase(name, text); });
+// What the system makes of a name: without the blanks and dots behind it. Of "." and the like nothing is left.
+std::string withoutDroppedEnd(const std::string& name) {
+    return name.substr(0, name.find_last_not_of(". ") + 1);
 }
 
 }  // namespace
@@ -47,13 +52,34 @@ bool FindInFile(Program& program, const std::string& file, const std::string& te
     return false;
 }
 
+std::string plainSpelling(const std::string& text) {
+    const std::string path = base::replaceAll(base::trimBlanks(text), "/", "\\");
+    if (path.find('\\') == std::string::npos) return path;
+    const bool share = path.starts_with("\\\\");
+    const std::size_t root = share ? 2 : 1;  // parts that ".." does not leave
+    const std::vector<std::string> all = base::split(std::string_view(path).substr(share ? 2 : 0), "\\");
+    std::vector<std::string> parts{all.front()};
+    for (std::size_t i = 1; i < all.size(); ++i) {
+        std::string name = withoutDroppedEnd(all[i]);
+        if (all[i] == "..") {
+            if (parts.size() > root) parts.pop_back();
+        } else if (!name.empty()) {
+            parts.push_back(std::move(name));
+        }
+    }
+    std::string plain = share ? "\\\\" + parts.front() : parts.front();
+    for (std::size_t i = 1; i < parts.size(); ++i) plain += "\\" + parts[i];
+    if (withoutDroppedEnd(all.back()).empty() && !plain.ends_with('\\')) plain += '\\';
+    return plain;
+}
+
 bool isProtectedRegistryEntry(const std::string& text) {
-    std::string_view entry = base::trimBlanks(text);
-    while (!entry.empty() && entry.back() == '\\') entry.remove_suffix(1);
-    const std::size_t separator = entry.find('\\');
-    if (!isOneOf(kHives, entry.substr(0, separator))) return false;
-    if (separator == std::string_view::npos) return true;
-    return isOneOf(kFirstLevelKeys, entry.substr(separator + 1));
+    const std::string_view entry = base::trimBlanks(text);
+    const std::size_t separator = std::min(entry.find('\\'), entry.size());
+    return std::any_of(kHives.begin(), kHives.end(), [&](const auto& hive) {
+        return base::equalNoCase(hive.first, entry.substr(0, separator)) &&
+               platform::isProtectedKey(hive.second, entry.substr(separator));
+    });
 }
 
 }  // namespace tidvane::settings

@@ -8,6 +8,7 @@
 
 namespace tidvane::settings {
 
+inline constexpr const char* kBanFile = "td_ban.dat";  // in the program's folder
 inline constexpr std::size_t kBanBlockSize = 10240;
 inline constexpr const char* kBanMessage = "For system safety reasons this specific location has been banned.";
 
@@ -17,7 +18,11 @@ inline constexpr const char* kBanMessage = "For system safety reasons this speci
 // missing or cannot be read.
 bool FindInFile(Program& program, const std::string& file, const std::string& text, std::size_t blockSize);
 
-// A hive of the registry, or one of its keys that hold everything else: nobody may list them for removal.
+// The text as the system reads it: "\" for "/", one separator for several (but for the two of a share), "." and ".."
+// resolved, and no blanks and dots behind a name. A text without a separator is no path and keeps all but its blanks.
+std::string plainSpelling(const std::string& text);
+
+// A key that the platform empties for no one (isProtectedKey): nobody may list it for removal.
 bool isProtectedRegistryEntry(const std::string& text);
 
 }  // namespace tidvane::settings

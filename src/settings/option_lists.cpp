@@ -14,7 +14,6 @@ namespace {
 constexpr char32_t kEnter = 13;
 constexpr char32_t kEscape = 27;
 
-constexpr const char* kBanFile = "td_ban.dat";
 constexpr std::size_t kSplitLinesTold = 3;  // of each file; of the others the number
 
 // A line of a file as a warning quotes it: short, and without what a screen would take for a command.
@@ -25,13 +24,6 @@ std::string quotable(const std::string& line) {
         if (static_cast<unsigned char>(sign) < ' ' || sign == '\x7F') sign = '?';
     }
     return text.size() < line.size() ? text + "..." : text;
-}
-
-std::vector<std::string> rowsOf(const forms::ListBox& list) {
-    std::vector<std::string> rows;
-    rows.reserve(static_cast<std::size_t>(list.ListCount()));
-    for (int row = 0; row < list.ListCount(); ++row) rows.push_back(list.List(row));
-    return rows;
 }
 
 }  // namespace
@@ -98,14 +90,17 @@ bool frmOptions::isBannedEntry(const std::string& text) {
                        [this](const std::string& item) { return isBanned(item); });
 }
 
+// As it stands, and as the system would read it.
 bool frmOptions::isBanned(const std::string& text) {
     const std::string file = program_.inProgramFolder(kBanFile);
     if (!program_.platform.files.FileExists(file) && program_.tellOnce(file)) {
-        program_.display.warn(
-            "td_ban.dat is missing from the program's folder: only the places that are protected "
-            "everywhere are refused.");
+        program_.display.warn(std::string(kBanFile) +
+                              " is missing from the program's folder: only the places that are protected everywhere "
+                              "are refused.");
     }
-    return FindInFile(program_, file, text, kBanBlockSize) || isProtectedRegistryEntry(text);
+    if (FindInFile(program_, file, text, kBanBlockSize) || isProtectedRegistryEntry(text)) return true;
+    const std::string plain = plainSpelling(text);
+    return !plain.empty() && plain != text && FindInFile(program_, file, plain, kBanBlockSize);
 }
 
 bool frmOptions::mayEnter(const std::string& text) {
@@ -232,7 +227,7 @@ void frmOptions::saveLists() {
             continue;
         }
         // A file that cannot be written keeps its old content.
-        (void)writeListFile(program_, program_.inProgramFolder(file.fileName), rowsOf(*file.list));
+        (void)writeListFile(program_, program_.inProgramFolder(file.fileName), file.list->rows());
     }
 }
 

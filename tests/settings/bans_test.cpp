@@ -96,9 +96,43 @@ TEST_F(FindInFileTest, FindsALineEndThatStraddlesTwoBlocks) {
     EXPECT_TRUE(find("A\r\nBB\r\n", "BB", 6));
 }
 
+TEST(PlainSpelling, IsWhatTheSystemReads) {
+    for (const auto& [text, plain] : {
+             std::pair{"C:/Windows", "C:\\Windows"},
+             std::pair{"C:\\\\Windows\\\\\\System32", "C:\\Windows\\System32"},
+             std::pair{" C:\\.\\Windows\\.\\ ", "C:\\Windows\\"},
+             std::pair{"C:\\Windows\\.", "C:\\Windows\\"},
+             std::pair{"C:\\Windows . ", "C:\\Windows"},
+             std::pair{"C:\\.hidden", "C:\\.hidden"},
+             std::pair{"C:\\a\\..\\b", "C:\\b"},
+             std::pair{"C:\\Temp\\x\\..\\..\\Windows", "C:\\Windows"},
+             std::pair{"C:\\Windows\\Temp\\..", "C:\\Windows\\"},
+             std::pair{"C:\\..\\..\\Windows", "C:\\Windows"},
+             std::pair{"C:\\Users\\..", "C:\\"},
+             std::pair{"C:\\Windows.\\System32 \\drivers", "C:\\Windows\\System32\\drivers"},
+             std::pair{"\\\\server\\share\\..\\x", "\\\\server\\share\\x"},
+             std::pair{"..\\a", "..\\a"},
+             std::pair{"C:\\Windows\\...", "C:\\Windows\\"},
+             std::pair{"\\\\", "\\\\"},
+             std::pair{"*\\", "*\\"},
+             std::pair{"\\\\server\\\\share", "\\\\server\\share"},
+             std::pair{"//?/C:/", "\\\\?\\C:\\"},
+             std::pair{"\\", "\\"},
+             std::pair{"HKEY_CURRENT_USER\\\\Software", "HKEY_CURRENT_USER\\Software"},
+             std::pair{"*.", "*."},
+             std::pair{".", "."},
+             std::pair{"", ""},
+         }) {
+        EXPECT_EQ(plainSpelling(text), plain) << text;
+    }
+}
+
 TEST(ProtectedRegistryEntry, IsAHiveOrOneOfItsGreatKeys) {
-    for (const char* entry : {"HKEY_CURRENT_USER", "hkey_current_user\\", " HKEY_LOCAL_MACHINE\\Software ",
-                              "HKEY_LOCAL_MACHINE\\SYSTEM\\", "HKEY_USERS", "HKEY_LOCAL_MACHINE\\SAM"}) {
+    for (const char* entry :
+         {"HKEY_CURRENT_USER", "hkey_current_user\\", " HKEY_LOCAL_MACHINE\\Software ", "HKEY_LOCAL_MACHINE\\SYSTEM\\",
+          "HKEY_USERS", "HKEY_LOCAL_MACHINE\\SAM", "HKEY_CURRENT_CONFIG", "HKEY_DYN_DATA\\",
+          "HKEY_CURRENT_USER\\\\Software\\\\", "HKEY_USERS\\S-1-5-21-1", "HKEY_USERS\\S-1-5-21-1\\Software",
+          "hkey_users\\.default\\software\\classes"}) {
         EXPECT_TRUE(isProtectedRegistryEntry(entry)) << entry;
     }
     for (const char* entry :

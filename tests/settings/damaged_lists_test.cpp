@@ -7,6 +7,7 @@
 #include "options_fixture.h"
 #include "settings/bans.h"
 #include "settings/list_files.h"
+#include "settings/log_font_file.h"
 #include "settings/own_entries.h"
 
 namespace tidvane::settings {
@@ -16,8 +17,14 @@ using Rows = std::vector<std::string>;
 
 constexpr std::array kBoxes{&frmOptions::lstFolders, &frmOptions::lstFiles, &frmOptions::lstSearchMasks};
 
+// A minute for what takes a second: a cost that grows with the square of the lines would not come to an end.
+constexpr std::chrono::seconds kLongest{60};
+
 struct DamagedLists : testing::Test {
     OptionsFixture machine;
+    const std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
+
+    void TearDown() override { EXPECT_LT(std::chrono::steady_clock::now() - start, kLongest); }
 
     void put(const std::string& bytes) {
         for (const char* file : kListFiles) machine.putBeside(file, bytes);
@@ -99,6 +106,20 @@ TEST_F(DamagedLists, EveryByteSurvivesLoadAndOk) {
     for (const char* file : kListFiles) EXPECT_EQ(machine.beside(file), bytes);
 }
 
+TEST_F(DamagedLists, WhatALineWasTakenApartIntoIsWrittenByTheNextOk) {
+    put("C:\\a, b\r\n\"C:\\c\"\r\nC:\\d\r\n");
+    const Rows parts{"C:\\a", "b", "C:\\c", "C:\\d"};
+    for (std::size_t list = 0; list < kBoxes.size(); ++list) EXPECT_EQ(shown(list), parts);
+    EXPECT_GT(warningsWith("makes several entries of the line"), 0);
+    // Looking alone changes nothing; OK does, and the next load finds nothing to take apart.
+    for (const char* file : kListFiles) EXPECT_EQ(machine.beside(file), "C:\\a, b\r\n\"C:\\c\"\r\nC:\\d\r\n");
+    pressOk();
+    for (const char* file : kListFiles) EXPECT_EQ(machine.beside(file), "C:\\a\r\nb\r\nC:\\c\r\nC:\\d\r\n");
+    machine.display.warnings.clear();
+    for (std::size_t list = 0; list < kBoxes.size(); ++list) EXPECT_EQ(shown(list), parts);
+    EXPECT_TRUE(machine.display.warnings.empty());
+}
+
 TEST_F(DamagedLists, NulsAreCharactersLikeOthers) {
     const std::string bytes("C:\\a\0b\r\n\0\0\0\r\nC:\\c\r\n", 19);
     put(bytes);
@@ -154,12 +175,10 @@ TEST_F(DamagedLists, AMillionLinesAreReadAndWrittenInSeconds) {
     constexpr int kLines = 1'000'000;
     for (int i = 0; i < kLines; ++i) bytes += "C:\\D" + std::to_string(i) + "\r\n";
     machine.putBeside("td_folders.dat", bytes);
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(machine.options().lstFolders.ListCount(), kLines);
     EXPECT_EQ(machine.options().lstFolders.List(kLines - 1), "C:\\D999999");
     pressOk();
     EXPECT_TRUE(machine.beside("td_folders.dat") == bytes);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
     EXPECT_TRUE(splitLinesOfLists(machine.program).empty());
 }
 
@@ -233,12 +252,81 @@ TEST_F(DamagedLists, AHugeBanFileWithoutLineEndsIsSearchedInOneGo) {
     EXPECT_TRUE(FindInFile(machine.program, file, "AAA", kBanBlockSize));
 }
 
+TEST_F(DamagedLists, AnEmptyBanFileBansNothing) {
+    const std::string file = OptionsFixture::inFolder("td_ban.dat");
+    machine.putBeside("td_ban.dat", "");
+    for (const char* text : {"", "*", "C:\\Windows"}) {
+        EXPECT_FALSE(FindInFile(machine.program, file, text, kBanBlockSize)) << text;
+    }
+}
+
+TEST_F(DamagedLists, NulsInABanFileAreCharactersLikeOthers) {
+    const std::string file = OptionsFixture::inFolder("td_ban.dat");
+    machine.putBeside("td_ban.dat", std::string("*\r\nC:\\A\0B\r\n\0\0\r\nC:\\C\r\n", 21));
+    const auto banned = [&](const std::string& text) { return FindInFile(machine.program, file, text, kBanBlockSize); };
+    EXPECT_TRUE(banned(std::string("c:\\a\0b", 6)));
+    EXPECT_TRUE(banned("B"));
+    EXPECT_FALSE(banned("C:\\A"));
+    EXPECT_TRUE(banned("C:\\C"));
+}
+
+TEST_F(DamagedLists, ABanFileOfAMillionLinesIsSearchedToItsEnd) {
+    const std::string file = OptionsFixture::inFolder("td_ban.dat");
+    std::string bytes;
+    for (int i = 0; i < 1'000'000; ++i) bytes += "C:\\D" + std::to_string(i) + "\r\n";
+    machine.putBeside("td_ban.dat", bytes);
+    EXPECT_TRUE(FindInFile(machine.program, file, "C:\\D999999", kBanBlockSize));
+    EXPECT_FALSE(FindInFile(machine.program, file, "C:\\D1000000", kBanBlockSize));
+}
+
 TEST_F(DamagedLists, ABanFileThatIsAFolderBansNothing) {
     machine.files().putFolder(OptionsFixture::inFolder("td_ban.dat"));
     machine.options().chkActivateOwnFolder.Value = 1;
     machine.options().txtAddFolderPath.setText("C:\\Windows");
     machine.options().cmdAddFolderPath.press();
     EXPECT_EQ(rows(machine.options().lstFolders), (Rows{"C:\\Windows"}));
+}
+
+// --- the font of the log
+
+TEST_F(DamagedLists, AFontFileCutAnywhereGivesItsWholeLines) {
+    const std::string bytes = "Courier New\r\n11\r\nTrue\r\nFalse\r\n";
+    const forms::FontChoice current{"Arial", 8.25, false, true, 0};
+    for (std::size_t cut = 0; cut <= bytes.size(); ++cut) {
+        machine.putBeside("td_flog.dat", bytes.substr(0, cut));
+        const auto read = readLogFont(machine.program, current);
+        ASSERT_TRUE(read) << cut;
+        EXPECT_EQ(read->name, cut == 0 ? "Arial" : bytes.substr(0, std::min<std::size_t>(cut, 11))) << cut;
+        EXPECT_EQ(read->size, cut < 14 ? 8.25 : cut == 14 ? 1.0 : 11.0) << cut;
+        EXPECT_EQ(read->bold, cut >= 21) << cut;
+        EXPECT_EQ(read->italic, cut < 28) << cut;
+    }
+}
+
+TEST_F(DamagedLists, AFontFileOfAnyBytesLeavesAFontThatCanBeShown) {
+    unsigned state = 99;
+    for (int round = 0; round < 200; ++round) {
+        std::string bytes;
+        for (int i = 0; i < 300; ++i) {
+            state = state * 1103515245u + 12345u;
+            bytes += static_cast<char>(round % 2 == 0 ? "\r\n019.,eTrufals\0 -+x"[(state >> 24) % 20] : state >> 24);
+        }
+        machine.putBeside("td_flog.dat", bytes);
+        const auto read = readLogFont(machine.program, {"Arial", 8.25, false, true, 0});
+        ASSERT_TRUE(read) << round;
+        EXPECT_FALSE(read->name.empty()) << round;
+        EXPECT_GT(read->size, 0) << round;
+    }
+}
+
+TEST_F(DamagedLists, AHugeFontFileIsReadInItsFirstLinesAlone) {
+    std::string bytes = "Verdana\r\n10\r\nTrue\r\nTrue\r\n";
+    for (int i = 0; i < 1'000'000; ++i) bytes += "x\r\n";
+    machine.putBeside("td_flog.dat", bytes);
+    const auto read = readLogFont(machine.program, {"Arial", 8.25, false, false, 0});
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->name, "Verdana");
+    EXPECT_EQ(read->size, 10);
 }
 
 }  // namespace
