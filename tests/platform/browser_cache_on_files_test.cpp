@@ -149,6 +149,16 @@ TEST_F(BrowserCacheOnFilesTest, MissingAndDamagedIndexesListNothing) {
     EXPECT_EQ(machine.removed.totals, RemovalTotals());
 }
 
+// No more of it is read than an index can have.
+TEST_F(BrowserCacheOnFilesTest, AHugeIndexListsNothingAndGoesWithItsKind) {
+    machine.files.putFileOfLength(kPages + "\\index.dat", 1ULL << 40);
+    EXPECT_EQ(addresses(), allBut({"http://one/", "http://two/"}));
+    EXPECT_FALSE(cache.DeleteUrlCacheEntry("http://two/"));
+    EXPECT_TRUE(cache.ClearMyTracksByProcess(8));
+    EXPECT_FALSE(has(kPages + "\\index.dat"));
+    EXPECT_FALSE(has(kPages + "\\AAAAAAAA"));
+}
+
 TEST_F(BrowserCacheOnFilesTest, AMachineWithoutTheFoldersHasNothing) {
     machine.shell.specialFolders.clear();
     EXPECT_TRUE(addresses().empty());
