@@ -1,12 +1,11 @@
-// The registry value that starts the program with Windows.
+// The registry value that starts the program with Windows, at the start of the program.
 #pragma once
 
 #include "settings/program.h"
 
 namespace tidvane::app {
 
-// At every start: off, the value goes from both roots; on, it is written under the chosen root, logged, and goes from
-// the other root.
+// What OK of the options does; where the option is on it is logged too, and the value goes from the other root.
 void applyAutostartAtStart(settings::Program& program);
 
 }  // namespace tidvane::app

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
+#include "settings/autostart.h"
 #include "settings/browser_detection.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/list_files.h"
@@ -270,7 +271,7 @@ void frmOptions::saveAndClose() {
     saveLists();
     // Without a main window nobody knows the font, and the file keeps the last one.
     if (const forms::FontChoice font = report.logFont(); !font.name.empty()) (void)writeLogFont(program_, font);
-    // The entry that starts the program with Windows joins here.
+    applyAutostart(program_, *this);
     report.resetTaskIcons();
     program_.windows.unload(*this);
 }

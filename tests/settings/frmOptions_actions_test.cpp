@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "options_fixture.h"
 #include "settings/log_font_file.h"
 
@@ -30,6 +31,92 @@ TEST(OptionsOk, WorksInItsOrder) {
     EXPECT_EQ(machine.program.windows.ifLoaded(frmOptions::kName), nullptr);
     EXPECT_EQ(machine.display.forgotten, (Calls{"frmOptions"}));
 }
+
+// --- the entry that starts the program with Windows
+
+struct AutostartByOk : ::testing::Test {
+    static constexpr const char* kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+
+    // Empty: there is none.
+    std::string entry(const platform::RegistryKeyPtr& root, const std::string& name = "Tidvane") {
+        platform::RegistryKeyPtr key = root;
+        for (const std::string& part : base::split(kRun, "\\")) {
+            key = key == nullptr ? nullptr : key->find(part);
+        }
+        const platform::RegistryValue* value = key == nullptr ? nullptr : key->findValue(name);
+        std::string text = value == nullptr ? std::string() : value->data;
+        std::erase(text, '\0');  // plain letters of two bytes each
+        return text;
+    }
+    std::string ofMachine() { return entry(machine.machine.registryTree.machine()); }
+    std::string ofUser() { return entry(machine.machine.registryTree.currentUser()); }
+    void ok(int ticked, int root) {
+        machine.options().chkStartWindows.Value = ticked;
+        machine.options().cboAutoStart.setListIndex(root);
+        machine.options().cmdOK.setValue(true);
+        machine.program.windows.sweep();
+    }
+
+    OptionsFixture machine;
+};
+
+TEST_F(AutostartByOk, IsWrittenUnderTheChosenRoot) {
+    ok(1, 0);
+    EXPECT_EQ(ofMachine(), "C:\\Program Files\\Tidvane\\Tidvane.exe");
+    EXPECT_EQ(ofUser(), "");
+}
+
+TEST_F(AutostartByOk, LeavesTheOtherRootsEntryUntilItIsTurnedOff) {
+    ok(1, 0);
+    ok(1, 1);
+    EXPECT_NE(ofMachine(), "");
+    EXPECT_NE(ofUser(), "");
+    ok(0, 1);
+    EXPECT_EQ(ofMachine(), "");
+    EXPECT_EQ(ofUser(), "");
+}
+
+TEST_F(AutostartByOk, TakesNoOtherProgramsEntry) {
+    ok(1, 1);
+    platform::RegistryKeyPtr key = machine.machine.registryTree.currentUser();
+    for (const std::string& part : base::split(kRun, "\\")) key = key->find(part);
+    key->setText("Other", "C:\\other.exe");
+    ok(0, 1);
+    EXPECT_EQ(ofUser(), "");
+    EXPECT_EQ(entry(machine.machine.registryTree.currentUser(), "Other"), "C:\\other.exe");
+}
+
+TEST_F(AutostartByOk, SaysNothingWhereThereIsNoEntryToRemove) {
+    ok(0, 0);
+    EXPECT_TRUE(machine.display.boxes.empty());
+    EXPECT_TRUE(machine.display.warnings.empty());
+    EXPECT_EQ(ofMachine() + ofUser(), "");
+}
+
+TEST_F(AutostartByOk, IsNeverWrittenWithoutARoot) {
+    ok(1, -1);
+    EXPECT_EQ(ofMachine() + ofUser(), "");
+}
+
+TEST_F(AutostartByOk, ComesBehindTheListsAndBeforeTheIcons) {
+    machine.putBeside("td_ftypes.dat", "*.tmp\r\n");
+    (void)machine.options();
+    bool atLists = true;
+    machine.files().before(OptionsFixture::inFolder("td_ftypes.dat"), 1, [&] { atLists = !ofUser().empty(); });
+    machine.report.onCall = [&](const std::string& call) { EXPECT_EQ(!ofUser().empty(), call == "icons") << call; };
+    ok(1, 1);
+    EXPECT_FALSE(atLists) << "written last of the three lists";
+    EXPECT_NE(ofUser(), "");
+}
+
+TEST_F(AutostartByOk, StaysAsItIsWhenTheWindowIsCancelled) {
+    ok(1, 1);
+    machine.options().chkStartWindows.Value = 0;
+    machine.options().ExplorerBar2.clickItem(0, 1);
+    EXPECT_NE(ofUser(), "");
+}
+
+// --- what is stored
 
 TEST(OptionsOk, TheNextUseLoadsWhatWasStored) {
     OptionsFixture machine;
