@@ -80,6 +80,11 @@ void ListBox::setSelected(int row, bool selected) {
     if (ticks) ItemCheck();
 }
 
+// Counted anew at each row: what hears of a tick may change the list.
+void ListBox::selectAll(bool selected) {
+    for (int row = 0; row < ListCount(); ++row) setSelected(row, selected);
+}
+
 int ListBox::SelCount() const {
     return static_cast<int>(std::count_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.selected; }));
 }
@@ -108,7 +113,7 @@ int ListView::find(std::string_view key) const {
 }
 
 bool ListView::Add(int index, const std::string& key, const std::string& text, int smallIcon) {
-    if (find(key) != 0) return false;
+    if (!key.empty() && !keys_.insert(key).second) return false;
     ListItem row;
     row.key = key;
     row.text = text;
@@ -128,13 +133,16 @@ bool ListView::Remove(const std::string& key) {
 
 bool ListView::Remove(int index) {
     if (index < 1 || index > Count()) return false;
-    items_.erase(items_.begin() + (index - 1));
+    const auto row = items_.begin() + (index - 1);
+    keys_.erase(row->key);
+    items_.erase(row);
     viewChanged();
     return true;
 }
 
 void ListView::Clear() {
     items_.clear();
+    keys_.clear();
     viewChanged();
 }
 
@@ -185,6 +193,10 @@ bool ListView::mark(int index, bool selected) {
     items_[static_cast<std::size_t>(index - 1)].selected = selected;
     viewChanged();
     return true;
+}
+
+void ListView::markAll(bool selected) {
+    for (int row = 1; row <= Count(); ++row) mark(row, selected);
 }
 
 }  // namespace tidvane::forms

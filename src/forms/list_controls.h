@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -57,6 +58,7 @@ public:
     void Clear();
     bool Selected(int row) const { return rows_.at(static_cast<std::size_t>(row)).selected; }
     void setSelected(int row, bool selected);
+    void selectAll(bool selected);
     int SelCount() const;
     int ListIndex() const { return index_; }
     void setListIndex(int index);
@@ -119,11 +121,13 @@ public:
     bool setSelected(int index);
     // The mark of one row alone, for lists in which several rows may be selected.
     bool mark(int index, bool selected);
+    void markAll(bool selected);
     const std::vector<ListItem>& items() const { return items_; }
 
 private:
     int find(std::string_view key) const;  // from 1; 0 for none
     std::vector<ListItem> items_;
+    std::unordered_set<std::string> keys_;  // of all rows that have one: a list may be filled with very many
 };
 
 }  // namespace tidvane::forms

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <ctime>
+#include <string>
+
 #include "controls/explorer_bar.h"
 #include "controls/is_button.h"
 #include "forms/form.h"
@@ -99,6 +102,16 @@ TEST(ComboBox, ATextSetBeforeItsRowFindsTheRowWhenItComes) {
     EXPECT_EQ(form.cboRows.ListIndex(), 0);
 }
 
+TEST(ListBox, SelectsAllRowsOrNone) {
+    SampleForm form;
+    for (const char* text : {"a", "b", "c"}) form.lstRows.AddItem(text);
+    form.lstRows.setSelected(1, true);
+    form.lstRows.selectAll(true);
+    EXPECT_EQ(form.lstRows.SelCount(), 3);
+    form.lstRows.selectAll(false);
+    EXPECT_EQ(form.lstRows.SelCount(), 0);
+}
+
 TEST(ListView, RefusesAKeyThatStandsAlreadyAndTakesEmptyKeys) {
     SampleForm form;
     EXPECT_TRUE(form.lstTasks.Add(0, "a", "A", 2));
@@ -108,6 +121,31 @@ TEST(ListView, RefusesAKeyThatStandsAlreadyAndTakesEmptyKeys) {
     EXPECT_EQ(form.lstTasks.Count(), 3);
     EXPECT_EQ(form.lstTasks.item(""), nullptr);
     EXPECT_FALSE(form.lstTasks.Remove(std::string()));
+}
+
+TEST(ListView, AKeyIsFreeAgainWhenItsRowIsGone) {
+    SampleForm form;
+    for (const char* key : {"a", "b", "c"}) EXPECT_TRUE(form.lstTasks.Add(1, key, key, 0));
+    EXPECT_TRUE(form.lstTasks.Remove("b"));
+    EXPECT_FALSE(form.lstTasks.Add(0, "a", "again", 0));
+    EXPECT_FALSE(form.lstTasks.Add(0, "c", "again", 0));
+    ASSERT_TRUE(form.lstTasks.Add(0, "b", "again", 0));
+    EXPECT_EQ(form.lstTasks.item("b")->text, "again");
+    EXPECT_TRUE(form.lstTasks.Remove(1));
+    EXPECT_TRUE(form.lstTasks.Add(0, "c", "again", 0));
+    form.lstTasks.Clear();
+    EXPECT_TRUE(form.lstTasks.Add(0, "a", "A", 0));
+}
+
+TEST(ListView, IsFilledWithVeryManyRowsInTime) {
+    SampleForm form;
+    const std::clock_t begin = std::clock();
+    for (int i = 0; i < 100000; ++i) {
+        ASSERT_TRUE(form.lstTasks.Add(0, "C:\\Users\\Anna\\Cookies\\anna@" + std::to_string(i) + ".txt", "", 0));
+    }
+    // A look at every row for each one would take a minute or more.
+    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 5);
+    EXPECT_FALSE(form.lstTasks.Add(0, "C:\\Users\\Anna\\Cookies\\anna@99999.txt", "", 0));
 }
 
 TEST(ListView, InsertsAtAnIndexFromOne) {
@@ -146,6 +184,10 @@ TEST(ListView, MarksRowsBesideOneAnother) {
     EXPECT_TRUE(form.lstTasks.item(3)->selected);
     EXPECT_FALSE(form.lstTasks.mark(0, true));
     EXPECT_FALSE(form.lstTasks.mark(4, true));
+    form.lstTasks.markAll(true);
+    for (int row = 1; row <= 3; ++row) EXPECT_TRUE(form.lstTasks.item(row)->selected);
+    form.lstTasks.markAll(false);
+    for (int row = 1; row <= 3; ++row) EXPECT_FALSE(form.lstTasks.item(row)->selected);
 }
 
 TEST(TabStrip, OffersOnePageAndHidesTheOthers) {
