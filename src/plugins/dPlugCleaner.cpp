@@ -192,12 +192,16 @@ void dPlugCleaner::DelFolder(const std::string& path) {
     removal::DelAll(program_.platform, path);
 }
 
+// Both ask first: each of their steps would tell of a refused place again.
 void dPlugCleaner::deleteFolder(const std::string& folder) {
-    DelFolder(folder);
+    if (!program_.platform.files.mayEmpty(folder)) return;
+    // With a backslash at its end the path names no folder to delete, and the walk alone empties it.
+    if (!folder.ends_with('\\') && !folder.ends_with('/')) DelFolder(folder);
     RemoveFolderItems(folder);
 }
 
 void dPlugCleaner::clearFolder(const std::string& folder) {
+    if (!program_.platform.files.mayEmpty(folder)) return;
     ClearFolderItems(folder);
     RemoveFolderItems(folder);
 }

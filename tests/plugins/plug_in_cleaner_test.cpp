@@ -196,6 +196,16 @@ TEST_F(PlugInRegistry, ThreeFieldsDeleteAValue) {
     EXPECT_EQ(machine.removed.totals.keys, 0u);
 }
 
+TEST_F(PlugInRegistry, AnEmptyThirdFieldIsTheDefaultValue) {
+    putKey("Software\\X");
+    const platform::RegistryKeyPtr key = machine.registryTree.currentUser()->find("Software")->find("X");
+    key->setText("", "data");
+    run({"[REGISTRY]", "1=HKEY_CURRENT_USER|Software\\X|"});
+    EXPECT_TRUE(hasKey("Software\\X"));
+    ASSERT_EQ(key->values().size(), 1u);
+    EXPECT_EQ(key->values()[0].name, "value0");
+}
+
 TEST_F(PlugInRegistry, OtherFieldCountsAndOtherRootsHaveNoEffect) {
     putKey("Software\\X", 2);
     run({"[REGISTRY]", "1=HKEY_CURRENT_USER", "2=HKEY_CURRENT_USER|Software\\X|value0|more", "3=HKCU|Software\\X",
@@ -357,6 +367,35 @@ TEST_F(PlugInCleaner, GoesByTheKillMethodAtEachFile) {
     EXPECT_EQ(machine.files.overwritten.size(), 2u);
 }
 
+TEST_F(PlugInCleaner, AMaskThatIsLeftToTheKillMethodIsNotOverwritten) {
+    putFiles({"C:\\Data\\a1.tmp"});
+    chooseMethod(2);
+    runLine("1=DEL_FILE|C:\\Data\\a*.tmp");
+    EXPECT_EQ(data(), Paths{});
+    EXPECT_TRUE(machine.files.overwritten.empty());
+}
+
+TEST_F(PlugInCleaner, AMaskThatIsLeftToTheRecycleBinTakesHiddenAndReadOnlyFilesToo) {
+    putFiles({"C:\\Data\\a1.tmp", "C:\\Data\\a2.tmp", "C:\\Data\\b.tmp"});
+    machine.files.setAttributes("C:\\Data\\a1.tmp", platform::attribute::Hidden);
+    machine.files.setAttributes("C:\\Data\\a2.tmp", platform::attribute::ReadOnly);
+    chooseMethod(1);
+    runLine("1=DEL_FILE|C:\\Data\\a*.tmp");
+    EXPECT_EQ(data(), Paths{"C:\\Data\\b.tmp"});
+    EXPECT_EQ(machine.shell.recycled.size(), 2u);
+}
+
+TEST_F(PlugInCleaner, DelFileTakesAFolderUnderRecycleAlone) {
+    for (const int method : {0, 2, 1}) {
+        putFiles({"C:\\Data\\X\\a.log"});
+        chooseMethod(method);
+        runLine("1=DEL_FILE|C:\\Data\\X");
+        EXPECT_EQ(has("C:\\Data\\X\\a.log"), method != 1) << method;
+    }
+    ASSERT_EQ(machine.shell.recycled.size(), 1u);
+    EXPECT_TRUE(machine.shell.recycled[0].isFolder);
+}
+
 TEST_F(PlugInCleaner, RecycleDoesNotIgnoreErrors) {
     putFiles({"C:\\Data\\a.log"});
     chooseMethod(1);
@@ -476,6 +515,33 @@ TEST_F(PlugInFolders, ReadOnlyFilesDirectlyInAClearedFolderStay) {
     EXPECT_EQ(data(), (Paths{"C:\\Data\\X\\", "C:\\Data\\X\\a.log"}));
 }
 
+TEST_F(PlugInFolders, FilesDirectlyInAClearedFolderStayByTheirAttributesButUnderRecycle) {
+    struct Bit {
+        const char* file;
+        unsigned attribute;
+    };
+    const Bit bits[] = {{"C:\\Data\\X\\r", platform::attribute::ReadOnly},
+                        {"C:\\Data\\X\\h", platform::attribute::Hidden},
+                        {"C:\\Data\\X\\s", platform::attribute::System}};
+    for (const int method : {0, 2, 1}) {
+        for (const Bit& bit : bits) {
+            putFiles({bit.file});
+            machine.files.setAttributes(bit.file, bit.attribute);
+        }
+        chooseMethod(method);
+        runLine("1=CLEAR_FOLDER|C:\\Data\\X");
+        for (const Bit& bit : bits) EXPECT_EQ(has(bit.file), method != 1) << method << bit.file;
+        EXPECT_TRUE(machine.files.overwritten.empty()) << method;
+    }
+}
+
+TEST_F(PlugInFolders, DelFolderGoesOutrightEvenWithoutAKillMethod) {
+    putFiles({"C:\\Data\\X\\a.log"});
+    loseMethod();
+    runLine("1=DEL_FOLDER|C:\\Data\\X");
+    EXPECT_EQ(data(), Paths{});
+}
+
 TEST_F(PlugInFolders, LinksGoAsLinks) {
     putFiles({"C:\\Kept\\a.log"});
     machine.files.putFolder("C:\\Data\\X");
@@ -502,6 +568,35 @@ TEST_F(PlugInFolders, ProtectedPlacesStay) {
     machine.files.take(inFolder("PlugIns"));
     EXPECT_EQ(machine.files.everythingBelow("C:\\"), before);
     EXPECT_TRUE(warnedOf(platform::WarningKind::ProtectedPlace));
+}
+
+TEST_F(PlugInFolders, ARefusedFolderIsToldAndCountedOnce) {
+    start();
+    putFiles({"C:\\Windows\\a.log"});
+    for (const char* command : {"DEL_FOLDER", "CLEAR_FOLDER"}) {
+        for (const int method : {0, 1, 2}) {
+            chooseMethod(method);
+            const std::uint64_t failed = machine.removed.totals.failed;
+            machine.warnings.clear();
+            runLine(std::string("1=") + command + "|%WINDIR%");
+            EXPECT_EQ(machine.warnings.size(), 1u) << command << method;
+            EXPECT_TRUE(warnedOf(platform::WarningKind::ProtectedPlace)) << command << method;
+            EXPECT_EQ(machine.removed.totals.failed - failed, 1u) << command << method;
+            machine.warnings.clear();
+            runLine(std::string("1=") + command + "|Data");
+            EXPECT_EQ(machine.warnings.size(), 1u) << command << method;
+            EXPECT_TRUE(warnedOf(platform::WarningKind::NotAbsolute)) << command << method;
+            EXPECT_EQ(machine.removed.totals.failed - failed, 1u) << command << method;
+        }
+    }
+    EXPECT_TRUE(has("C:\\Windows\\a.log"));
+}
+
+TEST_F(PlugInFolders, AFolderThatIsEmptiedIsNotToldAsLeftAlone) {
+    putFiles({"C:\\Data\\X\\a.log"});
+    run({"[FILES]", "1=DEL_FOLDER|C:\\Data\\X\\", "2=CLEAR_FOLDER|C:\\Data\\X\\"});
+    EXPECT_EQ(data(), Paths{"C:\\Data\\X\\"});
+    EXPECT_TRUE(machine.warnings.empty());
 }
 
 TEST_F(PlugInFolders, DelFolderIsAlsoAnOperationOfItsOwn) {
