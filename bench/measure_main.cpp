@@ -1,7 +1,9 @@
 // One operation of the product, run once: what bench/side_by_side.sh puts beside the tools of the system.
 //
-//   tidvane-measure MACHINE delall|purge|stats|sweep|overwrite|plugins WINDOWS-PATH
+//   tidvane-measure MACHINE [preview-]delall|purge|stats|sweep|overwrite|plugins|temp WINDOWS-PATH
 //
+// "temp" measures the folder and purges it, as the tasks of the temp folders do. With "preview-" in front everything is
+// only tried out.
 // "plugins" runs every plug-in of the program's folder, MACHINE.program/PlugIns, and takes no notice of the path.
 // Prints the milliseconds of the operation alone and the peak memory of the process in KiB.
 #include <sys/resource.h>
@@ -35,14 +37,19 @@ int fail(const std::string& sentence) {
 
 int main(int argc, char** argv) {
     if (argc != 4)
-        return fail("usage: tidvane-measure MACHINE delall|purge|stats|sweep|overwrite|plugins WINDOWS-PATH");
-    const std::string what = argv[2];
+        return fail(
+            "usage: tidvane-measure MACHINE [preview-]delall|purge|stats|sweep|overwrite|plugins|temp WINDOWS-PATH");
+    std::string what = argv[2];
+    const bool preview = what.starts_with("preview-");
+    if (preview) what.erase(0, what.find('-') + 1);
     const std::string path = argv[3];
 
     std::string error;
-    auto machine = platform::machine::Machine::open(argv[1], platform::machine::Machine::Access::Write, error);
+    using Access = platform::machine::Machine::Access;
+    auto machine = platform::machine::Machine::open(argv[1], preview ? Access::Read : Access::Write, error);
     if (machine == nullptr) return fail(error);
     platform::machine::MachineOptions options;
+    options.preview = preview;
     // Beside the machine: the program may not lie in what it cleans.
     options.programFolder = std::string(argv[1]) + ".program";
     std::filesystem::create_directories(options.programFolder);
@@ -50,6 +57,7 @@ int main(int argc, char** argv) {
     if (services == nullptr) return fail(error);
     console::ConsoleDisplay display(std::cerr, false);
     settings::Program program(services->platform(), display);
+    program.platform.removed.wantBytes = preview;
     app::offerAllWindows(program);
     program.LangText.set(732, "plain");
     program.LangText.set(733, "recycle");
@@ -75,6 +83,10 @@ int main(int argc, char** argv) {
         removal::FolderCounters counters;
         removal::FolderStats(program.platform.files, path, counters);
         std::cerr << counters.folders << " folders, " << counters.files << " files, " << counters.bytes << " bytes\n";
+    } else if (what == "temp") {
+        removal::FolderCounters counters;
+        removal::FolderStats(program.platform.files, path, counters);
+        removal::PurgeFolder(program, path);
     } else if (what == "sweep") {
         removal::SweepFolderByMasks(program, path);
     } else if (what == "overwrite") {

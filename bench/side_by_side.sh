@@ -106,13 +106,68 @@ big() { [ "$(stat -c %s "$c/big" 2> /dev/null)" = $((mib * 1048576)) ] || dd if=
 row "overwrite, 1 GiB" 1.20 big "$measure" "$machine" overwrite 'C:\big' -- dd if=/dev/zero of="$c/big" bs=4096 count=$((mib * 256)) conv=notrunc status=none
 rm -f "$c/big"
 
-# Whole commands, no other side to put beside them.
+# A preview walks what a removal would walk, and removes nothing: it stands beside du.
+own=("$console" --machine "$machine" --program "$program")
+in_console() { echo "$(timed "${own[@]}" "$@") 0"; }
+if [ -z "$only" ] || [[ "preview" == *$only* ]]; then
+  make_tree "$c/tree" "$folders" 100
+  "${own[@]}" lists add folders 'C:\tree' > /dev/null 2>&1
+  rm -rf "$c/windows/temp/tree" "$c/Windows/Temp/tree"
+  make_tree "$c/Windows/Temp/tree" "$folders" 100
+  find "$c/tree" "$c/Windows/Temp/tree" > /dev/null
+fi
+row "preview of an own folder, 100,000 files" 1.50 same in_console run --preview --tick chkActivateOwnFolder -- du -s "$c/tree"
+row "preview of the temp folder, 100,000 files" 1.50 same in_console run --preview --tick chkTempFolder -- du -s "$c/Windows/Temp/tree"
+rm -rf "$c/tree" "$c/Windows/Temp/tree"
+"${own[@]}" lists remove folders 'C:\tree' > /dev/null 2>&1 || true
+
+# Whole commands, no other side to put beside them. Each is prepared by a command that is not timed.
 whole() {
   local name=$1 limit=$2; shift 2
   [ -z "$only" ] || [[ $name == *$only* ]] || return 0
   local a=() i
-  for ((i = 0; i < pairs; ++i)); do a+=("$(timed "$@" 2> /dev/null)"); done
+  for ((i = 0; i < pairs; ++i)); do $before_each; a+=("$(timed "$@" 2> /dev/null)"); done
   printf '%-44s %12.1f %12s %7s %7s\n' "$name" "$(printf '%s\n' "${a[@]}" | median)" "-" "-" "$limit"
 }
+before_each=:
 whole "tidvane-console tasks" "50 ms" "$console" --machine "$machine" --program "$program" tasks
 whole "a run with nothing ticked, no pause" "50 ms" "$console" --machine "$machine" --program "$program" run
+
+# 200 plug-ins of which none finds anything: the time of the last step alone, as the report of the run tells it.
+plug_in_pass() {
+  local limit="200 ms" i
+  local report=$work/report.json
+  [ -z "$only" ] || [[ "plug-ins" == *$only* ]] || return 0
+  mkdir -p "$program/PlugIns"
+  rm -f "$program"/PlugIns/*
+  printf '[PlugIns]\r\n' > "$program/td_apps.ini"
+  for ((i = 1; i <= 200; ++i)); do
+    {
+      printf '[Info]\r\nTitle=Plug-in %d\r\nDescription=Nichts\r\nDescription2=Nothing\r\n[VARIABLES]\r\n' "$i"
+      printf 'TDV_PLACE=%%APPDATA%%\\Nobody %d\r\n[REGISTRY]\r\n1=HKEY_CURRENT_USER|Software\\Nobody|%d\r\n' "$i" "$i"
+      printf '[FILES]\r\n1=DEL_FILE|%%TDV_PLACE%%\\*.log\r\n2=CLEAR_FOLDER|%%TDV_PLACE%%\\cache\r\n'
+      printf '3=DEL_FOLDER|%%TDV_PLACE%%\\dumps\r\n4=DEL_FILE|%%TDV_PLACE%%\\one.dat\r\n'
+    } > "$program/PlugIns/nobody$i.tdp"
+    printf 'nobody%d=1\r\n' "$i" >> "$program/td_apps.ini"
+  done
+  local a=()
+  for ((i = 0; i < pairs; ++i)); do
+    "${own[@]}" run --quiet --json "$report" > /dev/null 2>&1
+    a+=("$(tr -d ' \n' < "$report" | sed 's/.*"steps"://' | grep -o '"milliseconds":[0-9.e-]*' | tail -n 1 | cut -d: -f2)")
+  done
+  printf '%-44s %12.1f %12s %7s %7s\n' "200 plug-ins that find nothing" "$(printf '%s\n' "${a[@]}" | median)" "-" "-" "$limit"
+  rm -f "$program"/PlugIns/* "$program/td_apps.ini"
+}
+plug_in_pass
+
+# The whole walk over a sample machine with all of its traces, made anew for each run.
+sample=$work/sample
+make_sample() {
+  rm -rf "$sample" "$work/sample-program"
+  "$console" --program "$work/sample-program" machine create "$sample" --sample > /dev/null 2>&1
+  "$console" --machine "$sample" --program "$work/sample-program" settings --set txtPurgeSpeed=0 --save > /dev/null 2>&1
+  sync
+}
+before_each=make_sample
+whole "everything ticked on the sample machine" "500 ms" "$console" --machine "$sample" --program "$work/sample-program" run --tick all --answer yes --force
+before_each=:
