@@ -1,4 +1,6 @@
 // What the lines of a plug-in do.
+#include <fstream>
+
 #include "base/runtime_error.h"
 #include "plugins/plug_in_fixture.h"
 
@@ -676,6 +678,44 @@ TEST_F(PlugInStarts, ABlankInFrontIsPartOfTheName) {
 TEST_F(PlugInStarts, AShareIsAFullPath) {
     runLine("1=RUN_FILE|\\\\server\\share\\a.exe?");
     ASSERT_EQ(machine.shell.started.size(), 1u);
+}
+
+// --- the page for users ----------------------------------------------------------------------------------------------
+
+// What a reader copies out of docs/plug-ins.md.
+Paths documentedExample() {
+    std::ifstream page(TIDVANE_SOURCE_DIR "/docs/plug-ins.md");
+    Paths lines;
+    std::string line;
+    while (std::getline(page, line) && line != "## An example") continue;
+    while (std::getline(page, line) && !line.starts_with("Look ")) {
+        if (line.starts_with("    ")) lines.push_back(line.substr(4));
+    }
+    return lines;
+}
+
+TEST_F(PlugInCleaner, TheDocumentedExampleRemovesWhatItSays) {
+    start();
+    const std::string folder = variable("APPDATA") + "\\Notes Editor";
+    putFiles({folder + "\\logs\\a.log", folder + "\\logs\\kept.txt", folder + "\\recent.dat", folder + "\\kept.ini",
+              folder + "\\cache\\1", folder + "\\cache\\deep\\2", folder + "\\old\\3"});
+    putKey("Software\\Notes Editor\\Recent", 2);
+    const platform::RegistryKeyPtr key = machine.registryTree.currentUser()->find("Software")->find("Notes Editor");
+    key->setText("LastFile", "x");
+    key->setText("Kept", "x");
+    const Paths example = documentedExample();
+    ASSERT_GT(example.size(), 10u);
+    run(example);
+    EXPECT_EQ(machine.files.everythingBelow(folder),
+              (Paths{folder + "\\cache\\", folder + "\\kept.ini", folder + "\\logs\\", folder + "\\logs\\kept.txt"}));
+    EXPECT_FALSE(hasKey("Software\\Notes Editor\\Recent"));
+    ASSERT_EQ(key->values().size(), 1u);
+    EXPECT_EQ(key->values()[0].name, "Kept");
+    EXPECT_EQ(variable("TDV_NOTES"), "<none>");
+    for (const std::string& text : {cleaner.PlugTitle(), cleaner.PlugDescription(), cleaner.PlugDescriptionEnglish(),
+                                    cleaner.PlugAuthor(), cleaner.PlugWarning(), cleaner.PlugWarningEnglish()}) {
+        EXPECT_FALSE(text.empty());
+    }
 }
 
 }  // namespace
