@@ -625,6 +625,11 @@ INSTANTIATE_TEST_SUITE_P(
                     ForeignFolder{csidl::Cookies, "C:\\Windows\\", "System32", "abcdefgh.txt", 2},
                     ForeignFolder{csidl::InternetCache, "C:\\", "Windows", "Content.IE5\\AAAAAAAA\\mine.txt", 8},
                     ForeignFolder{csidl::History, "C:\\Users\\Anna", "Pictures", "MSHist01\\mine.txt", 1},
+                    ForeignFolder{csidl::Cookies, "C:\\Users\\Anna\\AppData\\Roaming", "Mozilla", "anna@mine.txt", 2},
+                    ForeignFolder{csidl::InternetCache, "C:\\Users\\Anna\\AppData\\Local", "Mail",
+                                  "Content.IE5\\AAAAAAAA\\mine.txt", 8},
+                    ForeignFolder{csidl::History, "C:\\Documents and Settings\\Anna\\Local Settings\\Application Data",
+                                  "Mail", "MSHist01\\mine.txt", 1},
                     ForeignFolder{csidl::History, "C:\\", "Users", "MSHist1\\mine.txt", 1}));
 
 TEST_F(BrowserCacheOnFilesTest, AProtectedFolderOfOneKindDoesNotHinderTheOthers) {
