@@ -31,8 +31,8 @@ void frmIEInDepthClean::chkIEINDepthCleanAll_Click() {
 bool frmIEInDepthClean::confirmAll() {
     namespace msgbox = forms::msgbox;
     if (!chkIEINDepthCleanAll.ticked()) return true;
-    const int answer = program_.display.MsgBox(program_.LangText(803),
-                                               msgbox::YesNo | msgbox::Exclamation | msgbox::DefaultButton2, "Tidvane");
+    const int answer = program_.MsgBox(program_.LangText(803),
+                                       msgbox::YesNo | msgbox::Exclamation | msgbox::DefaultButton2, "Tidvane");
     const bool all = answer == msgbox::Yes;
     chkIEINDepthCleanAll.Value = all ? 1 : 0;
     chkIEINDepthClean.Value = all ? 0 : 1;

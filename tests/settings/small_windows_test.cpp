@@ -115,6 +115,14 @@ TEST_F(InDepth, NoStoresTheCallsAndShowsTheWindowAgain) {
     EXPECT_EQ(window().chkIEINDepthCleanAll.Value, 0);
 }
 
+TEST_F(InDepth, WhileNobodyMayBeKeptWaitingTheAnswerIsNo) {
+    program.unattended = true;
+    window().chkIEINDepthCleanAll.Value = 1;
+    window().cmdOK.Click();
+    EXPECT_TRUE(display.boxes.empty());
+    EXPECT_EQ(stored(), "1 0");
+}
+
 TEST_F(InDepth, TheCloseBoxDiscards) {
     window().chkIEINDepthCleanAll.Value = 1;
     program.windows.unload(window(), forms::UnloadMode::ControlMenu);
