@@ -104,7 +104,7 @@ void frmMain::refreshPlugList() {
 }
 
 void frmMain::selectAllPlugs(bool selected) {
-    for (int row = 0; row < LstPlugs.ListCount(); ++row) LstPlugs.setSelected(row, selected);
+    LstPlugs.selectAll(selected);
 }
 
 void frmMain::plugListRightClick() {

@@ -6,6 +6,7 @@
 #include "base/date_time.h"
 #include "base/numbers.h"
 #include "settings/modFormINI.h"
+#include "tools/save_rows.h"
 
 namespace tidvane::tools {
 
@@ -27,12 +28,12 @@ frmIECache::frmIECache(settings::Program& program) : Form(kName), program_(progr
     Caption.design("Internet Explorer Browser Cache Manager");
     mnudeleteall.isDefault.design(true);
     cmdDeleteAll.Click.connect([this] { deleteAll(); });
-    mnuselectall.Click.connect([this] { selectAll(true); });
-    mnudeselectall.Click.connect([this] { selectAll(false); });
+    mnuselectall.Click.connect([this] { lstCache.selectAll(true); });
+    mnudeselectall.Click.connect([this] { lstCache.selectAll(false); });
     mnudeleteall.Click.connect([this] { deleteAll(); });
     mnudeleteselected.Click.connect([this] { deleteSelected(); });
     mnurefreshcache.Click.connect([this] { FillCacheList(); });
-    mnusavecachefile.Click.connect([this] { save(); });
+    mnusavecachefile.Click.connect([this] { saveRows(program_, lstCache.rows()); });
     tmrCache.Tick.connect([this] { tmrCache_Timer(); });
 }
 
@@ -79,10 +80,6 @@ void frmIECache::listRightClick() {
     program_.display.popUpMenu(*this, "mnBar");
 }
 
-void frmIECache::selectAll(bool selected) {
-    for (int row = 0; row < lstCache.ListCount(); ++row) lstCache.setSelected(row, selected);
-}
-
 void frmIECache::deleteAll() {
     {
         const platform::ManyDeletes together(program_.platform.browserCache);
@@ -98,18 +95,6 @@ void frmIECache::deleteSelected() {
     const int row = lstCache.ListIndex();
     if (row >= 0) (void)program_.platform.browserCache.DeleteUrlCacheEntry(addressOf(row));
     FillCacheList();
-}
-
-void frmIECache::save() {
-    forms::FileQuestion question;
-    question.filter = "*.txt|*.txt";
-    question.save = true;
-    const std::string file = program_.display.askFile(question);
-    if (file.empty()) return;
-    std::string lines;
-    for (int row = 0; row < lstCache.ListCount(); ++row) lines += lstCache.List(row) + "\r\n";
-    // No error is shown.
-    (void)program_.platform.files.WriteFileBytes(file, program_.codePage().fromUtf8(lines));
 }
 
 void frmIECache::tmrCache_Timer() {

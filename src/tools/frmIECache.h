@@ -52,10 +52,8 @@ public:
     forms::Timer tmrCache{*this, "tmrCache", 100, true};
 
 private:
-    void selectAll(bool selected);
     void deleteAll();
     void deleteSelected();
-    void save();
     void tmrCache_Timer();
 
     settings::Program& program_;

@@ -11,6 +11,7 @@
 #include "registry/cRegistry.h"
 #include "removal/modKillMethod.h"
 #include "settings/modFormINI.h"
+#include "tools/save_rows.h"
 
 namespace tidvane::tools {
 
@@ -63,8 +64,8 @@ Listing listingOf(platform::FileSystem& files, const std::string& folder) {
 
 frmIECookies::frmIECookies(settings::Program& program) : Form(kName), program_(program) {
     mnudeleteselected.isDefault.design(true);
-    mnuselectall.Click.connect([this] { selectAll(true); });
-    mnudeselectall.Click.connect([this] { selectAll(false); });
+    mnuselectall.Click.connect([this] { lstCookies.markAll(true); });
+    mnudeselectall.Click.connect([this] { lstCookies.markAll(false); });
     mnudeleteall.Click.connect([this] { deleteAll(); });
     mnudeleteselected.Click.connect([this] { deleteSelected(); });
     mnurefreshcookies.Click.connect([this] { refresh(); });
@@ -113,10 +114,6 @@ void frmIECookies::listRightClick() {
     program_.display.popUpMenu(*this, "mnBar");
 }
 
-void frmIECookies::selectAll(bool selected) {
-    for (int row = 1; row <= lstCookies.Count(); ++row) lstCookies.mark(row, selected);
-}
-
 bool frmIECookies::folderIsCookies() const {
     return !isRootOrUnknown(lblCookieDir.Caption);
 }
@@ -160,15 +157,9 @@ void frmIECookies::refresh() {
 }
 
 void frmIECookies::save() {
-    forms::FileQuestion question;
-    question.filter = "*.txt|*.txt";
-    question.save = true;
-    const std::string file = program_.display.askFile(question);
-    if (file.empty()) return;
-    std::string lines;
-    for (const forms::ListItem& cookie : lstCookies.items()) lines += cookie.text + "\r\n";
-    // No error is shown.
-    (void)program_.platform.files.WriteFileBytes(file, program_.codePage().fromUtf8(lines));
+    std::vector<std::string> names;
+    for (const forms::ListItem& cookie : lstCookies.items()) names.push_back(cookie.text);
+    saveRows(program_, names);
 }
 
 void frmIECookies::tmrCookies_Timer() {

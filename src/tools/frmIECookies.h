@@ -43,7 +43,6 @@ public:
     forms::Timer tmrCookies{*this, "tmrCookies", 100, true};
 
 private:
-    void selectAll(bool selected);
     void deleteAll();
     void deleteSelected();
     void refresh();

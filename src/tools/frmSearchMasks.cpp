@@ -8,8 +8,8 @@ namespace tidvane::tools {
 
 frmSearchMasks::frmSearchMasks(settings::Program& program) : Form(kName), program_(program) {
     Caption.design("Dateimasken");
-    cmdSelectAll.Click.connect([this] { selectAll(true); });
-    cmdDeselectAll.Click.connect([this] { selectAll(false); });
+    cmdSelectAll.Click.connect([this] { lstSearchMasks.selectAll(true); });
+    cmdDeselectAll.Click.connect([this] { lstSearchMasks.selectAll(false); });
     cmdAdd.Click.connect([this] { addSelected(); });
     txtSearchMasks.Change.connect([this] { goToTypedText(); });
     tmrSearchMasks.Tick.connect([this] {
@@ -28,10 +28,6 @@ void frmSearchMasks::Form_Load() {
     cmdDeselectAll.Caption = text(812);
     cmdAdd.Caption = text(351);
     for (const char* mask : settings::kBuiltInMasks) lstSearchMasks.AddItem(mask);
-}
-
-void frmSearchMasks::selectAll(bool selected) {
-    for (int row = 0; row < lstSearchMasks.ListCount(); ++row) lstSearchMasks.setSelected(row, selected);
 }
 
 // Nothing is filtered: the current row goes to the first one that begins so, the marks stay.

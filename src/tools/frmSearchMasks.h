@@ -29,7 +29,6 @@ public:
     forms::Timer tmrSearchMasks{*this, "tmrSearchMasks", 1, true};
 
 private:
-    void selectAll(bool selected);
     void goToTypedText();
     void addSelected();
 

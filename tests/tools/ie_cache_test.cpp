@@ -160,6 +160,15 @@ TEST_F(IECache, SavesTheListAsItStands) {
               "31.12.2010 12:30:01|http://c.example/?a|b\r\n");
 }
 
+TEST_F(IECache, AListThatCannotBeSavedShowsNoError) {
+    display.files = {"C:\\list.txt"};
+    machine.files.putFile("C:\\list.txt", "before");
+    machine.files.refuse("C:\\list.txt", platform::operation::Write, platform::Status::Denied);
+    window().mnusavecachefile.Click();
+    EXPECT_EQ(machine.files.bytesOf("C:\\list.txt"), "before");
+    EXPECT_TRUE(display.boxes.empty());
+}
+
 TEST_F(IECache, TheBoxIsStoredWhenTheWindowGoes) {
     EXPECT_EQ(window().chkAllCookies.Value, 0);
     window().chkAllCookies.Value = 1;

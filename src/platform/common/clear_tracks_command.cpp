@@ -4,15 +4,11 @@
 #include <charconv>
 
 #include "base/text.h"
+#include "platform/common/ended_process.h"
 
 namespace tidvane::platform {
 
 namespace {
-
-class EndedProcess final : public Process {
-public:
-    bool wait(int /*milliseconds*/) override { return true; }
-};
 
 // Takes blanks off the front; false when there was none.
 bool skipBlanks(std::string_view& text) {

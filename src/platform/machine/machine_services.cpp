@@ -14,9 +14,6 @@ namespace tidvane::platform::machine {
 
 namespace {
 
-// INET_E_RESOURCE_NOT_FOUND, as the call answers without a network.
-constexpr long kResourceNotFound = static_cast<int>(0x800C0005u);
-
 std::tm localTime(long& nanoseconds) {
     struct timespec moment {};
     ::clock_gettime(CLOCK_REALTIME, &moment);
@@ -67,7 +64,7 @@ bool MachineProcesses::takeInstanceLock() {
 
 long MachineNetwork::URLDownloadToFileA(const std::string& /*url*/, const std::string& /*file*/,
                                         const std::function<bool(std::uint64_t, std::uint64_t)>& /*progress*/) {
-    return kResourceNotFound;
+    return download::ResourceNotFound;
 }
 
 }  // namespace tidvane::platform::machine
