@@ -53,7 +53,7 @@ bool FindInFile(Program& program, const std::string& file, const std::string& te
 }
 
 std::string plainSpelling(const std::string& text) {
-    const std::string path = base::replaceAll(base::trimBlanks(text), "/", "\\");
+    std::string path = base::replaceAll(base::trimBlanks(text), "/", "\\");
     if (path.find('\\') == std::string::npos) return path;
     const bool share = path.starts_with("\\\\");
     const std::size_t root = share ? 2 : 1;  // parts that ".." does not leave

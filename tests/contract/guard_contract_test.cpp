@@ -4,6 +4,7 @@
 namespace tidvane::contract {
 namespace {
 
+using namespace std::string_literals;
 using platform::FolderEntry;
 using platform::OverwriteHandle;
 using platform::ShFileOp;
@@ -180,13 +181,11 @@ TEST_P(GuardContract, ApplicationDataOfEveryProfileIsProtectedAndWhatLiesInItIsN
 TEST_P(GuardContract, APathThatHoldsANulIsNotCutForTheBin) {
     machine->putFile("C:\\Scratch\\a", "1");
     machine->putFile("C:\\Scratch\\b", "1");
-    const std::string nul(1, '\0');
     ShFileOp operation;
     operation.wFunc = platform::kFoDelete;
     operation.fFlags = platform::kFofAllowUndo | platform::kFofNoConfirmation | platform::kFofSilent;
-    for (const std::string& from :
-         {"C:\\Scratch\\a" + nul + "b" + nul + nul, "C:\\Scratch\\a" + nul + "C:\\Scratch\\b" + nul + nul,
-          "C:\\Scratch\\a" + nul + nul + nul, "C:\\Scratch\\a" + nul, std::string("C:\\Scratch\\a")}) {
+    for (const std::string& from : {"C:\\Scratch\\a\0b\0\0"s, "C:\\Scratch\\a\0C:\\Scratch\\b\0\0"s,
+                                    "C:\\Scratch\\a\0\0\0"s, "C:\\Scratch\\a\0"s, "C:\\Scratch\\a"s}) {
         operation.pFrom = from;
         EXPECT_EQ(services.shell.SHFileOperationA(operation), 123);
     }

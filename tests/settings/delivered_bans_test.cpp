@@ -502,17 +502,15 @@ TEST_F(DeliveredBans, RefuseDroppedPathsToo) {
     EXPECT_EQ(machine.display.boxes.size(), 5U);
 }
 
-// Lines over the border of two blocks too, which only match in capitals.
-TEST_F(DeliveredBans, RefuseEachOfTheirOwnLinesInAnyCase) {
+TEST_F(DeliveredBans, RefuseTheirOwnLinesInAnyCase) {
     const std::string file = OptionsFixture::inFolder("td_ban.dat");
     ASSERT_GT(content.size(), 3 * kBanBlockSize);
-    int number = 0;
-    for (const std::string& line : lines()) {
-        EXPECT_TRUE(FindInFile(machine.program, file, line, kBanBlockSize)) << line;
+    const std::vector<std::string> all = lines();
+    // Each look reads up to the whole file: every eleventh, so that all drives and all kinds of lines have their turn.
+    for (std::size_t number = 0; number < all.size(); number += 11) {
+        EXPECT_TRUE(FindInFile(machine.program, file, all[number], kBanBlockSize)) << all[number];
         // A lower-case needle is put into capitals like the file.
-        if (++number % 50 == 0) {
-            EXPECT_TRUE(FindInFile(machine.program, file, base::lowerCase(line), kBanBlockSize)) << line;
-        }
+        EXPECT_TRUE(FindInFile(machine.program, file, base::lowerCase(all[number]), kBanBlockSize)) << all[number];
     }
 }
 
