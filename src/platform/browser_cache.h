@@ -20,8 +20,8 @@ public:
     // FindFirstUrlCacheEntryA and FindNextUrlCacheEntryA to the end.
     virtual std::vector<UrlCacheEntry> entries() = 0;
     virtual bool DeleteUrlCacheEntry(const std::string& url) = 0;
-    // Around many deletes (see ManyDeletes): they may share one write of each index. When that write fails, entries
-    // whose delete was told done are listed again. Pairs may be nested.
+    // Around many deletes (see ManyDeletes): they may share one write of each index, and some may be done at the end
+    // only. Where that fails, entries whose delete was told done are listed again. Pairs may be nested.
     virtual void beginDeletes() {}
     virtual void endDeletes() {}
     // The history object {3C374A40-BAE4-11CF-BF7D-00AA006946EE}: false when it cannot be made.
