@@ -66,6 +66,12 @@ bool tick(settings::Program& program, const std::string& what, int value, std::s
         return true;
     }
     forms::Control* control = findStoredControl(program, what, error);
+    if (base::equalNoCase(what, app::groupName(tasks::Group::PlugIns))) {
+        error =
+            "The plug-ins have no check box; tick one with --plugin NAME for this run, or with \"plugins --tick\" for "
+            "all later ones.";
+        return false;
+    }
     if (control == nullptr || control->kind != forms::ControlKind::CheckBox) {
         error = "\"" + what + "\" is neither a task's check box nor a group; the command \"tasks\" lists both.";
         return false;

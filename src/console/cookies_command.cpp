@@ -56,7 +56,7 @@ int Cookies::remove() {
     const int before = list.Count();
     (options_.all ? window().mnudeleteall : window().mnudeleteselected).Click();
     const int gone = before - list.Count();
-    session_.out << "Removed " << gone << " of " << wanted << " cookie file(s)." << std::endl;
+    session_.out << "Removed " << gone << " of " << wanted << " cookie files." << std::endl;
     if (gone == wanted) return exit_status::Done;
     std::string left;
     for (const forms::ListItem& cookie : list.items()) {

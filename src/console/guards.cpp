@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "console/split_lines.h"
 #include "platform/common/directory_lookup.h"
 #include "settings/bans.h"
 #include "settings/frmOptions.h"
@@ -59,17 +60,15 @@ std::string whyNotToSearch(settings::Program& program) {
 bool allowsChangedLines(settings::Program& program, forms::Display& display) {
     const auto& options = program.get<settings::frmOptions>();
     const std::array gates{&options.chkActivateOwnFolder, &options.chkActivateOwnFiles, &options.chkSearchTasks};
-    std::string question;
-    for (const settings::SplitLine& line : settings::splitLinesOfLists(program)) {
+    std::vector<settings::SplitLine> lines = settings::splitLinesOfLists(program);
+    std::erase_if(lines, [&](const settings::SplitLine& line) {
         const auto file = std::find(settings::kListFiles.begin(), settings::kListFiles.end(), line.file);
-        if (!gates.at(static_cast<std::size_t>(file - settings::kListFiles.begin()))->ticked()) continue;
-        question += line.file + ": the line \"" + line.line + "\" is read as:\r\n";
-        for (const std::string& item : line.items) question += item + "\r\n";
-    }
-    if (question.empty()) return true;
-    question += "\r\nClean with these entries?";
+        return !gates.at(static_cast<std::size_t>(file - settings::kListFiles.begin()))->ticked();
+    });
+    if (lines.empty()) return true;
     const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
-    return display.MsgBox(question, style, "Tidvane") == forms::msgbox::Yes;
+    return display.MsgBox(tellSplitLines(lines) + "\r\nClean with these entries?", style, "Tidvane") ==
+           forms::msgbox::Yes;
 }
 
 }  // namespace tidvane::console

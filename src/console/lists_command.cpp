@@ -41,6 +41,15 @@ const OwnList& listOf(const std::string& word) {
     return *std::find_if(kLists.begin(), kLists.end(), [&](const OwnList& list) { return word == list.word; });
 }
 
+// Whether the entry stands below one of the roots that own keys may lie under.
+bool isKey(const std::string& entry) {
+    constexpr std::array kRoots{"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE", "HKEY_USERS"};
+    const std::size_t end = entry.find('\\');
+    return end != std::string::npos && std::any_of(kRoots.begin(), kRoots.end(), [&](const char* root) {
+               return base::equalNoCase(entry.substr(0, end), root);
+           });
+}
+
 std::string quoted(const std::string& text) {
     return "\"" + text + "\"";
 }
@@ -57,6 +66,7 @@ private:
     bool add(const std::string& text);
     bool remove(const std::string& text);
     int change();
+    void warnOfIdleEntries();
     // Asks where lines of the file come back as other entries than they read, and these would be its lines from now on.
     // False: no.
     bool mayRewrite(const settings::ListItems& stored);
@@ -140,6 +150,18 @@ bool Lists::mayRewrite(const settings::ListItems& stored) {
                "Tidvane") == forms::msgbox::Yes;
 }
 
+// The window takes them; a run passes them over.
+void Lists::warnOfIdleEntries() {
+    const bool files = list_->rows == &frmOptions::lstFiles;
+    if (!files && list_->rows != &frmOptions::lstFolders) return;
+    for (const std::string& text : options_.texts) {
+        if (base::isAbsolutePath(text) || (files && isKey(text))) continue;
+        tool_.display().warn(quoted(text) + " is not a full path with a drive or a share" +
+                             (files ? ", nor a key from its root's full name on (\"HKEY_CURRENT_USER\\...\")" : "") +
+                             "; a run does nothing with it.");
+    }
+}
+
 int Lists::change() {
     settings::Program& program = tool_.program();
     const std::string file = program.inProgramFolder(list_->file);
@@ -171,6 +193,7 @@ int Lists::change() {
         return exit_status::MachineUnusable;
     }
     for (const std::string& text : options_.texts) session_.out << (adds ? "Added: " : "Removed: ") << text << "\n";
+    if (adds) warnOfIdleEntries();
     if (adds && !wasActive) {
         session_.out << "A run passes this list over as long as its step is off; switch it on with --tick "
                      << (window().*list_->active).Name << ".\n";

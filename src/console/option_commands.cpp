@@ -1,5 +1,7 @@
 #include "console/option_commands.h"
 
+#include <algorithm>
+
 namespace tidvane::console {
 
 namespace {
@@ -14,7 +16,7 @@ void addMethod(CLI::App* command, Options& options) {
                 }
             },
             "How files are removed")
-        ->check(CLI::IsMember(std::vector<std::string>(kMethods.begin(), kMethods.end())))
+        ->check(oneOf({kMethods.begin(), kMethods.end()}))
         ->type_name("plain|recycle|overwrite");
 }
 
@@ -57,12 +59,22 @@ CLI::Validator notEmpty() {
             ""};
 }
 
+CLI::Validator oneOf(const std::vector<std::string>& words) {
+    return {[words](const std::string& word) {
+                if (std::find(words.begin(), words.end(), word) != words.end()) return std::string();
+                std::string choices;
+                for (const std::string& each : words) choices += (choices.empty() ? "" : ", ") + each;
+                return "\"" + word + "\" is none of: " + choices + ".";
+            },
+            ""};
+}
+
 void addAnswer(CLI::App* command, Options& options) {
     command
         ->add_option_function<std::string>(
             "--answer", [&options](const std::string& word) { options.answerYes = word == "yes"; },
             "Answer to every question (no if not given)")
-        ->check(CLI::IsMember({"yes", "no"}))
+        ->check(oneOf({"yes", "no"}))
         ->type_name("yes|no");
 }
 

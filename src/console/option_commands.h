@@ -11,6 +11,7 @@
 namespace tidvane::console {
 
 inline constexpr const char* kStatusFooter =
+    "--machine DIR and --program DIR may stand behind the command too.\n"
     "Exit status: 0 done, 2 usage, 3 stopped, 4 the machine cannot be used, or something could not be removed or "
     "stored.";
 
@@ -38,6 +39,9 @@ CLI::Option* addRepeated(CLI::App* command, const char* name, std::vector<std::s
 
 // Of a path. An empty one is never taken for "not given": most likely a variable of a script is not set.
 CLI::Validator notEmpty();
+
+// One of these words; the help names them once, by the type.
+CLI::Validator oneOf(const std::vector<std::string>& words);
 
 // The answer that is given to every question.
 void addAnswer(CLI::App* command, Options& options);

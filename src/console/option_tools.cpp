@@ -13,7 +13,7 @@ void addListAction(CLI::App* lists, Options& options, ListsAction action, const 
         options.lists.action = action;
     });
     CLI::Option* list = command->add_option("LIST", options.lists.list, "folders, files (registry keys too) or masks")
-                            ->check(CLI::IsMember(kLists))
+                            ->check(oneOf(kLists))
                             ->type_name("");
     if (action == ListsAction::Show) return;
     list->required();

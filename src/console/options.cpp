@@ -8,7 +8,8 @@ namespace {
 
 constexpr const char* kWordsFooter =
     "CONTROL is window.control (frmOptions.txtPurgeSpeed), or the control's name alone where only one window has it.\n"
-    "GROUP is windows, ie, firefox, opera, chrome, safari, office, custom or search; NAME is a check box's name.\n";
+    "GROUP is windows, ie, firefox, opera, chrome, safari, office, custom or search; NAME is a check box's name.\n"
+    "A group that ticks chkIEINDepthCleanAll asks about it, since that clears all of Internet Explorer.\n";
 
 struct Misuse {
     bool is;
@@ -31,6 +32,17 @@ const char* misuseOf(const Options& options) {
         if (misuse.is) return misuse.sentence;
     }
     return nullptr;
+}
+
+// Empty: the words of the command line are none the less the problem. Where a command is missing and another word
+// stands in its place, that word is what its user has to hear of.
+std::string unknownCommand(const CLI::App& app, const CLI::ParseError& problem) {
+    if (dynamic_cast<const CLI::RequiredError*>(&problem) == nullptr) return {};
+    const CLI::App* command = &app;
+    while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
+    if (command->get_require_subcommand_min() == 0) return {};
+    const std::vector<std::string> words = app.remaining(true);
+    return words.empty() || words.front().starts_with('-') ? std::string() : words.front();
 }
 
 }  // namespace
@@ -62,6 +74,10 @@ std::optional<int> parseOptions(int count, const char* const* arguments, const s
     try {
         app.parse(count, arguments);
     } catch (const CLI::ParseError& problem) {
+        if (const std::string word = unknownCommand(app, problem); !word.empty()) {
+            err << "There is no command \"" << word << "\"; --help lists those that there are." << std::endl;
+            return exit_status::Usage;
+        }
         const int status = app.exit(problem, out, err);
         return status == 0 ? exit_status::Done : exit_status::Usage;
     }

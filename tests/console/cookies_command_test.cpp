@@ -43,7 +43,7 @@ TEST_F(CookiesCommand, ListsTheFilesOfTheFolder) {
 
 TEST_F(CookiesCommand, RemovesTheNamedOnesInAnyCase) {
     EXPECT_EQ(cookies({true, {"ANNA@one.txt"}, false, false}), exit_status::Done) << machine.messages();
-    EXPECT_EQ(machine.log(), "Removed 1 of 1 cookie file(s).\n");
+    EXPECT_EQ(machine.log(), "Removed 1 of 1 cookie files.\n");
     EXPECT_FALSE(machine.memory.files.has(path("anna@one.txt")));
     EXPECT_TRUE(machine.memory.files.has(path("anna@two.txt")));
     EXPECT_TRUE(machine.memory.files.has(path("index.dat"))) << "the row that the load marks";
@@ -51,7 +51,7 @@ TEST_F(CookiesCommand, RemovesTheNamedOnesInAnyCase) {
 
 TEST_F(CookiesCommand, RemovesAll) {
     EXPECT_EQ(cookies({true, {}, true, false}), exit_status::Done);
-    EXPECT_EQ(machine.log(), "Removed 3 of 3 cookie file(s).\n");
+    EXPECT_EQ(machine.log(), "Removed 3 of 3 cookie files.\n");
     EXPECT_EQ(cookies({}), exit_status::Done);
     EXPECT_EQ(machine.log(), "");
 }
@@ -67,7 +67,7 @@ TEST_F(CookiesCommand, RemovesNothingWhereOneNameIsUnknown) {
 TEST_F(CookiesCommand, TellsWhatStays) {
     machine.memory.files.lock(path("anna@two.txt"));
     EXPECT_EQ(cookies({true, {}, true, false}), exit_status::MachineUnusable);
-    EXPECT_EQ(machine.log(), "Removed 2 of 3 cookie file(s).\n");
+    EXPECT_EQ(machine.log(), "Removed 2 of 3 cookie files.\n");
     EXPECT_EQ(machine.messages(), "Not removed, since they are in use or protected: anna@two.txt.\n");
 }
 

@@ -68,6 +68,27 @@ TEST_F(ListsCommand, SaysWhichStepTheListWaitsFor) {
     EXPECT_FALSE(contains(machine.log(), "--tick"));
 }
 
+TEST_F(ListsCommand, WarnsOfEntriesThatARunPassesOver) {
+    EXPECT_EQ(add("folders", {"relative", "D:\\Old", "%TEMP%"}), exit_status::Done);
+    EXPECT_TRUE(
+        contains(machine.messages(), "Warning: \"relative\" is not a full path with a drive or a share; a run"));
+    EXPECT_TRUE(contains(machine.messages(), "\"%TEMP%\" is not a full path"));
+    EXPECT_FALSE(contains(machine.messages(), "D:\\Old"));
+    EXPECT_EQ(file("td_folders.dat"), "relative\r\nD:\\Old\r\n%TEMP%\r\n") << "added all the same, as the window does";
+    EXPECT_EQ(
+        add("files", {"HKCU\\Software\\X", "HKEY_CURRENT_CONFIG\\X\\Y", "hkey_users\\X\\Y\\Z", "\\\\server\\share\\a"}),
+        exit_status::Done);
+    EXPECT_TRUE(
+        contains(machine.messages(), "\"HKCU\\Software\\X\" is not a full path with a drive or a share, nor a key"));
+    EXPECT_TRUE(contains(machine.messages(), "\"HKEY_CURRENT_CONFIG\\X\\Y\" is not"));
+    EXPECT_FALSE(contains(machine.messages(), "hkey_users"));
+    EXPECT_FALSE(contains(machine.messages(), "server"));
+    EXPECT_EQ(add("masks", {"*.tmp"}), exit_status::Done);
+    EXPECT_EQ(machine.messages(), "");
+    EXPECT_EQ(remove("folders", {"relative"}), exit_status::Done);
+    EXPECT_EQ(machine.messages(), "");
+}
+
 TEST_F(ListsCommand, ShowsTheBanAsTheWindowDoesAndChangesNothing) {
     EXPECT_EQ(add("folders", {"D:\\Old", "C:\\Windows", "D:\\Older"}), exit_status::Usage);
     EXPECT_TRUE(contains(machine.messages(),

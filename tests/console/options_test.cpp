@@ -90,6 +90,29 @@ TEST(ConsoleOptions, AnswerWrongUseWithStatus2OnTheErrorStream) {
     }
 }
 
+TEST(ConsoleOptions, NameTheCommandThatDoesNotExist) {
+    EXPECT_EQ(parse({"frobnicate", "--save"}).err,
+              "There is no command \"frobnicate\"; --help lists those that there are.\n");
+    EXPECT_EQ(parse({"lists", "replace", "folders"}).err,
+              "There is no command \"replace\"; --help lists those that there are.\n");
+    for (const std::vector<const char*>& missing : {std::vector<const char*>{}, {"lists"}, {"--nonsense"}}) {
+        const Parsed parsed = parse(missing);
+        EXPECT_EQ(parsed.status, exit_status::Usage);
+        EXPECT_NE(parsed.err.find("A subcommand is required"), std::string::npos) << parsed.err;
+    }
+    EXPECT_NE(parse({"search", "--in", "C:\\"}).err.find("MASK is required"), std::string::npos);
+}
+
+TEST(ConsoleOptions, SayTheWordsOfAnOptionOnceInTheHelpAndInTheRefusal) {
+    EXPECT_NE(parse({"run", "--help"}).out.find("--method plain|recycle|overwrite\n"), std::string::npos)
+        << parse({"run", "--help"}).out;
+    EXPECT_NE(parse({"run", "--method", "shred"}).err.find("\"shred\" is none of: plain, recycle, overwrite."),
+              std::string::npos);
+    EXPECT_NE(parse({"run", "--answer", "maybe"}).err.find("\"maybe\" is none of: yes, no."), std::string::npos);
+    EXPECT_NE(parse({"lists", "show", "folder"}).err.find("\"folder\" is none of: folders, files, masks."),
+              std::string::npos);
+}
+
 TEST(ConsoleOptions, RefuseAnEmptyPathWithASentence) {
     for (const std::vector<const char*>& arguments :
          std::vector<std::vector<const char*>>{{"run", "--machine", ""},

@@ -224,6 +224,13 @@ TEST_F(SettingsPath, TickRefusesWhatIsNeitherABoxNorAGroup) {
     }
 }
 
+TEST_F(SettingsPath, TickTellsWherePlugInsAreTicked) {
+    Options options;
+    options.tick = {"plugins"};
+    EXPECT_FALSE(apply(options));
+    EXPECT_TRUE(tests::contains(error, "--plugin NAME")) << error;
+}
+
 TEST_F(SettingsPath, TickingAMasterBoxTicksItsPage) {
     Options options;
     options.tick = {"chkWindowsTasks(0)"};
