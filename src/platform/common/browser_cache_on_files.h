@@ -29,7 +29,7 @@ namespace tidvane::platform {
 class BrowserCacheOnFiles final : public BrowserCache {
 public:
     // Room for what any browser makes; a hostile machine could have thousands of indexes of 16 MB.
-    static constexpr std::size_t usualBound = 32U * 1024 * 1024;
+    static constexpr std::size_t usualBound = std::size_t{32} * 1024 * 1024;
 
     // `bound`: bytes of index files that a batch of deletes keeps in memory. Read, an index takes some times of that.
     BrowserCacheOnFiles(FileSystem& files, Shell& shell, RegistryApi& registry, const base::CodePage& page,
