@@ -17,6 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const char* kNoHome = "/dev/null/home";   // which not even a superuser can make
 constexpr auto kLongest = std::chrono::minutes(4);  // the first start of a prefix, on a busy machine
 
 ProcessOptions wineOptions(const std::string& prefix) {
@@ -24,8 +25,8 @@ ProcessOptions wineOptions(const std::string& prefix) {
     // No debug output, no questions for what is not installed, no menu entries on the host, and no screen.
     options.environment = {"WINEPREFIX=" + prefix, "WINEDEBUG=-all",
                            "WINEDLLOVERRIDES=mscoree,mshtml=,winemenubuilder.exe=d", "WINEARCH=win64",
-                           // A home would get links to it in place of the folders of the user.
-                           "HOME=/nonexistent"};
+                           // Links to a home would stand in the place of the folders of the user.
+                           "HOME=" + std::string(kNoHome)};
     options.limit = kLongest;
     return options;
 }
@@ -46,7 +47,7 @@ fs::path buildDirectory() {
 
 // Another version of Wine makes another prefix.
 std::string versionName() {
-    const ProcessResult result = runProcess({"wine", "--version"}, wineOptions("/nonexistent/prefix"));
+    const ProcessResult result = runProcess({"wine", "--version"}, wineOptions(std::string(kNoHome) + "/prefix"));
     require(result, "wine --version");
     std::string name;
     for (const char c : result.out) {
@@ -57,7 +58,7 @@ std::string versionName() {
 
 // Made by one test program at a time; the others wait for it.
 std::string madePrefix() {
-    std::string place = (buildDirectory() / ("prefix-" + versionName())).string();
+    std::string place = (buildDirectory() / ("wine-" + versionName())).string();
     const int lock = ::open((place + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
     if (lock < 0 || ::flock(lock, LOCK_EX) != 0) throw std::runtime_error(place + ".lock cannot be locked");
     if (!fs::exists(place)) {

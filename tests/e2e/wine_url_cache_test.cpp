@@ -51,9 +51,8 @@ class WineUrlCacheTest : public testing::Test {
 protected:
     void SetUp() override {
         if (WinePrefix::isDispensed()) GTEST_SKIP() << "TIDVANE_NO_WINE=1: no Windows system was cleaned";
-        if (runProcess({"sh", "-c", std::string("command -v ") + kCompiler}).status != 0) {
-            GTEST_SKIP() << kCompiler << " is not installed: nothing can be cached through Wine";
-        }
+        ASSERT_EQ(runProcess({"sh", "-c", std::string("command -v ") + kCompiler}).status, 0)
+            << kCompiler << " is not installed: nothing can be cached through Wine";
         prefix_ = std::make_unique<WinePrefix>();
         const ProcessResult compiled = runProcess({kCompiler, "-Wall", "-Wextra", "-O1",
                                                    std::string(TIDVANE_SOURCE_DIR) + "/tests/e2e/url_cache_tool.c",

@@ -13,8 +13,10 @@ namespace tidvane::tests {
 
 namespace fs = std::filesystem;
 
-HostDirectory::HostDirectory() {
-    std::string pattern = (fs::temp_directory_path() / "tidvane-test-XXXXXX").string();
+HostDirectory::HostDirectory() : HostDirectory(fs::temp_directory_path().string()) {}
+
+HostDirectory::HostDirectory(const std::string& parent) {
+    std::string pattern = (fs::path(parent) / "tidvane-test-XXXXXX").string();
     if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary directory");
     ::chmod(pattern.c_str(), 0755);  // tests that give up their rights still have to get in
     path_ = pattern;

@@ -8,6 +8,8 @@ namespace tidvane::tests {
 class HostDirectory {
 public:
     HostDirectory();
+    // In `parent`, where the usual place for temporary files will not do.
+    explicit HostDirectory(const std::string& parent);
     ~HostDirectory();
     HostDirectory(const HostDirectory&) = delete;
     HostDirectory& operator=(const HostDirectory&) = delete;
