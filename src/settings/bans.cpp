@@ -24,6 +24,18 @@ constexpr std::array<std::pair<std::string_view, platform::HKey>, 7> kHives{{
     {"HKEY_DYN_DATA", 0x80000006U},
 }};
 
+// At most `limit` bytes, so that nobody waits for a file that cannot be a list of places.
+bool readBans(Program& program, const std::string& file, std::uint64_t limit, std::string& bytes) {
+    if (!platform::ok(program.platform.files.ReadFileBytes(file, bytes, limit + 1))) return false;
+    if (bytes.size() <= limit) return true;
+    bytes.resize(static_cast<std::size_t>(limit));
+    if (program.tellOnce(file + " is too long")) {
+        program.display.warn(file + " is longer than " + std::to_string(limit) +
+                             " bytes: what stands behind these is not read, and its places are not refused.");
+    }
+    return true;
+}
+
 // What the system makes of a name: without the blanks and dots behind it. Of "." and the like nothing is left.
 std::string withoutDroppedEnd(const std::string& name) {
     return name.substr(0, name.find_last_not_of(". ") + 1);
@@ -31,9 +43,10 @@ std::string withoutDroppedEnd(const std::string& name) {
 
 }  // namespace
 
-bool FindInFile(Program& program, const std::string& file, const std::string& text, std::size_t blockSize) {
+bool FindInFile(Program& program, const std::string& file, const std::string& text, std::size_t blockSize,
+                std::uint64_t limit) {
     std::string bytes;
-    if (blockSize == 0 || !platform::ok(program.platform.files.ReadFileBytes(file, bytes))) return false;
+    if (blockSize == 0 || !readBans(program, file, limit, bytes)) return false;
 
     const std::string needle = base::upperCase(base::trimBlanks(text));
     const std::string needleAtLineEnd = needle + std::string(kLineEnd);

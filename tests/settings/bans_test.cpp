@@ -51,6 +51,16 @@ TEST_F(FindInFileTest, RefusesAnyStartOfTheFirstLineOnly) {
     EXPECT_FALSE(find("C:\\WINDOWS\r\nD:\\DATA\r\n", "D:\\DA"));
 }
 
+TEST_F(FindInFileTest, RefusesNoStartOfALaterBlock) {
+    // Blocks of 6: "ABCD\r\n" and "EFGH\r\n". Nothing is carried into the second one.
+    EXPECT_TRUE(find("ABCD\r\nEFGH\r\n", "AB", 6));
+    EXPECT_FALSE(find("ABCD\r\nEFGH\r\n", "EF", 6));
+    EXPECT_FALSE(find("ABCD\r\nEFGH\r\n", "EFG", 6));
+    EXPECT_TRUE(find("ABCD\r\nEFGH\r\n", "EFGH", 6)) << "a whole line";
+    // Nor what is carried: "ABCD\r\nE" and "FGH\r\n".
+    EXPECT_FALSE(find("ABCD\r\nEFGH\r\n", "EF", 7));
+}
+
 TEST_F(FindInFileTest, NeedsTheLineEndOfTheLastLine) {
     EXPECT_FALSE(find("x\r\nC:\\WINDOWS", "C:\\WINDOWS"));
     EXPECT_TRUE(find("C:\\WINDOWS", "C:\\WINDOWS"));
@@ -94,6 +104,27 @@ TEST_F(FindInFileTest, ForgetsWhatStoodBeforeABlockWithoutALineEnd) {
 TEST_F(FindInFileTest, FindsALineEndThatStraddlesTwoBlocks) {
     EXPECT_TRUE(find("A\r\nB\r\n", "b", 5) && find("A\r\nB\r\n", "B", 5));
     EXPECT_TRUE(find("A\r\nBB\r\n", "BB", 6));
+}
+
+TEST_F(FindInFileTest, SearchesAFileUpToTheLimitAndWarnsOnceOfTheRest) {
+    const auto upTo = [this](std::uint64_t limit, const std::string& text) {
+        return FindInFile(machine.program, kFile, text, kBanBlockSize, limit);
+    };
+    machine.files().putFile(kFile, "AA\r\nBB\r\nCC\r\n");
+    EXPECT_TRUE(upTo(12, "CC")) << "as long as the limit is not too long";
+    EXPECT_TRUE(machine.display.warnings.empty());
+    EXPECT_TRUE(upTo(8, "BB"));
+    EXPECT_FALSE(upTo(8, "CC"));
+    EXPECT_FALSE(upTo(7, "BB")) << "a line that the limit cuts";
+    EXPECT_EQ(machine.display.warnings,
+              std::vector<std::string>{"C:\\td_ban.dat is longer than 8 bytes: what stands behind these is not read, "
+                                       "and its places are not refused."});
+}
+
+TEST_F(FindInFileTest, ReadsNoMoreOfAFileWithoutEndThanItsLimit) {
+    machine.files().putFileOfLength(kFile, 3'000'000'000'000);
+    EXPECT_FALSE(FindInFile(machine.program, kFile, "C:\\Data", kBanBlockSize));
+    EXPECT_EQ(machine.display.warnings.size(), 1U);
 }
 
 TEST(PlainSpelling, IsWhatTheSystemReads) {
