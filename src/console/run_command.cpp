@@ -170,9 +170,7 @@ int Run::rehearse() {
 
 // Ticks them for this run; the program reads the stored ticks anew at its next start.
 void Run::tickPlugIns() {
-    std::vector<std::string> rows;
-    rows.reserve(static_cast<std::size_t>(main_->LstPlugs.ListCount()));
-    for (int row = 0; row < main_->LstPlugs.ListCount(); ++row) rows.push_back(main_->LstPlugs.List(row));
+    const std::vector<std::string> rows = main_->LstPlugs.rows();
     for (const std::string& name : options_.plugins) {
         if (const std::string* found = findName(rows, name)) {
             main_->LstPlugs.setSelected(static_cast<int>(found - rows.data()), true);
