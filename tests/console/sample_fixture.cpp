@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "base/text.h"
 #include "console/sample_machine.h"
@@ -23,9 +22,11 @@ std::string contentOf(const fs::path& path) {
     const fs::file_status status = fs::symlink_status(path);
     if (fs::is_symlink(status)) return "link to " + fs::read_symlink(path).string();
     if (fs::is_directory(status)) return "folder";
-    if (fs::file_size(path) > kLargestRead) return std::to_string(fs::file_size(path)) + " bytes";
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    const std::uintmax_t length = fs::file_size(path);
+    if (length > kLargestRead) return std::to_string(length) + " bytes";
+    std::string content(static_cast<std::size_t>(length), '\0');
+    std::ifstream(path, std::ios::binary).read(content.data(), static_cast<std::streamsize>(length));
+    return content;
 }
 
 void addKeys(const platform::RegistryKeyPtr& key, const std::string& path, SampleState& state) {

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
-#include <nlohmann/json.hpp>
 
 #include "console_process.h"
 
@@ -51,7 +50,6 @@ protected:
         for (const std::string& line : lines) all += line + "\n";
         return all;
     }
-    nlohmann::json json(const std::string& name) const { return nlohmann::json::parse(console.home().content(name)); }
 
     tests::ConsoleProcess console;
 };
@@ -67,37 +65,6 @@ TEST_F(ToolsProgram, APreviewChangesNothingAtAll) {
         EXPECT_EQ(ended.status, 0) << ended.err;
         EXPECT_TRUE(ended.out.ends_with("This was a preview: nothing was removed, and nothing was stored.\n"));
         EXPECT_EQ(everything(), before);
-    }
-}
-
-TEST_F(ToolsProgram, APreviewSaysWhatTheRunThenDoes) {
-    for (const char* method : {"recycle", "plain"}) {
-        const std::vector<std::string> words{
-            "--method", method, "--tick", "all", "--untick", "chkTrash", "--plugin", "Windows crash dumps", "--json"};
-        std::vector<std::string> preview{"run", "--preview", "--details"};
-        std::vector<std::string> clean{"run"};
-        for (std::vector<std::string>* command : {&preview, &clean}) {
-            command->insert(command->end(), words.begin(), words.end());
-        }
-        preview.push_back(console.home() / "p.json");
-        clean.push_back(console.home() / "r.json");
-        ASSERT_EQ(run(preview).status, 0);
-        ASSERT_EQ(run(clean).status, 0);
-        const nlohmann::json before = json("p.json");
-        const nlohmann::json after = json("r.json");
-        for (std::size_t at = 0; at < 62; ++at) {
-            for (const char* field : {"status", "icon", "files", "folders", "keys", "values", "bytes", "failed"}) {
-                EXPECT_EQ(before["steps"][at][field], after["steps"][at][field]) << method << at + 1 << " " << field;
-            }
-            const nlohmann::json& step = before["steps"][at];
-            EXPECT_EQ(step["entries"].size(), step["files"].get<std::size_t>() + step["folders"].get<std::size_t>() +
-                                                  step["keys"].get<std::size_t>() + step["values"].get<std::size_t>())
-                << at + 1;
-        }
-        EXPECT_EQ(before["total"], after["total"]);
-        if (std::string(method) == "recycle") {
-            EXPECT_GT(after["total"]["files"], 20);
-        }
     }
 }
 
