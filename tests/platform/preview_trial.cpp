@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -36,10 +35,23 @@ const char* kindName(platform::EntryKind kind) {
     return "";
 }
 
-// The names in a bin are made by chance.
+bool isChance(char sign) {
+    return (sign >= 'A' && sign <= 'Z') || (sign >= '0' && sign <= '9');
+}
+
+// The names in a bin are made by chance: "$R" or "$I" and six signs.
 std::string withoutChance(const std::string& path) {
-    static const std::regex kUnit(R"(\$([RI])[A-Z0-9]{6})");
-    return std::regex_replace(path, kUnit, "$$$1");
+    std::string plain;
+    for (std::size_t at = 0; at < path.size(); ++at) {
+        plain += path[at];
+        const bool isUnit = path[at] == '$' && at + 8 <= path.size() && (path[at + 1] == 'R' || path[at + 1] == 'I') &&
+                            std::all_of(path.begin() + static_cast<std::ptrdiff_t>(at) + 2,
+                                        path.begin() + static_cast<std::ptrdiff_t>(at) + 8, isChance);
+        if (!isUnit) continue;
+        plain += path[at + 1];
+        at += 7;
+    }
+    return plain;
 }
 
 std::string textOf(const platform::RemovalTotals& totals) {
