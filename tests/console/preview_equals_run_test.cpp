@@ -111,6 +111,8 @@ protected:
     Contents contents() {
         SampleState all = state();
         platform.reset();  // it holds the machine
+        // The registry of those without an account of their own: as text, since no step reaches it.
+        all["userdef.reg"] = here.content("machine/userdef.reg");
         const std::string folder = here / "program";
         for (const fs::path& path : tests::entriesBelow(folder)) {
             const std::string below = path.string().substr(folder.size() + 1);
