@@ -60,8 +60,7 @@ void removeFolder(settings::Program& program, const std::string& folder) {
     const int method = program.selectedKillMethod();
     if (method < 0) return;
     if (hasEmptyLastPart(folder)) {
-        // Refused like the others, and told once.
-        removal::KillFile(program.platform, folder, removal::KillPlain, false);
+        program.display.warn("\"" + folder + "\" ends in a backslash: it was emptied, and the folder itself stays.");
         return;
     }
     removal::KillFile(program.platform, folder, method, false);

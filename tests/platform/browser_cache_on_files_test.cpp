@@ -381,6 +381,19 @@ TEST_F(BrowserCacheOnFilesTest, AnIndexBeyondTheBoundThatCannotBeWrittenIsListed
     EXPECT_FALSE(small.DeleteUrlCacheEntry("http://two/"));
 }
 
+TEST_F(BrowserCacheOnFilesTest, AnIndexBeyondTheBoundThatIsGoneAtTheEndIsNoSuccess) {
+    BrowserCacheOnFiles small = cacheWithBound(1);
+    const std::string index = kPages + "\\index.dat";
+    int reads = 0;
+    for (unsigned n = 1; n <= 20; ++n) {
+        machine.files.before(index, n, [&] {
+            if (++reads > 1) machine.files.refuse(index, operation::Read, Status::InUse);
+        });
+    }
+    EXPECT_FALSE(small.DeleteUrlCacheEntry("http://two/"));
+    EXPECT_GT(reads, 1);
+}
+
 TEST_F(BrowserCacheOnFilesTest, AFileOfAnIndexBeyondTheBoundThatStaysKeepsItsEntry) {
     BrowserCacheOnFiles small = cacheWithBound(1);
     machine.files.lock(kPages + "\\BBBBBBBB\\two[1].htm");

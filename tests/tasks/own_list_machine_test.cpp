@@ -190,9 +190,26 @@ TEST_F(ListsOnAMachine, MasksThatLeaveNoNameOutKeepAProtectedPlaceWhole) {
     EXPECT_FALSE(hasOnDrive("Windows/a.tmp"));
 }
 
+TEST_F(ListsOnAMachine, AFolderWithABackslashBehindItIsEmptiedAndSaidToStay) {
+    lists().optDeleteFolder.setValue(-1);
+    fill(lists().lstFolders, {"C:\\Data\\Old\\"});
+    for (int method = 0; method < 3; ++method) {
+        onDrive("Data/Old/a.txt");
+        lists().cboKillMethod.setListIndex(method);
+        warnings.clear();
+        display.warnings.clear();
+        run(kFolders);
+        EXPECT_FALSE(hasOnDrive("Data/Old/a.txt")) << method;
+        EXPECT_TRUE(hasOnDrive("Data/Old")) << method;
+        const std::vector<std::string> told{
+            "\"C:\\Data\\Old\\\" ends in a backslash: it was emptied, and the folder itself stays."};
+        EXPECT_EQ(display.warnings, told) << method;
+        EXPECT_EQ(warnings, Lines{}) << method;
+    }
+}
+
 TEST_F(ListsOnAMachine, ARefusedFolderIsToldOnceARun) {
-    onDrive("Data/Old/a.txt");
-    for (const char* entry : {"C:\\Windows", "relative", "", "C:\\Data\\Old\\"}) {
+    for (const char* entry : {"C:\\Windows", "relative", ""}) {
         fill(lists().lstFolders, {entry});
         for (int method = 0; method < 3; ++method) {
             lists().cboKillMethod.setListIndex(method);

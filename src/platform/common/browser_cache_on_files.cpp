@@ -137,6 +137,7 @@ std::string BrowserCacheOnFiles::indexFile(const Container& container) {
 }
 
 void BrowserCacheOnFiles::read(Container& container) const {
+    container.index.reset();
     std::string bytes;
     // One byte more than an index can have: a longer file is none.
     if (!ok(files_.ReadFileBytes(indexFile(container), bytes, url_cache::kLargestFile + 1))) return;
@@ -260,7 +261,7 @@ bool BrowserCacheOnFiles::leaveForEnd(const std::string& address) {
 }
 
 bool BrowserCacheOnFiles::deleteAtEnd(Container& container) {
-    if (!container.index) return true;
+    if (!container.index) return false;  // it could be read before, and its deletes were told done
     const std::vector<UrlCacheIndex::Record>& all = container.index->records();
     std::vector<std::size_t> records;
     for (std::size_t i = 0; i < all.size(); ++i) {

@@ -70,7 +70,7 @@ Status PreviewFileSystem::MeasureFolder(const std::string& folder, FolderTotals&
     if (spot.node != nullptr && !spot.node->isFolder()) return Status::Denied;
     measured_ = {};
     RehearsedTree tree;
-    if (spot.below.empty()) {
+    if (spot.node != nullptr && spot.below.empty()) {
         for (const auto& [name, child] : spot.node->nodes()) PreviewMeasure::addOwn(*this, *child, tree);
         if (!tree.measurable) return Status::Denied;
         totals = tree.measured;
