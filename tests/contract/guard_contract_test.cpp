@@ -96,6 +96,17 @@ TEST_P(GuardContract, ProtectedPlacesAreNotRemoved) {
     EXPECT_EQ(machine->warnings().size(), 3 * protectedSpellings(services).size());
 }
 
+TEST_P(GuardContract, AFileWhereEveryFolderIsAProtectedPlaceGoesToTheBin) {
+    machine->putFile("C:\\Users\\desktop.ini", "1");
+    machine->putFile("C:\\Users\\Somebody\\keep.txt", "1");
+    EXPECT_NE(recycle(services.shell, "C:\\Users\\desktop.ini\\"), 0);
+    EXPECT_TRUE(machine->has("C:\\Users\\desktop.ini"));
+    EXPECT_EQ(recycle(services.shell, "C:\\Users\\desktop.ini"), 0);
+    EXPECT_FALSE(machine->has("C:\\Users\\desktop.ini"));
+    EXPECT_EQ(recycle(services.shell, "C:\\Users\\Somebody"), 5);
+    EXPECT_TRUE(machine->has("C:\\Users\\Somebody\\keep.txt"));
+}
+
 TEST_P(GuardContract, MasksThatMatchAProtectedPlaceRemoveNothing) {
     machine->putFile("C:\\Scratch\\keep.txt", "1");
     for (const char* mask : {"C:\\*", "C:\\*.*", "C:\\Win*", "C:\\?indows", "C:\\Users\\*", "C:\\Windows\\S*"}) {

@@ -78,4 +78,13 @@ Status Guard::checkTree(const std::string& path, bool trailingBackslash) {
     return Status::Ok;
 }
 
+Status Guard::checkEntry(const std::string& path) {
+    WindowsPath parsed;
+    unsigned attributes = 0;
+    const bool isPlainFile = ok(parseWindowsPath(path, parsed)) && places_.isProtected(parsed) &&
+                             ok(files_.GetAttributes(path, attributes)) &&
+                             (attributes & (attribute::Directory | attribute::ReparsePoint)) == 0;
+    return isPlainFile ? checkSingle(path) : checkTree(path, false);
+}
+
 }  // namespace tidvane::platform

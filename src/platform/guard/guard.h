@@ -28,6 +28,10 @@ public:
     // `trailingBackslash` one at the end is left to the operation.
     Status checkTree(const std::string& path, bool trailingBackslash);
 
+    // For an operation that takes a file or a folder with all below, whichever is there: a file is nobody's place, also
+    // where every folder would be one ("C:\Users\desktop.ini").
+    Status checkEntry(const std::string& path);
+
 private:
     Status refuseName(const std::string& path, Status status);
 

@@ -21,7 +21,7 @@ int GuardedShell::SHFileOperationA(const ShFileOp& operation) {
     // among them.
     const std::string last = from.substr(from.find_last_of("\\/") + 1);
     const bool someFiles = base::hasWildcard(last) && !base::Wildcard(last).matchesEveryName();
-    const Status allowed = someFiles ? guard_.checkSingle(from) : guard_.checkTree(from, false);
+    const Status allowed = someFiles ? guard_.checkSingle(from) : guard_.checkEntry(from);
     if (allowed == Status::PathNotFound) return static_cast<int>(Status::InvalidName);
     return ok(allowed) ? shell_.SHFileOperationA(operation) : static_cast<int>(allowed);
 }
