@@ -87,6 +87,49 @@ TEST_F(RegistryInTreeTest, CurrentConfigIsReachedOverTheLinksOfTheSystem) {
     EXPECT_TRUE(has("System\\CurrentControlSet\\Hardware Profiles\\Current", HKEY_LOCAL_MACHINE_));
 }
 
+TEST_F(RegistryInTreeTest, NothingIsDeletedWhereTheLinksOfCurrentConfigLeadOutOfTheProfiles) {
+    const std::string place = "Machine\\System\\CurrentControlSet\\Hardware Profiles\\Current";
+    for (const std::string target :
+         {"Machine\\Software", "Machine", "Machine\\System", "Machine\\System\\ControlSet001",
+          "Machine\\System\\ControlSet001\\Hardware Profiles", "Machine\\System\\ControlSet001\\Services\\0001",
+          "Machine\\System\\ControlSet001\\Hardware Profiles\\0001\\System", "Machine\\System\\Hardware Profiles\\0001",
+          "Machine\\System\\Other\\Hardware Profiles\\0001",
+          "Machine\\Software\\ControlSet001\\Hardware Profiles\\0001",
+          "User\\S-1-5-21-0-0-0-1000\\System\\ControlSet001\\Hardware Profiles\\0001", "User"}) {
+        const RegistryKeyPtr victim = tree.make(target + "\\Victim");
+        victim->setText("Value", "data");
+        tree.make(target + "\\Victim\\Leaf");
+        makeLink(place, "\\Registry\\" + target);
+        RegistryTree rehearsed{tree.copy()};
+        RemovalCounter wouldGo;
+        RegistryInTree preview{rehearsed, wouldGo};
+        for (RegistryInTree* const each : {&registry, &preview}) {
+            RemovalCounter& counter = each == &registry ? removed : wouldGo;
+            counter = {};
+            HKey key = 0;
+            ASSERT_EQ(each->RegOpenKeyExA(HKEY_CURRENT_CONFIG_, "Victim", kKeyAllAccess, key), 0) << target;
+            EXPECT_EQ(each->RegDeleteKeyA(HKEY_CURRENT_CONFIG_, "Victim\\Leaf"), 5) << target;
+            EXPECT_EQ(each->SHDeleteKeyA(HKEY_CURRENT_CONFIG_, "Victim"), 5) << target;
+            EXPECT_EQ(each->SHDeleteKeyA(key, ""), 5) << target;
+            EXPECT_EQ(each->RegDeleteValueA(key, "Value"), 5) << target;
+            EXPECT_EQ(counter.totals.failed, 4u) << target;
+            EXPECT_EQ(counter.totals.keys + counter.totals.values, 0u) << target;
+        }
+        EXPECT_NE(tree.find(target + "\\Victim\\Leaf"), nullptr) << target;
+        EXPECT_NE(rehearsed.find(target + "\\Victim\\Leaf"), nullptr) << target;
+        EXPECT_NE(victim->findValue("Value"), nullptr) << target;
+        tree.find(place)->remove();
+    }
+}
+
+TEST_F(RegistryInTreeTest, ALinkInsteadOfSystemLeadsOutOfTheProfilesToo) {
+    tree.make("Machine\\Software\\Set\\Hardware Profiles\\Current\\Victim");
+    makeLink("Machine\\System\\CurrentControlSet", "\\Registry\\Machine\\Software\\Set");
+    EXPECT_TRUE(has("Victim", HKEY_CURRENT_CONFIG_));
+    EXPECT_EQ(registry.RegDeleteKeyA(HKEY_CURRENT_CONFIG_, "Victim"), 5);
+    EXPECT_TRUE(has("Victim", HKEY_CURRENT_CONFIG_));
+}
+
 TEST_F(RegistryInTreeTest, CurrentConfigOfACopyIsTheCopysOwn) {
     tree.make("Machine\\System\\ControlSet001\\Hardware Profiles\\Current\\Software\\Mine");
     makeLink("Machine\\System\\CurrentControlSet", "\\Registry\\Machine\\System\\ControlSet001");

@@ -58,6 +58,18 @@ bool tooLong(std::string_view name) {
     return name.size() > kLongestKeyName && utf16Length(name) > kLongestKeyName;
 }
 
+// Machine\System\<control set>\Hardware Profiles\<one name>.
+bool isHardwareProfile(const RegistryKey& key, const RegistryTree& tree) {
+    const RegistryKey* const profiles = key.parent();
+    if (profiles == nullptr || foldedName(profiles->name()) != "hardware profiles") return false;
+    const RegistryKey* const controlSet = profiles->parent();
+    if (controlSet == nullptr) return false;
+    const std::string setName = foldedName(controlSet->name());
+    if (setName != "currentcontrolset" && !setName.starts_with("controlset")) return false;
+    const RegistryKey* const system = controlSet->parent();
+    return system != nullptr && foldedName(system->name()) == "system" && system->parent() == tree.machine().get();
+}
+
 std::string_view untilNul(std::string_view text) {
     return text.substr(0, text.find('\0'));
 }
@@ -97,8 +109,8 @@ RegResult RegistryInTree::hivePlace(HKey hive, RegistryTree& tree, Place& place)
         case HKEY_CURRENT_CONFIG_: {
             place.key = tree.machine();
             const RegResult result = walk(place, kCurrentConfigPath, true, place);
-            // The links on that way are the system's own: they lead to this hive and not out of it.
-            place.throughLink = false;
+            // The links on that way are the system's own as long as they lead to a profile and not out of them.
+            if (result == kOk && isHardwareProfile(*place.key, tree)) place.throughLink = false;
             return result;
         }
         default:

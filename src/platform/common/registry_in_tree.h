@@ -5,7 +5,8 @@
 // HKEY_CURRENT_USER. HKEY_CURRENT_CONFIG is the current hardware profile below HKEY_LOCAL_MACHINE\System, and missing
 // (2) where the machine has none: a hive that no running system has linked yet. Symbolic links are followed when a key
 // is opened or read. Nothing is deleted through one: a key or value that was reached over a link is refused with 5, and
-// the removal of a tree takes a link in it as a leaf.
+// the removal of a tree takes a link in it as a leaf. The links on the way to HKEY_CURRENT_CONFIG count as none where
+// they end at a hardware profile of one of the control sets.
 #pragma once
 
 #include <cstdint>
