@@ -73,6 +73,7 @@ std::string dPlugCleaner::info(const char* key) {
 }
 
 void dPlugCleaner::PhasePlugInfo() {
+    lost_.clear();
     for (const std::string& section : ListSections(program_, filename_)) {
         const std::string name = base::upperCase(section);
         if (name == "VARIABLES") ApplyVariables(section);
@@ -88,7 +89,10 @@ void dPlugCleaner::ApplyVariables(const std::string& section) {
         const std::string value(base::trimBlanks(ReadPlugValue(program_, filename_, section, key, "")));
         if (value.empty()) continue;
         variables_.push_back(key);
-        program_.platform.environment.set(key, ExpandVars(value));
+        const std::string expanded = ExpandVars(value);
+        // Set to nothing, it would make C:\Data\%NAME% the folder above; left alone, it may be another's of that name.
+        if (expanded.empty()) lost_.push_back("%" + base::upperCase(key) + "%");
+        if (!expanded.empty()) program_.platform.environment.set(key, expanded);
     }
 }
 
@@ -128,8 +132,13 @@ void dPlugCleaner::ApplyFileLines(const std::string& section) {
     }
 }
 
-// Empty where the expansion does not fit: a path that was cut short would name something else.
+// Empty where the expansion does not fit, or refers to a variable whose own did not: a path without a part of it would
+// name something else.
 std::string dPlugCleaner::ExpandVars(const std::string& text) {
+    const std::string upper = base::upperCase(text);
+    for (const std::string& reference : lost_) {
+        if (upper.find(reference) != std::string::npos) return {};
+    }
     std::string expanded;
     const std::size_t needed =
         program_.platform.environment.ExpandEnvironmentStringsA(text, kExpansionBuffer, expanded);

@@ -23,6 +23,7 @@ public:
 
     // Executes the sections VARIABLES, REGISTRY and FILES in the order of the file; a section that stands twice runs
     // twice, on the first one's lines. Variables live while the file runs and are then deleted, not restored: intended.
+    // One whose value expands to nothing (more than 255 bytes) is not set, and what refers to it counts as empty.
     // Throws base::RuntimeError 9 at an empty value in FILES (a section FILES without keys included): what ran so far
     // has run, and the variables stay set; the next run of this object deletes them with its own. Intended.
     // Nothing more happens once the program has ended.
@@ -68,6 +69,7 @@ private:
     settings::Program& program_;
     std::string filename_;
     std::vector<std::string> variables_;
+    std::vector<std::string> lost_;  // references, as "%NAME%", to variables of this file that could not be set
 };
 
 }  // namespace tidvane::plugins

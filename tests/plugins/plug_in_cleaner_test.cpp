@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "base/runtime_error.h"
+#include "platform/common/utf16.h"
 #include "plugins/plug_in_fixture.h"
 
 namespace tidvane::tests {
@@ -172,6 +173,91 @@ TEST_F(PlugInVariables, AnUnknownOneStaysAsItStands) {
     EXPECT_EQ(data(), (Paths{"C:\\Data\\%NO%\\", "C:\\Data\\a.tmp"}));
 }
 
+// What makes the variable TDV_A empty: lines of VARIABLES, and what the system has set before.
+struct Emptied {
+    const char* name;
+    Paths lines;
+    std::string before;
+};
+std::vector<Emptied> allEmptied() {
+    const std::string half(200, 'x');
+    return {{"two halves", {"TDV_B=" + half, "TDV_A=%TDV_B%%TDV_B%"}, "<none>"},
+            {"its own text", {"TDV_A=" + std::string(256, 'x')}, "<none>"},
+            {"cut at the longest value", {"TDV_A=" + std::string(2000, 'x')}, "<none>"},
+            {"one of an empty one", {"TDV_B=" + half, "TDV_C=%TDV_B%%TDV_B%", "tdv_a=%tdv_c%"}, "<none>"},
+            {"a part of an empty one", {"TDV_B=" + half, "TDV_C=%TDV_B%%TDV_B%", "TDV_A=%TDV_C%\\deep"}, "<none>"},
+            {"one that the system has", {"TDV_B=" + half, "TDV_A=%TDV_B%%TDV_B%"}, "deep"},
+            {"one that the system has in it", {"TDV_B=" + half, "TDV_A=%TDV_A%%TDV_B%%TDV_B%"}, "deep"},
+            {"an empty one of the system", {"TDV_A=%TDV_E%"}, "deep"}};
+}
+
+TEST_F(PlugInVariables, WhereOneIsEmptiedNothingOfTheFolderAboveGoes) {
+    // "deep" is what the system's own variable holds; the names with the percent signs are what stays unexpanded.
+    const Paths files{"C:\\Data\\a.log",     "C:\\Data\\deep\\b.log",    "C:\\Data\\deep\\in\\c.log",
+                      "C:\\Data\\in\\d.log", "C:\\Data\\%TDV_A%\\e.log", "C:\\Data\\%TDV_C%\\deep\\f.log"};
+    const char* const places[] = {"%TDV_A%",         "%TDV_A%\\",          "%TDV_A%\\in",     "%TDV_A%in",
+                                  "in%TDV_A%",       "%tdv_a%\\*.log",     "%TDV_A%*.log",    "%TDV_A%*",
+                                  "%TDV_A%\\a.log",  "%TDV_A%a.log",       "in\\%TDV_A%",     "in\\%TDV_A%\\..",
+                                  "deep\\%TDV_A%\\", "in\\%TDV_A%\\d.log", "%TDV_A%\\..\\in", "%NO%%TDV_A%\\..\\in"};
+    putFiles(files);
+    start();
+    const Paths before = data();
+    for (const Emptied& emptied : allEmptied()) {
+        for (const char* const command : {"CLEAR_FOLDER", "DEL_FOLDER", "DEL_FILE"}) {
+            for (const int method : {0, 1, 2}) {
+                for (const char* const place : places) {
+                    machine.environment.set("TDV_E", "");
+                    if (emptied.before != "<none>") machine.environment.set("TDV_A", emptied.before);
+                    chooseMethod(method);
+                    Paths lines{"[VARIABLES]"};
+                    lines.insert(lines.end(), emptied.lines.begin(), emptied.lines.end());
+                    lines.insert(lines.end(), {"[FILES]", std::string("1=") + command + "|C:\\Data\\" + place});
+                    run(lines);
+                    ASSERT_EQ(data(), before) << emptied.name << " " << command << " " << method << " " << place;
+                    EXPECT_EQ(variable("TDV_A"), "<none>") << emptied.name;
+                }
+            }
+        }
+    }
+}
+
+TEST_F(PlugInVariables, WhereOneIsEmptiedTheOtherLinesGoOn) {
+    putFiles({"C:\\Data\\a.log", "C:\\Data\\b.log"});
+    run({"[VARIABLES]", "TDV_A=" + std::string(256, 'x'), "TDV_D=C:\\Data", "[FILES]",
+         "1=DEL_FILE|C:\\Data\\%TDV_A%\\a.log", "2=DEL_FILE|%TDV_D%\\b.log", "3=RUN_FILE|C:\\Tools\\a.exe?%TDV_A%",
+         "4=RUN_FILE|C:\\Tools\\b.exe?"});
+    EXPECT_EQ(data(), Paths{"C:\\Data\\a.log"});
+    ASSERT_EQ(machine.shell.started.size(), 1u);
+    EXPECT_EQ(machine.shell.started[0].file, "C:\\Tools\\b.exe");
+}
+
+TEST_F(PlugInVariables, OneThatIsEmptiedBelowItsUseIsStillTheSystemsAbove) {
+    machine.environment.set("TDV_A", "deep");
+    putFiles({"C:\\Data\\deep\\b.log", "C:\\Data\\deep\\c.log"});
+    run({"[FILES]", "1=DEL_FILE|C:\\Data\\%TDV_A%\\b.log", "[VARIABLES]", "TDV_A=" + std::string(256, 'x'), "[FILES]"});
+    EXPECT_EQ(data(), (Paths{"C:\\Data\\deep\\", "C:\\Data\\deep\\c.log"}));
+    EXPECT_EQ(variable("TDV_A"), "<none>") << "as every one that a plug-in names";
+}
+
+TEST_F(PlugInVariables, OneThatWasEmptiedIsTheSystemsAgainForTheNextFile) {
+    // The error keeps the first file from deleting it.
+    machine.environment.set("TDV_A", "deep");
+    putFiles({"C:\\Data\\deep\\b.log"});
+    EXPECT_THROW(run({"[VARIABLES]", "TDV_A=" + std::string(256, 'x'), "[FILES]"}), base::RuntimeError);
+    EXPECT_EQ(variable("TDV_A"), "deep");
+    runLine("1=DEL_FILE|C:\\Data\\%TDV_A%\\b.log");
+    EXPECT_EQ(data(), Paths{"C:\\Data\\deep\\"});
+    EXPECT_EQ(variable("TDV_A"), "<none>");
+}
+
+TEST_F(PlugInVariables, OneOf255BytesIsSet) {
+    // The error keeps them from being deleted.
+    EXPECT_THROW(run({"[VARIABLES]", "TDV_A=" + std::string(255, 'x'), "TDV_B=%TDV_A%", "TDV_C=%TDV_A%y", "[FILES]"}),
+                 base::RuntimeError);
+    EXPECT_EQ(variable("TDV_B"), std::string(255, 'x'));
+    EXPECT_EQ(variable("TDV_C"), "<none>");
+}
+
 // --- REGISTRY --------------------------------------------------------------------------------------------------------
 
 TEST_F(PlugInRegistry, TwoFieldsDeleteAKey) {
@@ -277,6 +363,21 @@ TEST_F(PlugInRegistry, AMachineWithoutAHardwareProfileHasNothingBelowCurrentConf
     EXPECT_TRUE(hasKey("Software\\X"));
     EXPECT_EQ(machine.removed.totals, platform::RemovalTotals());
     EXPECT_TRUE(machine.warnings.empty());
+}
+
+TEST_F(PlugInRegistry, NothingGoesThroughALinkOfCurrentConfigThatLeadsOut) {
+    const platform::RegistryKeyPtr victim = machine.registryTree.make("Machine\\Software\\Victim");
+    victim->setText("value", "data");
+    machine.registryTree.make("Machine\\Software\\Victim\\Leaf");
+    const platform::RegistryKeyPtr link =
+        machine.registryTree.make("Machine\\System\\CurrentControlSet\\Hardware Profiles\\Current");
+    link->isLink = true;
+    link->set("SymbolicLinkValue", platform::kRegLink, platform::utf16leFromUtf8("\\Registry\\Machine\\Software"));
+    run({"[REGISTRY]", "1=HKEY_CURRENT_CONFIG|Victim\\Leaf", "2=HKEY_CURRENT_CONFIG|Victim|value"});
+    EXPECT_NE(victim->find("Leaf"), nullptr);
+    EXPECT_NE(victim->findValue("value"), nullptr);
+    EXPECT_EQ(machine.removed.totals.keys + machine.removed.totals.values, 0u);
+    EXPECT_EQ(machine.removed.totals.failed, 2u);
 }
 
 // --- FILES: commands -------------------------------------------------------------------------------------------------
