@@ -26,15 +26,22 @@ bool isGroupWord(const std::string& word) {
     return false;
 }
 
-// The box of the one step that clears all of Internet Explorer, saved passwords included.
-forms::CheckBox* boxOfAll(settings::Program& program) {
-    return settings::findControl<forms::CheckBox>(program, settings::frmIEInDepthClean::kName, "chkIEINDepthCleanAll");
+// The window of the box of the one step that clears all of Internet Explorer, saved passwords included. A stored value
+// that cannot be assigned leaves it loaded.
+settings::frmIEInDepthClean& inDepth(settings::Program& program) {
+    (void)settings::findWindow(program, settings::frmIEInDepthClean::kName);
+    return program.get<settings::frmIEInDepthClean>();
+}
+
+// Whether the boxes that a word stands for are those of Internet Explorer's steps, that very box among them.
+bool isGroupOfAll(const std::string& word) {
+    return base::equalNoCase(word, kAll) || base::equalNoCase(word, app::groupName(tasks::Group::InternetExplorer));
 }
 
 // Whether a word names that very box, so that its user knows what he ticks.
 bool namesBoxOfAll(settings::Program& program, const std::string& word) {
     std::string error;
-    return !isGroupWord(word) && findStoredControl(program, word, error) == boxOfAll(program);
+    return !isGroupWord(word) && findStoredControl(program, word, error) == &inDepth(program).chkIEINDepthCleanAll;
 }
 
 bool set(settings::Program& program, const std::string& assignment, std::set<std::string>& changed,
@@ -81,6 +88,46 @@ bool tick(settings::Program& program, const std::string& what, int value, std::s
     return true;
 }
 
+namespace {
+
+// Decides about the box of all where a group ticked it. A no, and an untick to come, leave both boxes of its window as
+// if the group had no such box: what its tick did to the other one is taken back, unless that was ticked since.
+void decideAboutAll(settings::Program& program, const Options& options, int browserBefore) {
+    settings::frmIEInDepthClean& window = inDepth(program);
+    const int browser = std::max(browserBefore, window.chkIEINDepthClean.Value.get());
+    const auto refuses = [&](const std::string& what) { return isGroupOfAll(what) || namesBoxOfAll(program, what); };
+    if (std::any_of(options.untick.begin(), options.untick.end(), refuses)) {
+        window.chkIEINDepthCleanAll.Value = 0;
+    } else if (window.confirmAll()) {
+        return;
+    } else {
+        program.display.warn(window.chkIEINDepthCleanAll.Name +
+                             " stays off; agree with --answer yes, or tick it by its name.");
+    }
+    window.chkIEINDepthClean.Value = browser;
+}
+
+bool tickAll(settings::Program& program, const Options& options, std::set<std::string>& changed, std::string& error) {
+    const settings::frmIEInDepthClean& window = inDepth(program);
+    bool decide = false;
+    int browserBefore = 0;
+    for (const std::string& what : options.tick) {
+        const bool before = window.chkIEINDepthCleanAll.ticked();
+        const int browser = window.chkIEINDepthClean.Value;
+        if (!tick(program, what, 1, changed, error)) return false;
+        if (before || !window.chkIEINDepthCleanAll.ticked()) continue;
+        decide = true;
+        browserBefore = browser;
+    }
+    const auto byName = [&](const std::string& what) { return namesBoxOfAll(program, what); };
+    if (decide && std::none_of(options.tick.begin(), options.tick.end(), byName)) {
+        decideAboutAll(program, options, browserBefore);
+    }
+    return true;
+}
+
+}  // namespace
+
 bool applySettings(settings::Program& program, const Options& options, std::set<std::string>& changed,
                    std::string& error) {
     if (options.method) {
@@ -90,23 +137,9 @@ bool applySettings(settings::Program& program, const Options& options, std::set<
     for (const std::string& assignment : options.set) {
         if (!set(program, assignment, changed, error)) return false;
     }
-    const forms::CheckBox* all = boxOfAll(program);
-    bool ask = false;
-    for (const std::string& what : options.tick) {
-        const bool before = all != nullptr && all->ticked();
-        if (!tick(program, what, 1, changed, error)) return false;
-        if (all != nullptr && !before && all->ticked()) ask = true;
-    }
+    if (!tickAll(program, options, changed, error)) return false;
     for (const std::string& what : options.untick) {
         if (!tick(program, what, 0, changed, error)) return false;
-    }
-    const auto byName = [&](const std::string& what) { return namesBoxOfAll(program, what); };
-    if (ask && std::none_of(options.tick.begin(), options.tick.end(), byName)) {
-        auto& window = program.get<settings::frmIEInDepthClean>();
-        if (!window.confirmAll()) {
-            program.display.warn(window.chkIEINDepthCleanAll.Name + " stays off and " + window.chkIEINDepthClean.Name +
-                                 " is on in its place; agree with --answer yes, or tick it by its name.");
-        }
     }
     return true;
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
@@ -23,6 +24,13 @@ protected:
     nlohmann::json report() {
         std::ifstream file(directory / "r.json");
         return nlohmann::json::parse(file);
+    }
+
+    [[nodiscard]] std::size_t browserCleanings() const {
+        const auto& started = machine.memory.processes.started;
+        return static_cast<std::size_t>(std::count_if(started.begin(), started.end(), [](const auto& process) {
+            return contains(process->commandLine, "ClearMyTracksByProcess");
+        }));
     }
 
     tests::HostDirectory directory;
@@ -235,6 +243,74 @@ TEST_F(RunCommand, TicksTheOneStepForAllOfInternetExplorerOnlyWhereAnsweredWithY
             }
         }
     }
+}
+
+TEST_F(RunCommand, ANoToAllOfInternetExplorerTicksNoOtherBox) {
+    machine.memory.files.putFile(kProgramFolder + "td_config.ini", "[frmIEInDepthClean]\r\nchkIEINDepthClean=0\r\n");
+    options.tick = {"ie"};
+    EXPECT_EQ(machine.run(options), exit_status::Done);
+    EXPECT_TRUE(contains(machine.messages(), "Answer: no\n"));
+    EXPECT_EQ(browserCleanings(), 0U);
+}
+
+TEST_F(RunCommand, ANoToAllOfInternetExplorerUnticksNoOtherBox) {
+    options.tick = {"ie"};
+    EXPECT_EQ(machine.run(options), exit_status::Done);
+    EXPECT_GT(browserCleanings(), 0U) << "chkIEINDepthClean is ticked unless somebody unticks it";
+    machine.memory.processes.started.clear();
+    machine.memory.files.putFile(kProgramFolder + "td_config.ini", "[frmIEInDepthClean]\r\nchkIEINDepthClean=0\r\n");
+    for (const std::vector<std::string>& ticks :
+         {std::vector<std::string>{"chkIEINDepthClean", "ie"}, {"ie", "chkIEINDepthClean"}}) {
+        options.tick = ticks;
+        EXPECT_EQ(machine.run(options), exit_status::Done);
+        EXPECT_GT(browserCleanings(), 0U);
+        machine.memory.processes.started.clear();
+    }
+}
+
+TEST_F(RunCommand, AnUntickHoldsWhateverTheAnswerAboutAllOfInternetExplorer) {
+    options.tick = {"ie"};
+    options.untick = {"chkIEINDepthClean", "chkIEURL"};
+    options.json = directory / "r.json";
+    EXPECT_EQ(machine.run(options), exit_status::Done);
+    EXPECT_TRUE(contains(machine.messages(), "chkIEINDepthCleanAll stays off; agree with"));
+    EXPECT_EQ(browserCleanings(), 0U);
+    EXPECT_EQ(report()["steps"][27]["ticked"], false);
+    options.answerYes = true;
+    EXPECT_EQ(machine.run(options), exit_status::Done);
+    EXPECT_EQ(report()["steps"][23]["ticked"], true);
+    EXPECT_EQ(report()["steps"][27]["ticked"], false);
+    EXPECT_EQ(browserCleanings(), 1U) << "the one of all";
+}
+
+TEST_F(RunCommand, AsksNothingAboutAllOfInternetExplorerWhereItIsUnticked) {
+    options.json = directory / "r.json";
+    options.answerYes = true;
+    options.tick = {"ie"};
+    for (const char* untick : {"chkIEINDepthCleanAll", "frmIEInDepthClean.chkIEINDepthCleanAll", "IE", "all"}) {
+        options.untick = {untick};
+        machine.memory.processes.started.clear();
+        EXPECT_EQ(machine.run(options), exit_status::Done);
+        EXPECT_FALSE(contains(machine.messages(), "saved passwords")) << machine.messages();
+        EXPECT_FALSE(contains(machine.messages(), "stays off"));
+        EXPECT_EQ(report()["steps"][23]["ticked"], false) << untick;
+        const bool single = std::string_view(untick).ends_with("CleanAll");
+        EXPECT_EQ(report()["steps"][24]["ticked"], single);
+        EXPECT_EQ(browserCleanings() > 0, single) << "chkIEINDepthClean is ticked as before";
+    }
+    options.untick = {"windows"};
+    EXPECT_EQ(machine.run(options), exit_status::Done);
+    EXPECT_TRUE(contains(machine.messages(), "saved passwords")) << "another group is no reason";
+}
+
+TEST_F(RunCommand, StoresTheBoxesOfInternetExplorerAsANoLeavesThem) {
+    machine.memory.files.putFile(kProgramFolder + "td_config.ini", "[frmIEInDepthClean]\r\nchkIEINDepthClean=0\r\n");
+    options.tick = {"all"};
+    options.save = true;
+    EXPECT_EQ(machine.run(options), exit_status::Done);
+    EXPECT_TRUE(contains(machine.storedSettings(), "chkIEINDepthClean=0\r\n")) << machine.storedSettings();
+    EXPECT_TRUE(contains(machine.storedSettings(), "chkIEINDepthCleanAll=0\r\n"));
+    EXPECT_TRUE(contains(machine.storedSettings(), "chkIEHistory=1\r\n"));
 }
 
 TEST_F(RunCommand, AsksForNoLengthsWithoutAReport) {
