@@ -1,6 +1,7 @@
 // The cache entries, through their manager.
 #include "base/runtime_error.h"
 #include "console/commands.h"
+#include "console/console_display.h"
 #include "console/instance_lock.h"
 #include "console/tool_program.h"
 #include "tools/frmIECache.h"
@@ -92,7 +93,7 @@ int Cache::removeNamed() {
 
 int Cache::run() {
     if (options_.remove) return options_.all ? removeAll() : removeNamed();
-    for (int row = 0; row < list().ListCount(); ++row) session_.out << list().List(row) << "\n";
+    for (int row = 0; row < list().ListCount(); ++row) session_.out << printable(list().List(row)) << "\n";
     session_.out << std::flush;
     return exit_status::Done;
 }

@@ -1,6 +1,6 @@
 #include "console/console_display.h"
 
-#include <algorithm>
+#include <string_view>
 
 namespace tidvane::console {
 
@@ -18,24 +18,45 @@ std::string withHostLineEnds(const std::string& text) {
     return out;
 }
 
-std::string printable(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char sign) { return sign < 0x20 || sign == 0x7F; }, '?');
-    return text;
-}
-
 namespace {
 
-// Entries and paths stand in boxes and warnings too.
-std::string printableLines(const std::string& text) {
-    std::string lines = withHostLineEnds(text);
-    std::replace_if(
-        lines.begin(), lines.end(),
-        [](unsigned char sign) { return (sign < 0x20 && sign != '\n' && sign != '\t') || sign == 0x7F; }, '?');
-    return lines;
+// The second group of control characters, U+0080 to U+009F, is this sign and one of the same numbers in UTF-8.
+constexpr char kBeforeSecondGroup = '\xC2';
+
+bool isControl(char sign) {
+    const auto number = static_cast<unsigned char>(sign);
+    return number < 0x20 || number == 0x7F;
+}
+
+bool isOfSecondGroup(const std::string& text, std::size_t at) {
+    if (text[at] != kBeforeSecondGroup || at + 1 == text.size()) return false;
+    const auto number = static_cast<unsigned char>(text[at + 1]);
+    return number >= 0x80 && number <= 0x9F;
+}
+
+std::string withoutControls(const std::string& text, std::string_view kept) {
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (isOfSecondGroup(text, at)) {
+            out += '?';
+            ++at;
+        } else {
+            out += isControl(text[at]) && kept.find(text[at]) == std::string_view::npos ? '?' : text[at];
+        }
+    }
+    return out;
 }
 
 }  // namespace
+
+std::string printable(const std::string& text) {
+    return withoutControls(text, {});
+}
+
+std::string printableLines(const std::string& text) {
+    return withoutControls(withHostLineEnds(text), "\n\t");
+}
 
 int ConsoleDisplay::MsgBox(const std::string& text, int style, const std::string& title) {
     namespace msgbox = forms::msgbox;

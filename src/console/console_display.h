@@ -50,7 +50,11 @@ private:
 // Line ends of the log and of texts (CR LF, and CR alone) as this host writes them.
 std::string withHostLineEnds(const std::string& text);
 
-// One line for a terminal: whatever a name holds, it stays on its line and moves no cursor.
-std::string printable(std::string text);
+// One line for a terminal: whatever a name holds, it stays on its line and moves no cursor. A control character, also
+// one of U+0080 to U+009F, becomes a question mark.
+std::string printable(const std::string& text);
+
+// The same for several lines: their ends, as this host writes them, and tabs stay.
+std::string printableLines(const std::string& text);
 
 }  // namespace tidvane::console

@@ -1,6 +1,7 @@
 // The cookie files, through their manager.
 #include "base/text.h"
 #include "console/commands.h"
+#include "console/console_display.h"
 #include "console/instance_lock.h"
 #include "console/tool_program.h"
 #include "tools/frmIECookies.h"
@@ -60,7 +61,7 @@ int Cookies::remove() {
     if (gone == wanted) return exit_status::Done;
     std::string left;
     for (const forms::ListItem& cookie : list.items()) {
-        if (options_.all || cookie.selected) left += (left.empty() ? "" : ", ") + cookie.text;
+        if (options_.all || cookie.selected) left += (left.empty() ? "" : ", ") + printable(cookie.text);
     }
     return fail(exit_status::MachineUnusable, "Not removed, since they are in use or protected: " + left + ".");
 }
@@ -76,7 +77,7 @@ int Cookies::run() {
                     "that there is nothing to list or remove.");
     }
     if (options_.remove) return remove();
-    for (const forms::ListItem& cookie : window().lstCookies.items()) session_.out << cookie.text << "\n";
+    for (const forms::ListItem& cookie : window().lstCookies.items()) session_.out << printable(cookie.text) << "\n";
     session_.out << std::flush;
     return exit_status::Done;
 }

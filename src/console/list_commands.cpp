@@ -85,7 +85,7 @@ int settingsCommand(Session& session, const Options& options) {
         return exit_status::Usage;
     }
     forEachStoredControl(program, [&](forms::Form& form, forms::Control& control) {
-        session.out << form.Name << "." << settings::profileKey(control) << "=" << withHostLineEnds(valueOf(control))
+        session.out << form.Name << "." << settings::profileKey(control) << "=" << printableLines(valueOf(control))
                     << "\n";
     });
     session.out << std::flush;

@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "console/commands.h"
+#include "console/console_display.h"
 #include "console/instance_lock.h"
 #include "console/own_masks.h"
 #include "console/split_lines.h"
@@ -89,7 +90,7 @@ void Lists::show() {
         for (int row = 0; row < rows.ListCount(); ++row) {
             // Several lists in one: the list's word in front, as wide as the widest.
             if (list_ == nullptr) session_.out << list.word << std::string(9 - std::string_view(list.word).size(), ' ');
-            session_.out << rows.List(row) << "\n";
+            session_.out << printable(rows.List(row)) << "\n";
         }
     }
     session_.out << std::flush;

@@ -5,6 +5,7 @@
 
 #include "app/plug_in_files.h"
 #include "base/text.h"
+#include "console/console_display.h"
 
 namespace tidvane::console {
 
@@ -68,7 +69,7 @@ std::string noSuchPlugIn(const std::vector<std::string>& names, const std::strin
     std::string list;
     for (const std::string& name : nearNames(names, typed)) list += (list.empty() ? "\"" : ", \"") + name + "\"";
     if (!list.empty()) sentence += "did you mean " + list + "? ";
-    return sentence + (list.empty() ? "the" : "The") + " command \"plugins\" lists all of them.";
+    return printable(sentence + (list.empty() ? "the" : "The") + " command \"plugins\" lists all of them.");
 }
 
 }  // namespace tidvane::console

@@ -5,6 +5,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "console/commands.h"
+#include "console/console_display.h"
 #include "console/instance_lock.h"
 #include "console/plug_in_choice.h"
 #include "console/tool_program.h"
@@ -100,9 +101,10 @@ int Plugins::show(const std::string& name) {
     // Where nobody has chosen, the language of the texts decides.
     if (chosen.empty()) window.chkEnableEnglishPlugsDesc.Value = program_.LangText(100).starts_with("Deutsch") ? 0 : 1;
     window.fill(plugIn_);
-    session_.out << "Title:       " << window.txtTitle.Text() << "\nAuthor:      " << window.txtAuthor.Text()
-                 << "\nDescription: " << window.txtDesc.Text() << "\nWarning:     " << window.lblWarning.Caption.get()
-                 << "\n";
+    session_.out << "Title:       " << printable(window.txtTitle.Text())
+                 << "\nAuthor:      " << printable(window.txtAuthor.Text())
+                 << "\nDescription: " << printableLines(window.txtDesc.Text())
+                 << "\nWarning:     " << printableLines(window.lblWarning.Caption) << "\n";
     return exit_status::Done;
 }
 
@@ -115,8 +117,8 @@ void Plugins::list() {
     session_.out << "Ticked  " << padded("Name") << "  Title\n";
     for (const std::string& name : names_) {
         const bool ticked = app::storedPlugTick(program_, ticksFile(), name).value_or(false);
-        session_.out << (ticked ? "yes     " : "no      ") << padded(name) << "  "
-                     << (take(name) ? plugIn_.PlugTitle() : "(no file that can be read)") << "\n";
+        session_.out << (ticked ? "yes     " : "no      ") << printable(padded(name)) << "  "
+                     << (take(name) ? printable(plugIn_.PlugTitle()) : "(no file that can be read)") << "\n";
     }
 }
 

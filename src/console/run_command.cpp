@@ -70,7 +70,7 @@ private:
         if (options.preview) return noPauses_;
         return session_.platform.clock;
     }
-    void show(const std::string& text) { session_.out << withHostLineEnds(text) << std::flush; }
+    void show(const std::string& text) { session_.out << printableLines(text) << std::flush; }
     int fail(int status, const std::string& sentence) {
         session_.err << sentence << std::endl;
         return status;

@@ -72,7 +72,7 @@ std::string Search::whyNot() {
 
 void Search::showNewLog(const std::string& log) {
     if (!options_.quiet && (!options_.preview || options_.showLog) && log.size() > shown_) {
-        session_.out << withHostLineEnds(log.substr(shown_)) << std::flush;
+        session_.out << printableLines(log.substr(shown_)) << std::flush;
     }
     shown_ = log.size();
 }

@@ -41,6 +41,12 @@ TEST_F(CacheCommand, ListsNormalEntriesAsTheWindowDoes) {
               "14.08.2006 03:33:20|http://b.example/x|y\n");
 }
 
+TEST_F(CacheCommand, ListsNoControlCharacterOfAnAddress) {
+    machine.memory.browserCache.cached = {{"http://a.example/\x1B[2J\xC2\x9B", "", 1, 128'000'000'000'000'000}};
+    EXPECT_EQ(cache({}), exit_status::Done);
+    EXPECT_EQ(machine.log(), "14.08.2006 03:33:20|http://a.example/?[2J?\n");
+}
+
 TEST_F(CacheCommand, RemovesTheNamedOnesCookiesToo) {
     EXPECT_EQ(cache({true, {"http://b.example/x|y", "Cookie:anna@a.example/"}, false, false}), exit_status::Done);
     EXPECT_EQ(machine.log(), "Removed 2 of 2 cache entries.\n");

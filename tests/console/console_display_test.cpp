@@ -42,6 +42,31 @@ TEST(ConsoleDisplay, LetsNoEntryMoveTheCursor) {
     EXPECT_EQ(err.str(), "Warning: a?[2J?\tb\n[Title] c?\nd?\nAnswer: OK\n");
 }
 
+TEST(ConsoleDisplay, LetsNoEntryMoveTheCursorWithTheSecondGroupOfControls) {
+    std::ostringstream err;
+    ConsoleDisplay display(err, false);
+    display.warn(
+        "a\xC2\x9B"
+        "2Jb\xC2\x80\xC2\x9F");
+    EXPECT_EQ(err.str(), "Warning: a?2Jb??\n");
+}
+
+TEST(Printable, StaysOnOneLine) {
+    EXPECT_EQ(printable("a\x1B[2J\x7F\tb\r\nc\xC2\x85"), "a?[2J??b??c?");
+    EXPECT_EQ(printable(""), "");
+}
+
+TEST(Printable, KeepsEveryOtherSign) {
+    const std::string text = "\xC2\xA0 \xC3\x84\xC3\x9B \xE2\x82\xAC \xE5\x90\x9B ~";
+    EXPECT_EQ(printable(text), text);
+    EXPECT_EQ(printable("cut \xC2"), "cut \xC2");
+    EXPECT_EQ(printableLines(text), text);
+}
+
+TEST(Printable, KeepsLinesAndTabsWhereAskedTo) {
+    EXPECT_EQ(printableLines("a\tb\r\nc\x1B\rd\xC2\x9B"), "a\tb\nc?\nd?");
+}
+
 TEST(ConsoleDisplay, NotesTheEnd) {
     std::ostringstream err;
     ConsoleDisplay display(err, false);

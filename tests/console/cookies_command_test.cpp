@@ -35,6 +35,15 @@ protected:
     Options options;
 };
 
+TEST_F(CookiesCommand, ShowsNoControlCharacterOfAName) {
+    put("anna@\x1B[2J\xC2\x9B.txt");
+    machine.memory.files.lock(path("anna@\x1B[2J\xC2\x9B.txt"));
+    EXPECT_EQ(cookies({}), exit_status::Done);
+    EXPECT_TRUE(contains(machine.log(), "anna@?[2J?.txt\n")) << machine.log();
+    EXPECT_EQ(cookies({true, {}, true, false}), exit_status::MachineUnusable);
+    EXPECT_TRUE(contains(machine.messages(), "protected: anna@?[2J?.txt.")) << machine.messages();
+}
+
 TEST_F(CookiesCommand, ListsTheFilesOfTheFolder) {
     EXPECT_EQ(cookies({}), exit_status::Done);
     EXPECT_EQ(machine.log(), "anna@one.txt\nanna@two.txt\nindex.dat\n");

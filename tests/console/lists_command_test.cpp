@@ -168,6 +168,14 @@ TEST_F(ListsCommand, ShowsAllListsWithTheirNames) {
     EXPECT_EQ(machine.log(), "folders  D:\\A\nfiles    D:\\a.txt\nmasks    *.tmp\n");
 }
 
+TEST_F(ListsCommand, ShowsNoControlCharacterOfAnEntry) {
+    putFile("td_folders.dat", "D:\\A\x1B[2J\r\nD:\\B\x07\r\n");
+    lists(ListsAction::Show, "folders");
+    EXPECT_EQ(machine.log(), "D:\\A?[2J\nD:\\B?\n");
+    lists(ListsAction::Show, "");
+    EXPECT_EQ(machine.log(), "folders  D:\\A?[2J\nfolders  D:\\B?\n");
+}
+
 TEST_F(ListsCommand, WarnsOfALineThatIsTakenApart) {
     putFile("td_folders.dat", "D:\\Data, old\r\n");
     lists(ListsAction::Show, "folders");

@@ -48,6 +48,17 @@ TEST_F(PluginsCommand, ListsNamesTicksAndTitles) {
     EXPECT_EQ(machine.messages(), "");
 }
 
+TEST_F(PluginsCommand, ShowsNoControlCharacterOfANameOrAText) {
+    putPlugIn("bad\x1B[2J",
+              "[Info]\r\nTitle=T\x1B[2J\r\nAuthor=A\x07\r\nDescription2=D\x1B\r\nWarning2=W\x08\r\n[FILES]\r\n");
+    EXPECT_EQ(plugins(), exit_status::Done);
+    EXPECT_TRUE(contains(machine.log(), "no      bad?[2J      T?[2J\n")) << machine.log();
+    EXPECT_EQ(plugins({{}, {}, {"bad\x1B[2J"}}), exit_status::Done) << machine.messages();
+    EXPECT_EQ(machine.log(), "Title:       T?[2J\nAuthor:      A?\nDescription: D?\nWarning:     W?\n");
+    EXPECT_EQ(plugins({{}, {}, {"bad"}}), exit_status::Usage);
+    EXPECT_TRUE(contains(machine.messages(), "did you mean \"bad?[2J\"")) << machine.messages();
+}
+
 TEST_F(PluginsCommand, ListsNoneWhereThereIsNoFolder) {
     machine.memory.files.take(kProgramFolder + "PlugIns");
     EXPECT_EQ(plugins(), exit_status::Done);
