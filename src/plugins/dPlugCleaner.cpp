@@ -91,7 +91,7 @@ void dPlugCleaner::ApplyVariables(const std::string& section) {
         variables_.push_back(key);
         const std::string expanded = ExpandVars(value);
         // Set to nothing, it would make C:\Data\%NAME% the folder above; left alone, it may be another's of that name.
-        if (expanded.empty()) lost_.push_back("%" + base::upperCase(key) + "%");
+        if (expanded.empty()) lost_.insert(key);
         if (!expanded.empty()) program_.platform.environment.set(key, expanded);
     }
 }
@@ -132,13 +132,19 @@ void dPlugCleaner::ApplyFileLines(const std::string& section) {
     }
 }
 
+// Whatever stands between two percent signs counts as a name, also where the expansion pairs the signs otherwise.
+bool dPlugCleaner::refersToLost(const std::string& text) const {
+    const std::vector<std::string> parts = base::split(text, "%");
+    for (std::size_t i = 1; i + 1 < parts.size(); ++i) {
+        if (lost_.contains(parts[i])) return true;
+    }
+    return false;
+}
+
 // Empty where the expansion does not fit, or refers to a variable whose own did not: a path without a part of it would
 // name something else.
 std::string dPlugCleaner::ExpandVars(const std::string& text) {
-    const std::string upper = base::upperCase(text);
-    for (const std::string& reference : lost_) {
-        if (upper.find(reference) != std::string::npos) return {};
-    }
+    if (refersToLost(text)) return {};
     std::string expanded;
     const std::size_t needed =
         program_.platform.environment.ExpandEnvironmentStringsA(text, kExpansionBuffer, expanded);

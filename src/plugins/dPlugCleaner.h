@@ -1,9 +1,11 @@
 // Reader and interpreter of one plug-in file: a cleaning rule that a user wrote.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "settings/program.h"
 
 namespace tidvane::plugins {
@@ -46,6 +48,7 @@ private:
     void ApplyVariables(const std::string& section);
     void ApplyRegistryLines(const std::string& section);
     void ApplyFileLines(const std::string& section);
+    bool refersToLost(const std::string& text) const;
     std::string ExpandVars(const std::string& text);
     bool DeleteRegistryEntry(platform::HKey root, const std::string& subkey, const std::string* valueName);
 
@@ -69,7 +72,7 @@ private:
     settings::Program& program_;
     std::string filename_;
     std::vector<std::string> variables_;
-    std::vector<std::string> lost_;  // references, as "%NAME%", to variables of this file that could not be set
+    std::set<std::string, base::NoCaseLess> lost_;  // variables of this file that could not be set
 };
 
 }  // namespace tidvane::plugins

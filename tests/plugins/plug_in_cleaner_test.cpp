@@ -195,10 +195,11 @@ TEST_F(PlugInVariables, WhereOneIsEmptiedNothingOfTheFolderAboveGoes) {
     // "deep" is what the system's own variable holds; the names with the percent signs are what stays unexpanded.
     const Paths files{"C:\\Data\\a.log",     "C:\\Data\\deep\\b.log",    "C:\\Data\\deep\\in\\c.log",
                       "C:\\Data\\in\\d.log", "C:\\Data\\%TDV_A%\\e.log", "C:\\Data\\%TDV_C%\\deep\\f.log"};
-    const char* const places[] = {"%TDV_A%",         "%TDV_A%\\",          "%TDV_A%\\in",     "%TDV_A%in",
-                                  "in%TDV_A%",       "%tdv_a%\\*.log",     "%TDV_A%*.log",    "%TDV_A%*",
-                                  "%TDV_A%\\a.log",  "%TDV_A%a.log",       "in\\%TDV_A%",     "in\\%TDV_A%\\..",
-                                  "deep\\%TDV_A%\\", "in\\%TDV_A%\\d.log", "%TDV_A%\\..\\in", "%NO%%TDV_A%\\..\\in"};
+    const char* const places[] = {
+        "%TDV_A%",           "%TDV_A%\\",          "%TDV_A%\\in",     "%TDV_A%in",          "in%TDV_A%",
+        "%tdv_a%\\*.log",    "%TDV_A%*.log",       "%TDV_A%*",        "%TDV_A%\\a.log",     "%TDV_A%a.log",
+        "in\\%TDV_A%",       "in\\%TDV_A%\\..",    "deep\\%TDV_A%\\", "in\\%TDV_A%\\d.log", "%TDV_A%\\..\\in",
+        "100%\\%TDV_A%\\..", "%NO%%TDV_A%\\..\\in"};
     putFiles(files);
     start();
     const Paths before = data();
@@ -435,6 +436,31 @@ TEST_F(PlugInCleaner, AnyOtherMaskIsLeftToTheKillMethod) {
     runLine("1=DEL_FILE|C:\\Data\\a*.tmp");
     EXPECT_EQ(data(), (Paths{"C:\\Data\\a3.tmp", "C:\\Data\\b.tmp"})) << "attributes of a mask cannot be cleared";
     EXPECT_EQ(machine.events.pumps, before);
+}
+
+TEST_F(PlugInCleaner, AllFilesOfAProtectedFolderByAnyOtherMaskStayUnderTheRecycleBinAlone) {
+    for (const char* const mask : {"*", "?*", "**"}) {
+        for (const int method : {0, 1, 2}) {
+            for (const char* const folder : {"C:\\Windows\\", "C:\\Data\\"}) {
+                const std::string plain = std::string(folder) + "a.log";
+                const std::string hidden = std::string(folder) + "hidden.log";
+                putFiles({plain, hidden});
+                machine.files.setAttributes(hidden, platform::attribute::Hidden);
+                const bool refused = method == 1 && folder == std::string("C:\\Windows\\");
+                chooseMethod(method);
+                machine.warnings.clear();
+                runLine(std::string("1=DEL_FILE|") + folder + mask);
+                EXPECT_EQ(has(plain), refused) << mask << method << folder;
+                EXPECT_EQ(has(hidden), refused || method != 1) << mask << method << folder;
+                EXPECT_EQ(warnedOf(platform::WarningKind::ProtectedPlace), refused) << mask << method << folder;
+            }
+        }
+    }
+    // File by file: "*." is walked.
+    putFiles({"C:\\Windows\\a.log"});
+    chooseMethod(1);
+    runLine("1=DEL_FILE|C:\\Windows\\*.*");
+    EXPECT_FALSE(has("C:\\Windows\\a.log"));
 }
 
 TEST_F(PlugInCleaner, OneFileLosesItsAttributesFirst) {
