@@ -332,6 +332,42 @@ TEST_F(PlugInRegistry, ProtectedKeysStay) {
     EXPECT_EQ(machine.removed.totals.keys + machine.removed.totals.values, 0u);
 }
 
+TEST_F(PlugInRegistry, TheKeysThatTheDocumentationNamesStayUnderEachRootAndWhatLiesBelowGoes) {
+    start();
+    const std::string user = "User\\" + machine.registryTree.userSid();
+    struct Root {
+        std::string line;
+        std::string place;  // in the tree
+    };
+    for (const Root& root :
+         {Root{"HKEY_CURRENT_USER|", user}, Root{"HKEY_LOCAL_MACHINE|", "Machine"},
+          Root{"HKEY_USERS|" + machine.registryTree.userSid() + "\\", user},
+          Root{"HKEY_CURRENT_CONFIG|", "Machine\\System\\ControlSet001\\Hardware Profiles\\Current"}}) {
+        for (const std::string path : {"Software", "System", "SAM", "Security", "Software\\Classes",
+                                       "Software\\Wow6432Node", "Software\\Wow6432Node\\Classes"}) {
+            // Without subkeys where that can be, so that nothing but the protection keeps it; it alone warns.
+            const platform::RegistryKeyPtr key = machine.registryTree.make(root.place + "\\" + path);
+            while (!key->children().empty()) key->children().back()->remove();
+            machine.registryTree.make("Machine\\System\\ControlSet001\\Hardware Profiles\\Current");
+            const platform::RegistryKeyPtr set = machine.registryTree.make("Machine\\System\\CurrentControlSet");
+            while (!set->children().empty()) set->children().back()->remove();
+            set->isLink = true;
+            set->set("SymbolicLinkValue", platform::kRegLink,
+                     platform::utf16leFromUtf8("\\Registry\\Machine\\System\\ControlSet001"));
+            key->setText("value", "data");
+            machine.warnings.clear();
+            run({"[REGISTRY]", "1=" + root.line + path, "2=" + root.line + path + "|value"});
+            EXPECT_FALSE(key->deleted) << root.line << path;
+            EXPECT_NE(key->findValue("value"), nullptr) << root.line << path;
+            EXPECT_EQ(machine.warnings.size(), 2u) << root.line << path;
+
+            const platform::RegistryKeyPtr below = machine.registryTree.make(root.place + "\\" + path + "\\Below");
+            run({"[REGISTRY]", "1=" + root.line + path + "\\Below"});
+            EXPECT_TRUE(below->deleted) << root.line << path;
+        }
+    }
+}
+
 TEST_F(PlugInRegistry, KnowsTheRootsByTheirFullNames) {
     struct Root {
         const char* name;
