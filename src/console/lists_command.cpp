@@ -11,6 +11,7 @@
 #include "console/own_masks.h"
 #include "console/split_lines.h"
 #include "console/tool_program.h"
+#include "registry/clear_registry_tree.h"
 #include "settings/frmOptions.h"
 #include "settings/list_files.h"
 
@@ -40,15 +41,6 @@ constexpr std::array kLists{
 
 const OwnList& listOf(const std::string& word) {
     return *std::find_if(kLists.begin(), kLists.end(), [&](const OwnList& list) { return word == list.word; });
-}
-
-// Whether the entry stands below one of the roots that own keys may lie under.
-bool isKey(const std::string& entry) {
-    constexpr std::array kRoots{"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE", "HKEY_USERS"};
-    const std::size_t end = entry.find('\\');
-    return end != std::string::npos && std::any_of(kRoots.begin(), kRoots.end(), [&](const char* root) {
-               return base::equalNoCase(entry.substr(0, end), root);
-           });
 }
 
 std::string quoted(const std::string& text) {
@@ -156,7 +148,9 @@ void Lists::warnOfIdleEntries() {
     const bool files = list_->rows == &frmOptions::lstFiles;
     if (!files && list_->rows != &frmOptions::lstFolders) return;
     for (const std::string& text : options_.texts) {
-        if (base::isAbsolutePath(text) || (files && isKey(text))) continue;
+        // The platform itself warns of a folder that it would never empty.
+        if (!files && base::isAbsolutePath(text)) (void)tool_.program().platform.files.mayEmpty(text);
+        if (base::isAbsolutePath(text) || (files && registry::namesRegistryKey(text))) continue;
         tool_.display().warn(quoted(text) + " is not a full path with a drive or a share" +
                              (files ? ", nor a key from its root's full name on (\"HKEY_CURRENT_USER\\...\")" : "") +
                              "; a run does nothing with it.");

@@ -79,4 +79,8 @@ void ClearRegistryTree(const RegistryServices& services, const std::string& Path
     (void)clearTree(services, Path, 0);
 }
 
+bool namesRegistryKey(const std::string& path) {
+    return path.find('\\') != std::string::npos && hiveOf(path) != 0;
+}
+
 }  // namespace tidvane::registry

@@ -11,4 +11,7 @@ namespace tidvane::registry {
 // nothing and changes nothing. What cannot be removed stays, silently.
 void ClearRegistryTree(const RegistryServices& services, const std::string& Path);
 
+// Whether a text stands below one of those hives: its long name in any case, and a backslash.
+bool namesRegistryKey(const std::string& path);
+
 }  // namespace tidvane::registry
