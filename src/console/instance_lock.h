@@ -1,6 +1,8 @@
 // What keeps other programs of this machine out while a command changes something.
 #pragma once
 
+#include <system_error>
+
 #include "console/commands.h"
 
 namespace tidvane::console {
@@ -18,10 +20,15 @@ public:
     InstanceLock(const InstanceLock&) = delete;
     InstanceLock& operator=(const InstanceLock&) = delete;
 
-    // No second program works beside this one, as long as this lives. False: one does; the error is told.
+    // No second program works beside this one, as long as this lives. False: one does, or nobody can tell; the error is
+    // told.
     bool take() {
-        taken_ = session_.platform.processes.takeInstanceLock();
-        if (!taken_) session_.err << kAnotherRuns << std::endl;
+        try {
+            taken_ = session_.platform.processes.takeInstanceLock();
+            if (!taken_) session_.err << kAnotherRuns << std::endl;
+        } catch (const std::system_error& problem) {
+            session_.err << problem.what() << "; name another one with --program." << std::endl;
+        }
         return taken_;
     }
 

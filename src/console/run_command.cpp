@@ -234,7 +234,6 @@ int Run::stopped() {
 
 // Stores the registry, writes the report of what is really so, and finds the status: `status` where all goes well.
 int Run::finish(int status) {
-    if (!main_->secondInstance()) program_.platform.processes.releaseInstanceLock();
     report_.freeAfter = freeBytes(main_->diskSizeDrive());
     report_.preview = options_.preview;
     report_.details = options_.details;
@@ -268,9 +267,6 @@ int Run::run() {
     StopSignal stop;
     pump_.click = [this] { return clickStop(); };
     start();
-    if (main_->secondInstance()) {
-        return refuse(exit_status::MachineUnusable, kAnotherRuns);
-    }
     if (display_.ended()) {
         display_.warn(
             "The stored settings clean at the start and end the program behind it; the command line changed nothing.");
@@ -325,6 +321,9 @@ platform::Platform withOwn(const platform::Platform& platform, platform::Profile
 }
 
 int runCommand(Session& session, const Options& options) {
+    // Before the settings are looked at: the program's own start would take it only behind most of its work.
+    InstanceLock lock(session);
+    if (!lock.take()) return exit_status::MachineUnusable;
     return Run(session, options).run();
 }
 

@@ -132,8 +132,6 @@ int Search::run() {
     std::string error;
     if (!applySettings(program(), options_, changed, error)) return fail(exit_status::Usage, error);
     if (const std::string refusal = whyNot(); !refusal.empty()) return fail(exit_status::Usage, refusal);
-    InstanceLock lock(session_);
-    if (!lock.take()) return exit_status::MachineUnusable;
     if (!json_.open(options_.json, error)) return fail(exit_status::Usage, error);
 
     StopSignal stop;
@@ -150,6 +148,8 @@ int Search::run() {
 }  // namespace
 
 int searchCommand(Session& session, const Options& options) {
+    InstanceLock lock(session);
+    if (!lock.take()) return exit_status::MachineUnusable;
     return Search(session, options).run();
 }
 

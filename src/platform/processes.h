@@ -20,6 +20,7 @@ public:
     // machine in a directory starts nothing.
     virtual std::unique_ptr<Process> CreateProcessA(const std::string& commandLine, int show) = 0;
     // The single-instance lock of this program on this machine and program folder. True: this process holds it now.
+    // Throws std::system_error where the folder cannot even be opened: nothing is known about others then.
     virtual bool takeInstanceLock() = 0;
     virtual void releaseInstanceLock() = 0;
 };

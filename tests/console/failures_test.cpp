@@ -1,9 +1,13 @@
 // What a command does with damaged settings, a program folder that takes nothing, and failures nobody foresaw.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "base/runtime_error.h"
 #include "console/last_catch.h"
 #include "memory_session.h"
+#include "platform/machine/machine_platform.h"
+#include "support/host_directory.h"
 
 namespace tidvane::console {
 namespace {
@@ -153,6 +157,31 @@ TEST_F(LastCatch, StoresNothingOfAPreview) {
     EXPECT_EQ(status, exit_status::MachineUnusable);
     EXPECT_EQ(commits, 0);
     EXPECT_TRUE(contains(machine.messages(), "nothing was removed"));
+}
+
+TEST(AProgramFolderThatCannotBeOpened, IsToldAsWhatItIs) {
+    namespace host = platform::machine;
+    tests::HostDirectory directory;
+    directory.folder("program");
+    std::string error;
+    ASSERT_TRUE(host::Machine::create(directory / "m", error)) << error;
+    auto opened = host::Machine::open(directory / "m", host::Machine::Access::Write, error);
+    ASSERT_NE(opened, nullptr) << error;
+    const auto machine = host::MachinePlatform::make(std::move(opened), {directory / "program", "", {}}, error);
+    ASSERT_NE(machine, nullptr) << error;
+    std::filesystem::remove_all(directory / "program");
+    std::ostringstream out;
+    std::ostringstream err;
+    Session session{machine->platform(), "m", out, err, [](std::string&) { return true; }, {}};
+    Options options;
+    options.save = true;
+    for (const auto& command : {&runCommand, &settingsCommand}) {
+        err.str({});
+        EXPECT_EQ(command(session, options), exit_status::MachineUnusable);
+        EXPECT_EQ(err.str(), "The program folder \"" + (directory / "program") +
+                                 "\" cannot be opened: No such file or directory; name another one with --program.\n");
+    }
+    EXPECT_EQ(out.str(), "");
 }
 
 TEST(Warnings, AreSilentWhereNothingIsMissing) {

@@ -150,7 +150,27 @@ TEST_F(RunCommand, EndsWithStatus4WhereAnotherOneRuns) {
     machine.memory.processes.otherInstanceRuns = true;
     options.tick = {"chkTempFolder"};
     EXPECT_EQ(machine.run(options), exit_status::MachineUnusable);
+    EXPECT_TRUE(contains(machine.messages(), "Tidvane is already running on this machine"));
+    EXPECT_EQ(machine.log(), "") << "not even started";
     EXPECT_TRUE(machine.memory.files.has(kTempFile));
+}
+
+TEST_F(RunCommand, KeepsOthersOutFromItsFirstLookAtTheSettingsToItsEnd) {
+    machine.memory.files.putFile(kProgramFolder + "td_config.ini", "[frmOptions]\r\nchkTempFolder=1\r\n");
+    std::vector<bool> locked;
+    const auto note = [&] { locked.push_back(machine.memory.processes.holdsInstanceLock); };
+    machine.memory.files.before(kProgramFolder + "td_config.ini", 1, note);
+    machine.memory.files.before(kTempFile, 1, note);
+    machine.session.commit = [&](std::string&) {
+        note();
+        return true;
+    };
+    EXPECT_EQ(machine.run(options), exit_status::Done);
+    EXPECT_EQ(locked, std::vector<bool>(3, true));
+    EXPECT_FALSE(machine.memory.processes.holdsInstanceLock) << "given back";
+    options.tick = {"nonsense"};
+    EXPECT_EQ(machine.run(options), exit_status::Usage);
+    EXPECT_FALSE(machine.memory.processes.holdsInstanceLock) << "by a refusal, too";
 }
 
 TEST_F(RunCommand, EndsWithStatus4WhenTheRegistryCannotBeStored) {

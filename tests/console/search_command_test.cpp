@@ -168,6 +168,16 @@ TEST_F(SearchCommand, RefusesToSearchBesideAnotherProgram) {
     EXPECT_TRUE(has("a.tmp"));
 }
 
+TEST_F(SearchCommand, KeepsOthersOutFromItsFirstLookAtTheSettingsOn) {
+    machine.memory.files.putFile(kProgramFolder + "td_config.ini", "[frmOptions]\r\nchkTempFolder=1\r\n");
+    bool locked = false;
+    machine.memory.files.before(kProgramFolder + "td_config.ini", 1,
+                                [&] { locked = machine.memory.processes.holdsInstanceLock; });
+    EXPECT_EQ(search(), exit_status::Done);
+    EXPECT_TRUE(locked);
+    EXPECT_FALSE(machine.memory.processes.holdsInstanceLock) << "given back";
+}
+
 TEST_F(SearchCommand, RefusesAMethodWithoutAName) {
     machine.memory.files.take(kProgramFolder + "English.lng");
     options.method = 2;

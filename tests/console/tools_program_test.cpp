@@ -127,6 +127,27 @@ TEST_F(ToolsProgram, OwnListsHoldFromTheCommandToTheRun) {
     EXPECT_NE(run({"settings"}).out.find("frmOptions.chkActivateOwnFolder=0\n"), std::string::npos);
 }
 
+TEST_F(ToolsProgram, WarnsOfAFolderThatNoRunEmptiesWhenItIsAdded) {
+    const std::vector<std::string> never{"C:\\Users\\User", "C:\\Users\\User\\AppData\\Local",
+                                         "C:\\Users\\User\\AppData\\Roaming\\*", "\\\\server\\share",
+                                         "C:\\Documents and Settings\\Anna\\Local Settings"};
+    std::vector<std::string> words{"lists", "add", "folders", "C:\\Scratch", "relative"};
+    words.insert(words.end(), never.begin(), never.end());
+    const tests::Ended ended = run(words);
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    for (const std::string& folder : never) {
+        EXPECT_NE(ended.err.find("Warning: \"" + folder + "\" is a place that is never emptied"), std::string::npos)
+            << ended.err;
+        EXPECT_NE(ended.out.find("Added: " + folder + "\n"), std::string::npos) << "as the window does";
+    }
+    EXPECT_EQ(ended.err.find("Scratch"), std::string::npos);
+    const std::size_t relative = ended.err.find("\"relative\"");
+    ASSERT_NE(relative, std::string::npos);
+    EXPECT_EQ(ended.err.find("\"relative\"", relative + 1), std::string::npos) << "told once";
+    EXPECT_EQ(run({"lists", "remove", "folders", "C:\\Users\\User"}).err, "");
+    EXPECT_EQ(run({"lists", "add", "files", "C:\\Scratch\\a.txt"}).err, "");
+}
+
 TEST_F(ToolsProgram, LosesNoEntryThatOneOfManyAtOnceHasStored) {
     constexpr int kAtOnce = 8;
     std::vector<pid_t> processes;
@@ -154,12 +175,15 @@ TEST_F(ToolsProgram, StoresNothingWhileAnotherOneWorksWithTheProgramFolder) {
          std::vector<std::vector<std::string>>{{"lists", "add", "folders", "C:\\Mine"},
                                                {"lists", "remove", "folders", "C:\\Mine"},
                                                {"plugins", "--tick", "Windows crash dumps"},
-                                               {"settings", "--set", "txtPurgeSpeed=3", "--save"}}) {
+                                               {"settings", "--set", "txtPurgeSpeed=3", "--save"},
+                                               {"run", "--tick", "chkTempFolder"},
+                                               {"search", "*.tmp", "--in", "C:\\Windows\\Temp"}}) {
         const tests::Ended ended = run(words);
         EXPECT_EQ(ended.status, 4) << words[0];
         EXPECT_EQ(ended.out, "");
         EXPECT_NE(ended.err.find("already running"), std::string::npos) << ended.err;
     }
+    EXPECT_EQ(run({"run", "--preview", "--tick", "chkTempFolder"}).status, 0) << "looking is allowed";
     EXPECT_EQ(everything(), before);
     ::close(held);
 }

@@ -2,8 +2,10 @@
 
 #include <fcntl.h>
 
+#include <cerrno>
 #include <chrono>
 #include <ctime>
+#include <system_error>
 #include <thread>
 
 #include "platform/common/clear_tracks_command.h"
@@ -48,7 +50,11 @@ std::unique_ptr<Process> MachineProcesses::CreateProcessA(const std::string& com
 bool MachineProcesses::takeInstanceLock() {
     if (lock_) return true;
     Handle folder(::open(programFolder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder) return false;
+    if (!folder) {
+        const int problem = errno;
+        throw std::system_error(problem, std::generic_category(),
+                                "The program folder \"" + programFolder_ + "\" cannot be opened");
+    }
     const LockAnswer answer = lockFolder(folder.get());
     if (answer == LockAnswer::Held) return false;
     if (answer == LockAnswer::Unsupported) {
