@@ -12,7 +12,8 @@ namespace tidvane::console {
 // Applies everything, each with its events. Where a group or "all", and no name of its own, has ticked the one step
 // that clears all of Internet Explorer, the question of its window is asked behind the ticks, unless it is to be
 // unticked: an untick always has the last word. A no leaves the two boxes of that window as they were. False at the
-// first thing that cannot be done: `error` is one sentence. `changed` gets the names of the windows that were addressed.
+// first thing that cannot be done: `error` is one sentence. `changed` gets the names of the windows that were
+// addressed.
 bool applySettings(settings::Program& program, const Options& options, std::set<std::string>& changed,
                    std::string& error);
 
