@@ -173,8 +173,7 @@ bool CleaningRun::finish() {
     if (program_.ended()) return false;
     SaveAutoLog(main_);
     if (options().chkMinimizeSystray.ticked()) {
-        main_.AddTrayIcon(" - Tidvane - " + program_.LangText(566));
-        program_.display.Hide(main_);
+        main_.hideInTray(" - Tidvane - " + program_.LangText(566));
     }
     if (options().chkPurgeSound.ticked()) program_.display.sndPlaySound(options().txtPurgeSound.Text());
     program_.display.setTopmost(main_, false);

@@ -102,8 +102,37 @@ void frmMain::RemoveTrayIcon() {
 }
 
 void frmMain::toBackground() {
-    AddTrayIcon(" - Tidvane -" + program_.LangText(566));
-    program_.display.Hide(*this);
+    hideInTray(" - Tidvane -" + program_.LangText(566));
+}
+
+void frmMain::hideInTray(const std::string& tip) {
+    AddTrayIcon(tip);
+    if (program_.display.hasTray()) {
+        liesInTray_ = true;
+        program_.display.Hide(*this);
+        return;
+    }
+    // Hidden without an icon, the window would be out of reach.
+    State = forms::WindowState::Minimized;
+    if (program_.tellOnce("no tray")) {
+        program_.display.warn("This desktop shows no tray icons: Tidvane is minimised to the task bar instead.");
+    }
+}
+
+void frmMain::bringBack() {
+    liesInTray_ = false;
+    State = forms::WindowState::Normal;
+    program_.display.Show(*this, nullptr, false);
+    RemoveTrayIcon();
+}
+
+void frmMain::trayMouseMove(int x, int twipsPerPixel) {
+    if (x == TrayRecord::kLeftDoubleClick * twipsPerPixel) {
+        bringBack();
+    } else if (x == TrayRecord::kRightButtonUp * twipsPerPixel) {
+        menu("mnuCleanSystray").isDefault = true;
+        program_.display.popUpMenu(*this, "mnMain");
+    }
 }
 
 void frmMain::ExitProgram() {
@@ -201,6 +230,7 @@ void frmMain::mouseMove(int x, int y) {
 }
 
 void frmMain::resized() {
+    if (State.get() == forms::WindowState::Minimized) return;
     if (Width < kMinWidth) Width = kMinWidth;
     if (Height < kMinHeight) Height = kMinHeight;
 }

@@ -38,6 +38,9 @@ struct TrayRecord {
     static constexpr int kFlags = 7;  // message, icon, tip
     static constexpr int kCallbackMessage = 512;
     static constexpr std::size_t kTipBytes = 63;
+    // The messages of the icon that are answered.
+    static constexpr int kLeftDoubleClick = 515;
+    static constexpr int kRightButtonUp = 517;
     std::string szTip;
 };
 
@@ -71,6 +74,18 @@ public:
     void restartProgram();
     // The window goes to the tray.
     void toBackground();
+    // The same with a tip of the caller's. On a desktop without a tray the window is minimised instead, and that is
+    // told once.
+    void hideInTray(const std::string& tip);
+    // The window comes back from the tray in its normal state, in front of the others; the icon goes.
+    void bringBack();
+    // Behind the load: the start has put the window into the tray, or ended the program. Whoever has loaded the window
+    // does not show it then.
+    bool startsHidden() const { return liesInTray_ || secondInstance_ || program_.ended(); }
+    // A mouse move over the hidden picture box PicSystrayIcon, which is how messages of the tray icon arrive: `x` in
+    // twips is the number of the message times the twips of a pixel. A double click (515) brings the window back, the
+    // right button (517) offers mnMain, every other number is nothing.
+    void trayMouseMove(int x, int twipsPerPixel);
     void AddTrayIcon(const std::string& tip);
     void RemoveTrayIcon();
     // Rebuilds PlugPaths and adds the rows; the list itself is not cleared.
@@ -78,7 +93,8 @@ public:
     // The ticked plug-ins, one after the other. An error in one of them (base::RuntimeError) leaves the pass: the
     // others do not run, and nothing more is written.
     void CleanPlugins();
-    // What the user does on the page of the plug-ins.
+    // What the user does on the page of the plug-ins: the right button goes down on the list, the mouse moves over it,
+    // a key goes down in it (116 is F5); a click into the search box, a key typed there (13 is Enter).
     void plugListRightClick();
     void plugListMouseMove();
     void plugListKeyDown(int key);
@@ -86,8 +102,9 @@ public:
     void searchBoxKeyPress(char32_t key);
     // Right button on the task list.
     void taskListRightClick();
-    // Over the window; the pointer is the hourglass while a run is under way.
+    // Over the window, in twips; the pointer is the hourglass while a run is under way.
     void mouseMove(int x, int y);
+    // Behind a change of Width or Height by the user: both are held at their least. Nothing while minimised.
     void resized();
     // The 1 ms duties: row count and number of ticked plug-ins; the line of the caret.
     void updateStatistic();
@@ -214,6 +231,7 @@ private:
     std::string cmdSearchTag_ = "-1";
     TrayRecord trayData_;
     bool secondInstance_ = false;
+    bool liesInTray_ = false;  // until it is brought back
     std::vector<std::unique_ptr<forms::Menu>> menus_;
     std::vector<std::unique_ptr<forms::Menu>> explorerMenu_;  // the array mnuListe, one entry a row of lstExplorer
 };

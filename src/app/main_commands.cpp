@@ -21,8 +21,12 @@ constexpr const char* kCloseBeforeTool = "Tidvane needs to be closed before qrmx
 }  // namespace
 
 void frmMain::buildMenus() {
-    for (const MenuRow& row : menuTable())
+    for (const MenuRow& row : menuTable()) {
         menus_.push_back(std::make_unique<forms::Menu>(*this, row.name, row.caption));
+        menus_.back()->parent = row.parent;
+        menus_.back()->separatorBefore = beginsMenuGroup(row.name);
+        if (isPopUpTitle(row.name)) menus_.back()->Visible.design(false);
+    }
 }
 
 forms::Menu& frmMain::menu(const std::string& name) {
@@ -56,11 +60,7 @@ void frmMain::connectMenus() {
     menu("mnuOnlineHelp").Click.connect([this] { openAddressOf("txtOnlineHelp"); });
     menu("mnuOpenRecycleBin").Click.connect([this] { settings::ShellWait(program_, kRecycleBinWindow); });
     // The tray menu.
-    menu("mnuShow").Click.connect([this] {
-        State = forms::WindowState::Normal;
-        program_.display.Show(*this, nullptr, false);
-        RemoveTrayIcon();
-    });
+    menu("mnuShow").Click.connect([this] { bringBack(); });
     menu("mnuOptionsSystray").Click.connect([this] {
         program_.display.Show(*this, nullptr, false);
         showOptions(0);
@@ -70,9 +70,7 @@ void frmMain::connectMenus() {
         program_.UnloadAllForms();
     });
     menu("mnuCleanSystray").Click.connect([this] {
-        State = forms::WindowState::Normal;
-        program_.display.Show(*this, nullptr, false);
-        RemoveTrayIcon();
+        bringBack();
         log_.empty();
         const std::string count = "[" + std::to_string(lstTasks.Count()) + "/64]";
         AddLogLine(program_.LangText(561) + "..." + count + " ");
@@ -203,6 +201,7 @@ void frmMain::fillExplorerMenu() {
     FillExplorerMenu(*this);
     for (int row = static_cast<int>(explorerMenu_.size()); row < lstExplorer.ListCount(); ++row) {
         explorerMenu_.push_back(std::make_unique<forms::Menu>(*this, "mnuListe", "", row));
+        explorerMenu_.back()->parent = "mnuExplorer";
         explorerMenu_.back()->Click.connect([this, row] { openExplorerRow(row); });
     }
     for (int row = 0; row < lstExplorer.ListCount(); ++row) {

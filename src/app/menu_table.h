@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string_view>
 
 namespace tidvane::app {
 
@@ -15,6 +16,7 @@ enum class MenuAction {
 
 struct MenuRow {
     const char* name;
+    const char* parent;   // the menu it lies in; empty: a title of the bar or of a pop-up
     const char* caption;  // of the design, German; stays where no language file has one
     MenuAction action = MenuAction::None;
     int a = 0;
@@ -23,6 +25,12 @@ struct MenuRow {
     bool atRightEnd = false;  // of the menu bar
 };
 
+// In the order in which the entries stand in their menus.
 std::span<const MenuRow> menuTable();
+
+// Whether a line stands above the entry, to tell groups of commands apart.
+bool beginsMenuGroup(std::string_view name);
+// Whether the title is of a pop-up alone and never stands in the bar.
+bool isPopUpTitle(std::string_view name);
 
 }  // namespace tidvane::app

@@ -56,6 +56,7 @@ void StartSequence::run() {
     loadPlugIns();
     // Events get in there. At the end of the program nothing more is written, shown or cleaned.
     if (program.ended()) return;
+    skippingErrors([&] { showNews(); });
     skippingErrors([&] { applyAutostartAtStart(program); });
     noteProtection();
     noteOtherCleaners(program);
@@ -160,6 +161,14 @@ void StartSequence::loadPlugIns() {
     });
 }
 
+void StartSequence::showNews() {
+    settings::Program& program = main_.program_;
+    if (!program.get<settings::frmMoreToConfigure>().chkAutoStartInfoServer.ticked()) return;
+    auto& starter = program.get<settings::frmStarter>();
+    program.display.Show(starter, &main_, false);
+    starter.SSTab2.Tab = 1;
+}
+
 void StartSequence::noteProtection() {
     settings::Program& program = main_.program_;
     if (program.platform.files.FileExists(program.inProgramFolder(settings::kBanFile))) {
@@ -214,8 +223,7 @@ void StartSequence::applyLogOptions() {
 void StartSequence::startMinimized() {
     settings::Program& program = main_.program_;
     if (program.get<settings::frmOptions>().chkStartMinimized.ticked()) {
-        main_.AddTrayIcon("Tidvane");
-        program.display.Hide(main_);
+        main_.hideInTray("Tidvane");
     }
     main_.txtLog.caretToEnd();
 }
@@ -260,6 +268,7 @@ void StartSequence::cleanAtStart() {
     settings::Program& program = main_.program_;
     if (main_.stopRequested_ || !program.get<settings::frmOptions>().chkStartClean.ticked()) return;
     program.display.Show(main_, nullptr, false);
+    main_.liesInTray_ = false;
     main_.cmdClean_Click();
 }
 

@@ -19,6 +19,7 @@ private:
     void writeStartLines();
     void warnOfAddIns();
     void loadPlugIns();
+    void showNews();
     void noteProtection();
     void showLastRun();
     bool anotherInstanceRuns();

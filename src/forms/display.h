@@ -49,7 +49,7 @@ class Display {
 public:
     virtual ~Display() = default;
 
-    // Shows a window; a modal one returns when it is hidden or unloaded.
+    // Shows a window in front of the others; a modal one returns when it is hidden or unloaded.
     virtual void Show(Form& form, Form* owner, bool modal) = 0;
     virtual void Hide(Form& form) = 0;
     // Called when a window's state is destroyed: whatever showed it lets go.
@@ -69,6 +69,8 @@ public:
     // One tray icon for the whole program. Adding a second one fails in silence.
     virtual void addTrayIcon(const std::string& tip) = 0;
     virtual void removeTrayIcon() = 0;
+    // Whether the desktop shows tray icons at all. Where it does not, a window that would hide behind one is minimised.
+    virtual bool hasTray() { return true; }
 
     // The system's handle of a window; 0 where there is none.
     virtual std::uint64_t windowHandle(Form&) { return 0; }

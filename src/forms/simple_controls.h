@@ -115,6 +115,9 @@ public:
     Menu(Form& form, std::string name, std::string caption = {}, std::optional<int> index = std::nullopt)
         : Control(form, ControlKind::Menu, std::move(name), std::move(caption), index) {}
     Signal<> Click;
+    // Name of the menu of the same window that this entry lies in; empty: a title, of the bar or of a pop-up.
+    std::string parent;
+    bool separatorBefore = false;  // a line above it tells groups of commands apart
     // Shown in bold where its popup comes up: what a double click on the list would do.
     Property<bool> isDefault{false, &viewChanged};
 };

@@ -58,6 +58,7 @@ public:
     std::optional<std::string> trayTip;  // of the icon that stands
     std::vector<std::string> trayTips;   // of every icon asked for
     int trayRemovals = 0;
+    bool tray = true;  // whether the desktop shows tray icons
     std::vector<std::pair<std::string, bool>> topmost;
     std::vector<int> pointers;
     std::vector<std::pair<std::string, std::string>> menus;  // window, menu
@@ -81,6 +82,7 @@ public:
     void setClipboard(const std::string& text) override;
     void addTrayIcon(const std::string& tip) override;
     void removeTrayIcon() override;
+    bool hasTray() override { return tray; }
     void setTopmost(forms::Form& form, bool topmost) override;
     void setPointer(int pointer) override;
     void popUpMenu(forms::Form& form, const std::string& menu) override;
