@@ -7,7 +7,7 @@
 #include "console/last_catch.h"
 #include "console/machine_commands.h"
 #include "console/options.h"
-#include "console/places.h"
+#include "frontend/open_machine.h"
 #include "platform/machine/machine_platform.h"
 #include "platform/machine/wine_server.h"
 
@@ -55,11 +55,9 @@ machine::Machine::Access accessFor(const Options& options) {
 
 // False: neither the options nor the environment tell where the machine and the program folder are.
 bool fillInPlaces(Options& options) {
-    const std::string home = userDataDirectory();
-    if (home.empty() && (options.machine.empty() || options.program.empty())) return false;
-    if (options.machine.empty()) options.machine = home + "/machine";
-    if (options.program.empty()) options.program = home + "/program";
-    return true;
+    if (options.machine.empty()) options.machine = frontend::defaultMachine();
+    if (options.program.empty()) options.program = frontend::defaultProgramFolder();
+    return !options.machine.empty() && !options.program.empty();
 }
 
 std::unique_ptr<machine::MachinePlatform> open(const Options& options, bool namedByUser, std::string& error) {
@@ -71,11 +69,8 @@ std::unique_ptr<machine::MachinePlatform> open(const Options& options, bool name
                 options.machine + "' --sample\", or name a Wine prefix with --machine.";
         return nullptr;
     }
-    auto opened = machine::Machine::open(options.machine, accessFor(options), error);
-    if (opened == nullptr) return nullptr;
-    if (!fillProgramFolder(options.program, deliveredData(), error)) return nullptr;
-    return machine::MachinePlatform::make(std::move(opened), {options.program, options.arguments, {}, options.preview},
-                                          error);
+    return frontend::openMachine(
+        {options.machine, options.program, accessFor(options), options.arguments, options.preview}, error);
 }
 
 int dispatch(const Options& options, machine::MachinePlatform& platform, std::ostream& out, std::ostream& err) {

@@ -1,40 +1,26 @@
-// What keeps other programs of this machine out while a command changes something.
+// The lock of the program folder, with its refusal told.
 #pragma once
 
-#include <system_error>
-
 #include "console/commands.h"
+#include "frontend/instance_lock.h"
 
 namespace tidvane::console {
 
-inline constexpr const char* kAnotherRuns =
-    "Tidvane is already running on this machine; wait until it has ended, then start again.";
-
-// To be taken before the command reads what it will write anew: whatever another one stores in between would be lost.
 class InstanceLock {
 public:
-    explicit InstanceLock(Session& session) : session_(session) {}
-    ~InstanceLock() {
-        if (taken_) session_.platform.processes.releaseInstanceLock();
-    }
-    InstanceLock(const InstanceLock&) = delete;
-    InstanceLock& operator=(const InstanceLock&) = delete;
+    explicit InstanceLock(Session& session) : session_(session), lock_(session.platform.processes) {}
 
-    // No second program works beside this one, as long as this lives. False: one does, or nobody can tell; the error is
-    // told.
+    // False: it could not be taken, and why is told.
     bool take() {
-        try {
-            taken_ = session_.platform.processes.takeInstanceLock();
-            if (!taken_) session_.err << kAnotherRuns << std::endl;
-        } catch (const std::system_error& problem) {
-            session_.err << problem.what() << "; name another one with --program." << std::endl;
-        }
-        return taken_;
+        std::string error;
+        const bool taken = lock_.take(error);
+        if (!taken) session_.err << error << std::endl;
+        return taken;
     }
 
 private:
     Session& session_;
-    bool taken_ = false;
+    frontend::InstanceLock lock_;
 };
 
 }  // namespace tidvane::console

@@ -2,7 +2,8 @@
 
 #include <exception>
 
-#include "console/removed.h"
+#include "frontend/last_words.h"
+#include "frontend/removed.h"
 
 namespace tidvane::console {
 
@@ -11,9 +12,9 @@ int withLastCatch(Session& session, const std::function<int()>& command) {
     try {
         return command();
     } catch (const std::exception& problem) {
-        const bool removed = !session.preview && removedSomething(removedSince(before, session.platform.removed));
-        session.err << "The program failed (" << problem.what() << "); "
-                    << (removed ? "what was removed before is removed." : "nothing was removed.") << std::endl;
+        const bool removed =
+            !session.preview && frontend::removedSomething(frontend::removedSince(before, session.platform.removed));
+        session.err << frontend::lastWords(problem, removed) << std::endl;
         std::string error;
         if (removed && !session.commit(error)) session.err << error << std::endl;
     }

@@ -12,11 +12,11 @@
 #include "console/apply_settings.h"
 #include "console/commands.h"
 #include "console/console_display.h"
-#include "console/guards.h"
 #include "console/instance_lock.h"
 #include "console/plug_in_choice.h"
 #include "console/stored_windows.h"
 #include "console/watched_profiles.h"
+#include "frontend/guards.h"
 #include "settings/modFormINI.h"
 
 namespace tidvane::console {
@@ -52,7 +52,7 @@ int tasksCommand(Session& session, const Options& options) {
     settings::Program program(session.platform, display);
     app::offerWindowsWithoutMain(program);
     loadLanguages(program);
-    warnOfMissingTexts(program, display);
+    frontend::warnOfMissingTexts(program, display);
     char line[160];
     std::snprintf(line, sizeof line, "%4s  %-8s  %-38s  %-6s  %-3s  %s\n", "Step", "Group", "Gate", "Ticked", "Row",
                   "Name");
@@ -77,7 +77,7 @@ int settingsCommand(Session& session, const Options& options) {
     settings::Program program(withOwn(session.platform, profiles, session.platform.events), display);
     app::offerWindowsWithoutMain(program);
     loadLanguages(program);
-    warnOfMissingTexts(program, display);
+    frontend::warnOfMissingTexts(program, display);
     std::set<std::string> changed;
     std::string error;
     if (!applySettings(program, options, changed, error)) {

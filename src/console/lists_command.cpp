@@ -8,10 +8,9 @@
 #include "console/commands.h"
 #include "console/console_display.h"
 #include "console/instance_lock.h"
-#include "console/own_masks.h"
-#include "console/split_lines.h"
 #include "console/tool_program.h"
-#include "registry/clear_registry_tree.h"
+#include "frontend/confirmations.h"
+#include "frontend/split_lines.h"
 #include "settings/frmOptions.h"
 #include "settings/list_files.h"
 
@@ -24,6 +23,7 @@ using settings::frmOptions;
 struct OwnList {
     const char* word;  // of the command line
     const char* file;
+    frontend::OwnList kind;
     forms::CheckBox frmOptions::*active;  // the page is off without it, and the run passes the list over
     forms::ListBox frmOptions::*rows;
     forms::TextBox frmOptions::*entry;
@@ -31,12 +31,15 @@ struct OwnList {
     controls::isButton frmOptions::*removeSelected;
 };
 constexpr std::array kLists{
-    OwnList{"folders", settings::kListFiles[0], &frmOptions::chkActivateOwnFolder, &frmOptions::lstFolders,
-            &frmOptions::txtAddFolderPath, &frmOptions::cmdAddFolderPath, &frmOptions::cmdDeleteSelected},
-    OwnList{"files", settings::kListFiles[1], &frmOptions::chkActivateOwnFiles, &frmOptions::lstFiles,
-            &frmOptions::txtAddFilePath, &frmOptions::cmdAddFilePath, &frmOptions::cmdDeleteSelected2},
-    OwnList{"masks", settings::kListFiles[2], &frmOptions::chkSearchTasks, &frmOptions::lstSearchMasks,
-            &frmOptions::txtSearchMask, &frmOptions::cmdAddSearchMask, &frmOptions::cmdRemoveSearchMask},
+    OwnList{"folders", settings::kListFiles[0], frontend::OwnList::Folders, &frmOptions::chkActivateOwnFolder,
+            &frmOptions::lstFolders, &frmOptions::txtAddFolderPath, &frmOptions::cmdAddFolderPath,
+            &frmOptions::cmdDeleteSelected},
+    OwnList{"files", settings::kListFiles[1], frontend::OwnList::Files, &frmOptions::chkActivateOwnFiles,
+            &frmOptions::lstFiles, &frmOptions::txtAddFilePath, &frmOptions::cmdAddFilePath,
+            &frmOptions::cmdDeleteSelected2},
+    OwnList{"masks", settings::kListFiles[2], frontend::OwnList::Masks, &frmOptions::chkSearchTasks,
+            &frmOptions::lstSearchMasks, &frmOptions::txtSearchMask, &frmOptions::cmdAddSearchMask,
+            &frmOptions::cmdRemoveSearchMask},
 };
 
 const OwnList& listOf(const std::string& word) {
@@ -96,11 +99,12 @@ bool Lists::pressAdd(const std::string& text) {
 }
 
 bool Lists::add(const std::string& text) {
-    const bool mask = list_->rows == &frmOptions::lstSearchMasks;
-    if (mask && canMatchNothing(text)) {
-        session_.err << quoted(text) << " can match no file; a mask is a name with \"*\" and \"?\" in it, as \"*.tmp\"."
-                     << std::endl;
-        return false;
+    if (list_->kind == frontend::OwnList::Masks) {
+        const std::string idle = frontend::warningOfIdleEntry(tool_.program(), list_->kind, text);
+        if (!idle.empty()) {
+            session_.err << idle << std::endl;
+            return false;
+        }
     }
     // The window answers an empty folder or file itself; an empty mask can match nothing.
     if (!text.empty() && base::trimBlanks(text).empty()) {
@@ -139,21 +143,15 @@ bool Lists::mayRewrite(const settings::ListItems& stored) {
     if (lines.empty()) return true;
     const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
     return tool_.display().MsgBox(
-               tellSplitLines(lines) + "\r\nThe list would be stored with these as its lines. Store it?", style,
-               "Tidvane") == forms::msgbox::Yes;
+               frontend::tellSplitLines(lines) + "\r\nThe list would be stored with these as its lines. Store it?",
+               style, "Tidvane") == forms::msgbox::Yes;
 }
 
 // The window takes them; a run passes them over.
 void Lists::warnOfIdleEntries() {
-    const bool files = list_->rows == &frmOptions::lstFiles;
-    if (!files && list_->rows != &frmOptions::lstFolders) return;
     for (const std::string& text : options_.texts) {
-        // The platform itself warns of a folder that it would never empty.
-        if (!files && base::isAbsolutePath(text)) (void)tool_.program().platform.files.mayEmpty(text);
-        if (base::isAbsolutePath(text) || (files && registry::namesRegistryKey(text))) continue;
-        tool_.display().warn(quoted(text) + " is not a full path with a drive or a share" +
-                             (files ? ", nor a key from its root's full name on (\"HKEY_CURRENT_USER\\...\")" : "") +
-                             "; a run does nothing with it.");
+        const std::string warning = frontend::warningOfIdleEntry(tool_.program(), list_->kind, text);
+        if (!warning.empty()) tool_.display().warn(warning);
     }
 }
 

@@ -9,17 +9,18 @@
 #include "console/commands.h"
 #include "console/console_display.h"
 #include "console/entry_log.h"
-#include "console/guards.h"
 #include "console/instance_lock.h"
 #include "console/json_report.h"
 #include "console/no_pauses.h"
 #include "console/plug_in_choice.h"
 #include "console/preview_table.h"
-#include "console/removed.h"
 #include "console/stop_signal.h"
 #include "console/stored_windows.h"
 #include "console/unsaved_profiles.h"
 #include "console/watched_profiles.h"
+#include "frontend/confirmations.h"
+#include "frontend/guards.h"
+#include "frontend/removed.h"
 #include "settings/frmOptions.h"
 
 namespace tidvane::console {
@@ -75,7 +76,7 @@ private:
         session_.err << sentence << std::endl;
         return status;
     }
-    platform::RemovalTotals removed() const { return removedSince(before_, session_.platform.removed); }
+    platform::RemovalTotals removed() const { return frontend::removedSince(before_, session_.platform.removed); }
     bool clickStop();
     void note(const app::StepResult& result);
     int rehearse();
@@ -130,11 +131,11 @@ void Run::note(const app::StepResult& result) {
 
 // Whether the settings that the program holds now may clean. `why` stands behind a refusal.
 int Run::allow(settings::Program& program, const std::string& why) {
-    std::string refusal = whyNotToRun(program);
+    std::string refusal = frontend::whyNotToRun(program);
     // A preview is the way to see what such masks would take.
-    if (refusal.empty() && !options_.force && !options_.preview) refusal = whyNotToSearch(program);
+    if (refusal.empty() && !options_.force && !options_.preview) refusal = frontend::refusalOfMasks(program);
     if (!refusal.empty()) return fail(exit_status::Usage, refusal + why);
-    if (!options_.preview && !allowsChangedLines(program, display_)) {
+    if (!options_.preview && !frontend::agrees(display_, frontend::questionOfChangedLines(program))) {
         return fail(
             exit_status::Usage,
             "Nothing was removed; mend the entries with the command \"lists\", or agree with --answer yes." + why);
@@ -163,8 +164,8 @@ int Run::rehearse() {
     std::string error;
     if (!applySettings(program, options_, changed, error)) return fail(exit_status::Usage, error);
     if (const int status = allow(program, {}); status != exit_status::Done) return status;
-    warnOfMissingProtection(program, display_);
-    warnOfMissingTexts(program, display_);
+    frontend::warnOfMissingProtection(program, display_);
+    frontend::warnOfMissingTexts(program, display_);
     return exit_status::Done;
 }
 
@@ -220,13 +221,13 @@ void Run::end() {
 
 // Behind the start, which may have cleaned: what it did is kept.
 int Run::refuse(int status, const std::string& sentence) {
-    const bool some = !options_.preview && removedSomething(removed());
+    const bool some = !options_.preview && frontend::removedSomething(removed());
     session_.err << sentence << (some ? " The cleaning at the start had removed something already." : "") << std::endl;
     return finish(status);
 }
 
 int Run::stopped() {
-    const bool some = removedSomething(removed());
+    const bool some = frontend::removedSomething(removed());
     return refuse(exit_status::Stopped, options_.preview ? "Stopped before the preview."
                                         : some           ? "Stopped before the run that was asked for."
                                                          : "Stopped before anything was removed.");
@@ -280,7 +281,7 @@ int Run::run() {
     main_->rebuildTaskRows();
     main_->clearTaskStatuses();
     main_->resetTaskIcons();
-    if (const std::string refusal = whyNotToRun(program_); !refusal.empty()) {
+    if (const std::string refusal = frontend::whyNotToRun(program_); !refusal.empty()) {
         return refuse(exit_status::Usage, refusal);
     }
     if (options_.save) saveWindows(program_, changed);

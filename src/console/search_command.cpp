@@ -5,14 +5,14 @@
 #include "console/apply_settings.h"
 #include "console/commands.h"
 #include "console/entry_log.h"
-#include "console/guards.h"
 #include "console/instance_lock.h"
 #include "console/json_report.h"
-#include "console/own_masks.h"
 #include "console/preview_table.h"
-#include "console/removed.h"
 #include "console/stop_signal.h"
 #include "console/tool_program.h"
+#include "frontend/guards.h"
+#include "frontend/own_masks.h"
+#include "frontend/removed.h"
 #include "tools/frmManualSearch.h"
 
 namespace tidvane::console {
@@ -61,13 +61,13 @@ private:
 std::string Search::whyNot() {
     const std::string& mask = options_.search.mask;
     const std::string& folder = options_.search.folder;
-    if (!tools::frmManualSearch::isSearchable(mask) || canMatchNothing(mask)) {
+    if (!tools::frmManualSearch::isSearchable(mask) || frontend::canMatchNothing(mask)) {
         return "The search takes no mask \"" + mask + "\"; give \"*.\" and an extension, as \"*.tmp\".";
     }
     if (!base::isAbsolutePath(folder) || !program().platform.files.FolderExists(folder)) {
         return "\"" + folder + "\" is no folder of the machine; give --in the full path of one, as \"C:\\Data\".";
     }
-    return whyNotToRun(program());
+    return frontend::whyNotToRun(program());
 }
 
 void Search::showNewLog(const std::string& log) {
@@ -118,7 +118,7 @@ int Search::finish(int status) {
     report_.preview = options_.preview;
     report_.details = options_.details;
     report_.stopped = stopped_;
-    report_.total = removedSince(before_, session_.platform.removed);
+    report_.total = frontend::removedSince(before_, session_.platform.removed);
     report_.freeAfter = freeBytes();
     report_.otherEntries = entries_.takeAll();
     std::string error;

@@ -1,8 +1,8 @@
 #include "console/tool_program.h"
 
 #include "app/all_windows.h"
-#include "console/guards.h"
 #include "console/stored_windows.h"
+#include "frontend/guards.h"
 
 namespace tidvane::console {
 
@@ -20,7 +20,7 @@ ToolProgram::ToolProgram(Session& session, const Options& options, platform::Eve
     session_.warn = [this](const std::string& line) { display_.warn(line); };
     app::offerWindowsWithoutMain(program_);
     loadLanguages(program_);
-    warnOfMissingTexts(program_, display_);
+    frontend::warnOfMissingTexts(program_, display_);
 }
 
 ToolProgram::~ToolProgram() {

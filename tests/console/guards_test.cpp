@@ -1,5 +1,5 @@
 // Runs that would take more than their user may know of.
-#include "console/guards.h"
+#include "frontend/guards.h"
 
 #include <gtest/gtest.h>
 

@@ -58,7 +58,7 @@ protected:
         options.method = GetParam().method;
         options.set = {"txtPurgeSpeed=0"};
         options.answerYes = true;  // to everything at once of Internet Explorer
-        for (const SampleGroup& group : sampleGroups()) {
+        for (const frontend::SampleGroup& group : frontend::sampleGroups()) {
             if (!has(group.bit) || group.word == nullptr) continue;
             options.tick.emplace_back(group.word);
             for (const std::string& box : base::split(group.furtherBoxes, " ")) {
@@ -91,20 +91,20 @@ protected:
 
     // Where the host keeps no bits of Windows, a hidden file is one like any other.
     void forgetFilesWithAttributes(SampleState& state) {
-        for (const SampleFile& file : sampleFiles()) {
+        for (const frontend::SampleFile& file : frontend::sampleFiles()) {
             if (file.attributes != 0) state.erase(onDisk(file.path));
         }
     }
 
     static void takeFromDisk(SampleState& state) {
         const auto take = [&](const std::string& path) { EXPECT_EQ(state.erase(onDisk(path)), 1U) << path; };
-        for (const SampleFile& file : sampleFiles()) {
+        for (const frontend::SampleFile& file : frontend::sampleFiles()) {
             if (goes(file.takenBy)) take(file.path);
         }
-        for (const SampleFolder& folder : sampleFolders()) {
+        for (const frontend::SampleFolder& folder : frontend::sampleFolders()) {
             if (goes(folder.takenBy)) take(folder.path);
         }
-        for (const SampleLink& link : sampleLinks()) {
+        for (const frontend::SampleLink& link : frontend::sampleLinks()) {
             if (goes(link.takenBy)) take(link.path);
         }
         if (has(taken_by::Explorer)) takeStores(state);
@@ -112,7 +112,7 @@ protected:
         if (has(taken_by::Windows) && GetParam().method != Recycle) takeBins(state);
     }
     static void takeStores(SampleState& state) {
-        for (const SampleUrl& url : sampleUrls()) {
+        for (const frontend::SampleUrl& url : frontend::sampleUrls()) {
             if (*url.file != '\0') {
                 EXPECT_EQ(state.erase(onDisk(std::string(url.store) + "/" + url.file)), 1U);
             }
@@ -120,7 +120,7 @@ protected:
         }
     }
     static void takeBins(SampleState& state) {
-        for (const SampleUnit& unit : sampleUnits()) {
+        for (const frontend::SampleUnit& unit : frontend::sampleUnits()) {
             const std::string folder = std::string(unit.folder) + "/";
             EXPECT_EQ(state.erase(onDisk(folder + unit.name)), 1U) << unit.name;
             if (unit.record != 0) {
@@ -133,7 +133,7 @@ protected:
     // A key goes when everything in it and below it goes.
     static void takeFromRegistry(SampleState& state) {
         std::map<std::string, bool> keyStays;
-        for (const SampleValue& value : sampleValues()) {
+        for (const frontend::SampleValue& value : frontend::sampleValues()) {
             const bool stays = !goes(value.takenBy);
             if (!stays) {
                 EXPECT_EQ(state.erase(inRegistry(value)), 1U) << inRegistry(value);

@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "base/text.h"
-#include "console/sample_machine.h"
+#include "frontend/sample/sample_machine.h"
 
 namespace tidvane::console {
 
@@ -42,7 +42,7 @@ void addKeys(const platform::RegistryKeyPtr& key, const std::string& path, Sampl
 }  // namespace
 
 void SampleFixture::SetUp() {
-    ASSERT_TRUE(createSample(here / "machine", here / "program", error)) << error;
+    ASSERT_TRUE(frontend::createSample(here / "machine", here / "program", error)) << error;
 }
 
 void SampleFixture::open(machine::Machine::Access access) {
@@ -54,7 +54,7 @@ void SampleFixture::open(machine::Machine::Access access) {
 }
 
 std::string SampleFixture::filled(const std::string& text) {
-    return base::replaceAll(base::replaceAll(text, "<user>", kSampleUser), "<sid>", kSid);
+    return base::replaceAll(base::replaceAll(text, "<user>", frontend::kSampleUser), "<sid>", kSid);
 }
 
 bool SampleFixture::there(const std::string& path) const {
@@ -65,12 +65,12 @@ std::string SampleFixture::onDisk(const std::string& path) {
     return base::lowerCase(filled(path));
 }
 
-std::string SampleFixture::keyOf(const SampleValue& value) {
-    return base::lowerCase((value.hive == SampleHive::User ? "HKEY_CURRENT_USER\\" : "HKEY_LOCAL_MACHINE\\") +
+std::string SampleFixture::keyOf(const frontend::SampleValue& value) {
+    return base::lowerCase((value.hive == frontend::SampleHive::User ? "HKEY_CURRENT_USER\\" : "HKEY_LOCAL_MACHINE\\") +
                            std::string(value.key));
 }
 
-std::string SampleFixture::inRegistry(const SampleValue& value) {
+std::string SampleFixture::inRegistry(const frontend::SampleValue& value) {
     return keyOf(value) + "|" + base::lowerCase(value.name);
 }
 

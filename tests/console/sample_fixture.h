@@ -7,11 +7,13 @@
 #include <memory>
 #include <string>
 
-#include "console/sample_traces.h"
+#include "frontend/sample/sample_traces.h"
 #include "platform/machine/machine_platform.h"
 #include "support/host_directory.h"
 
 namespace tidvane::console {
+
+namespace taken_by = frontend::taken_by;
 
 // Everything on the disk and in the registry, with its content. Names are in lower case, as a spared file may come back
 // in capitals.
@@ -30,8 +32,8 @@ protected:
     [[nodiscard]] bool there(const std::string& path) const;
     // As a state names them.
     static std::string onDisk(const std::string& path);
-    [[nodiscard]] static std::string inRegistry(const SampleValue& value);
-    static std::string keyOf(const SampleValue& value);
+    [[nodiscard]] static std::string inRegistry(const frontend::SampleValue& value);
+    static std::string keyOf(const frontend::SampleValue& value);
 
     // Opens the machine.
     SampleState state();

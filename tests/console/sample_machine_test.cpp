@@ -1,4 +1,4 @@
-#include "console/sample_machine.h"
+#include "frontend/sample/sample_machine.h"
 
 #include <sys/stat.h>
 
@@ -69,27 +69,33 @@ TEST_F(SampleMachine, HoldsEveryFileThatTheBrowserTasksLookFor) {
 
 TEST_F(SampleMachine, HoldsEverythingThatItsTablesName) {
     const SampleState all = state();
-    for (const SampleFile& file : sampleFiles()) EXPECT_EQ(all.count(onDisk(file.path)), 1U) << file.path;
-    for (const SampleText& file : sampleTexts()) EXPECT_EQ(all.at(onDisk(file.path)), file.text) << file.path;
-    for (const SampleFolder& folder : sampleFolders()) EXPECT_EQ(all.at(onDisk(folder.path)), "folder") << folder.path;
-    for (const SampleLink& link : sampleLinks()) EXPECT_TRUE(there(link.path)) << link.path;
-    for (const SampleUnit& unit : sampleUnits()) EXPECT_TRUE(there(std::string(unit.folder) + "/" + unit.name));
-    for (const SampleUrl& url : sampleUrls()) EXPECT_TRUE(there(std::string(url.store) + "/" + url.file)) << url.url;
-    for (const SampleValue& value : sampleValues()) EXPECT_EQ(all.count(inRegistry(value)), 1U) << inRegistry(value);
+    for (const frontend::SampleFile& file : frontend::sampleFiles())
+        EXPECT_EQ(all.count(onDisk(file.path)), 1U) << file.path;
+    for (const frontend::SampleText& file : frontend::sampleTexts())
+        EXPECT_EQ(all.at(onDisk(file.path)), file.text) << file.path;
+    for (const frontend::SampleFolder& folder : frontend::sampleFolders())
+        EXPECT_EQ(all.at(onDisk(folder.path)), "folder") << folder.path;
+    for (const frontend::SampleLink& link : frontend::sampleLinks()) EXPECT_TRUE(there(link.path)) << link.path;
+    for (const frontend::SampleUnit& unit : frontend::sampleUnits())
+        EXPECT_TRUE(there(std::string(unit.folder) + "/" + unit.name));
+    for (const frontend::SampleUrl& url : frontend::sampleUrls())
+        EXPECT_TRUE(there(std::string(url.store) + "/" + url.file)) << url.url;
+    for (const frontend::SampleValue& value : frontend::sampleValues())
+        EXPECT_EQ(all.count(inRegistry(value)), 1U) << inRegistry(value);
 }
 
 TEST_F(SampleMachine, NamesNothingTwice) {
     std::map<std::string, int> names;
-    for (const SampleFile& file : sampleFiles()) ++names[onDisk(file.path)];
-    for (const SampleText& file : sampleTexts()) ++names[onDisk(file.path)];
-    for (const SampleFolder& folder : sampleFolders()) ++names[onDisk(folder.path)];
-    for (const SampleValue& value : sampleValues()) ++names[inRegistry(value)];
+    for (const frontend::SampleFile& file : frontend::sampleFiles()) ++names[onDisk(file.path)];
+    for (const frontend::SampleText& file : frontend::sampleTexts()) ++names[onDisk(file.path)];
+    for (const frontend::SampleFolder& folder : frontend::sampleFolders()) ++names[onDisk(folder.path)];
+    for (const frontend::SampleValue& value : frontend::sampleValues()) ++names[inRegistry(value)];
     for (const auto& [name, count] : names) EXPECT_EQ(count, 1) << name;
 }
 
 TEST_F(SampleMachine, CountsItsTimesBackFromNow) {
     const std::time_t now = std::time(nullptr);
-    for (const SampleFile& file : sampleFiles()) {
+    for (const frontend::SampleFile& file : frontend::sampleFiles()) {
         struct stat info {};
         ASSERT_EQ(::lstat(place(file.path).c_str(), &info), 0) << file.path;
         EXPECT_NEAR(static_cast<double>(now - info.st_mtime), file.ageDays * 86400.0, 120) << file.path;
@@ -112,8 +118,8 @@ TEST_F(SampleMachine, ShowsTheUnitsOfEveryBin) {
     platform::RecycleBinInfo bin;
     ASSERT_EQ(platform->platform().shell.SHQueryRecycleBinA("", bin), 0);
     std::uint64_t bytes = 0;
-    for (const SampleUnit& unit : sampleUnits()) bytes += unit.bytes;
-    EXPECT_EQ(bin.items, sampleUnits().size());
+    for (const frontend::SampleUnit& unit : frontend::sampleUnits()) bytes += unit.bytes;
+    EXPECT_EQ(bin.items, frontend::sampleUnits().size());
     EXPECT_EQ(bin.bytes, bytes);
 }
 
@@ -122,8 +128,8 @@ TEST_F(SampleMachine, ShowsTheEntriesOfTheBrowsersCacheWithTheirFiles) {
     platform::Platform services = platform->platform();
     std::map<std::string, platform::UrlCacheEntry> entries;
     for (const platform::UrlCacheEntry& entry : services.browserCache.entries()) entries[entry.sourceUrlName] = entry;
-    EXPECT_EQ(entries.size(), sampleUrls().size());
-    for (const SampleUrl& url : sampleUrls()) {
+    EXPECT_EQ(entries.size(), frontend::sampleUrls().size());
+    for (const frontend::SampleUrl& url : frontend::sampleUrls()) {
         ASSERT_EQ(entries.count(url.url), 1U) << url.url;
         const std::string& local = entries[url.url].localFileName;
         EXPECT_EQ(local.empty(), *url.file == '\0') << url.url;
@@ -135,16 +141,16 @@ TEST_F(SampleMachine, ShowsTheEntriesOfTheBrowsersCacheWithTheirFiles) {
 
 // Every group has something to do, alone too, and something to leave.
 TEST_F(SampleMachine, HasTracesForEveryGroup) {
-    for (const SampleGroup& group : sampleGroups()) {
+    for (const frontend::SampleGroup& group : frontend::sampleGroups()) {
         const auto has = [&](const auto& rows) {
             return std::any_of(rows.begin(), rows.end(), [&](const auto& row) { return row.takenBy == group.bit; });
         };
-        EXPECT_TRUE(has(sampleFiles()) || has(sampleValues())) << group.bit;
+        EXPECT_TRUE(has(frontend::sampleFiles()) || has(frontend::sampleValues())) << group.bit;
     }
 }
 
 TEST_F(SampleMachine, IsRefusedWhereSomethingIsAlready) {
-    EXPECT_FALSE(createSampleMachine(here / "machine", error));
+    EXPECT_FALSE(frontend::createSampleMachine(here / "machine", error));
     EXPECT_NE(error, "");
     EXPECT_TRUE(there("drive_c/Windows/win.ini"));
 }
@@ -172,18 +178,18 @@ TEST_F(SampleProgram, BringsListsThatNobodyIsRefused) {
         }
         EXPECT_EQ(list.ListCount(), 2 * static_cast<int>(entries.size()));
     };
-    expectList(options.lstFolders, sampleOwnFolders(), options.chkActivateOwnFolder, options.txtAddFolderPath,
+    expectList(options.lstFolders, frontend::sampleOwnFolders(), options.chkActivateOwnFolder, options.txtAddFolderPath,
                options.cmdAddFolderPath);
-    expectList(options.lstFiles, sampleOwnFiles(), options.chkActivateOwnFiles, options.txtAddFilePath,
+    expectList(options.lstFiles, frontend::sampleOwnFiles(), options.chkActivateOwnFiles, options.txtAddFilePath,
                options.cmdAddFilePath);
-    expectList(options.lstSearchMasks, sampleMasks(), options.chkSearchTasks, options.txtSearchMask,
+    expectList(options.lstSearchMasks, frontend::sampleMasks(), options.chkSearchTasks, options.txtSearchMask,
                options.cmdAddSearchMask);
     EXPECT_TRUE(settings::masksThatMatchEveryName(program).empty());
     EXPECT_TRUE(settings::splitLinesOfLists(program).empty());
 }
 
 TEST_F(SampleProgram, TicksPlugInsThatAreDelivered) {
-    for (const char* name : samplePlugIns()) {
+    for (const char* name : frontend::samplePlugIns()) {
         EXPECT_TRUE(fs::exists(here / ("program/PlugIns/" + std::string(name) + ".tdp"))) << name;
     }
     const std::string ticks = here.content("program/td_apps.ini");
@@ -192,27 +198,27 @@ TEST_F(SampleProgram, TicksPlugInsThatAreDelivered) {
 
 TEST_F(SampleProgram, NeverTouchesAFolderWithSettings) {
     here.file("mine/td_folders.dat", "C:\\Mine\r\n");
-    EXPECT_FALSE(createSample(here / "another", here / "mine", error));
+    EXPECT_FALSE(frontend::createSample(here / "another", here / "mine", error));
     EXPECT_NE(error.find("mine"), std::string::npos) << error;
     EXPECT_FALSE(here.has("another")) << "no machine either";
     EXPECT_EQ(here.content("mine/td_folders.dat"), "C:\\Mine\r\n");
     EXPECT_FALSE(here.has("mine/td_apps.ini"));
 
     here.file("a file");
-    EXPECT_FALSE(createSample(here / "another", here / "a file", error));
+    EXPECT_FALSE(frontend::createSample(here / "another", here / "a file", error));
     EXPECT_FALSE(here.has("another"));
 
     // The machine's own directory is no longer empty when its turn comes.
-    EXPECT_FALSE(createSample(here / "both", here / "both", error));
+    EXPECT_FALSE(frontend::createSample(here / "both", here / "both", error));
     EXPECT_FALSE(here.has("both/td_apps.ini"));
 }
 
 TEST_F(SampleProgram, FillsAnEmptyFolderAndIsNoMust) {
     here.folder("empty");
-    EXPECT_TRUE(createSample(here / "second", here / "empty", error)) << error;
+    EXPECT_TRUE(frontend::createSample(here / "second", here / "empty", error)) << error;
     EXPECT_TRUE(here.has("empty/td_ftypes.dat"));
     EXPECT_TRUE(here.has("empty/td_ban.dat"));
-    EXPECT_TRUE(createSample(here / "third", "", error)) << error;
+    EXPECT_TRUE(frontend::createSample(here / "third", "", error)) << error;
     EXPECT_TRUE(here.has("third/drive_c"));
 }
 

@@ -119,6 +119,29 @@ RegResult RegistryInTree::hivePlace(HKey hive, RegistryTree& tree, Place& place)
     return kOk;
 }
 
+// The path below the root, without it.
+std::string RegistryInTree::pathBelowRoot(const RegistryKey& key) {
+    if (key.parent() == nullptr) return {};
+    return pathBelowRoot(*key.parent()) + "\\" + key.name();
+}
+
+void RegistryInTree::replaceTree(RegistryTree&& fresh) {
+    for (auto& [handle, place] : handles_) {
+        if (place.tree != &tree_ || place.key->deleted) continue;
+        if (const RegistryKeyPtr same = fresh.find(pathBelowRoot(*place.key))) {
+            place.key = same;
+        } else {
+            place.key = std::make_shared<RegistryKey>(place.key->name());
+            place.key->deleted = true;
+        }
+    }
+    tree_ = std::move(fresh);
+}
+
+ChangeLeave RegistryInTree::leaveFor(const Place& place) const {
+    return ask_ && place.tree == &tree_ ? ask_() : ChangeLeave::Granted;
+}
+
 RegResult RegistryInTree::placeOf(HKey handle, Place& place) {
     load();
     handle = plainHandle(handle);
@@ -217,6 +240,9 @@ RegResult RegistryInTree::RegCreateKeyExA(HKey parent, const std::string& path, 
         if (place.key->depth() + parts.size() - there > kDeepestKey) return kBadParameter;
         // Below the roots' common root only files are mounted.
         if (place.key == place.tree->users()) return kBadParameter;
+        const ChangeLeave leave = leaveFor(place);
+        if (leave == ChangeLeave::Denied) return kDenied;
+        if (leave == ChangeLeave::ReadAnew) return RegCreateKeyExA(parent, path, access, key, created);
         for (; there < parts.size(); ++there) place.key = place.key->findOrAdd(parts[there]);
         place.key->markChanged();
         created = true;
@@ -281,6 +307,9 @@ RegResult RegistryInTree::RegDeleteKeyA(HKey parent, const std::string& path) {
     if (const RegResult result = placeOf(parent, place); result != kOk) return result;
     if (const RegResult result = walk(place, path, false, place); result != kOk) return result;
     if (place.throughLink || place.key->denied || place.key->isRoot || !place.key->children().empty()) return refused();
+    const ChangeLeave leave = leaveFor(place);
+    if (leave == ChangeLeave::Denied) return refused();
+    if (leave == ChangeLeave::ReadAnew) return RegDeleteKeyA(parent, path);
     removeCounted(place.key, *place.tree);
     return kOk;
 }
@@ -302,6 +331,9 @@ RegResult RegistryInTree::SHDeleteKeyA(HKey parent, const std::string& path) {
     if (const RegResult result = placeOf(parent, place); result != kOk) return result;
     if (const RegResult result = walk(place, path, false, place); result != kOk) return result;
     if (place.throughLink) return refused();
+    const ChangeLeave leave = leaveFor(place);
+    if (leave == ChangeLeave::Denied) return refused();
+    if (leave == ChangeLeave::ReadAnew) return SHDeleteKeyA(parent, path);
     return deleteTree(place.key, *place.tree);
 }
 
@@ -312,6 +344,9 @@ RegResult RegistryInTree::RegDeleteValueA(HKey key, const std::string& name) {
     if ((place.access & kSetValue) == 0) return isThere ? refused() : kDenied;
     if (!isThere) return kNotFound;
     if (place.throughLink || place.key->denied) return refused();
+    const ChangeLeave leave = leaveFor(place);
+    if (leave == ChangeLeave::Denied) return refused();
+    if (leave == ChangeLeave::ReadAnew) return RegDeleteValueA(key, name);
     if (removed_.each) tellValue(shownPath(*place.key, *place.tree), place.key->findValue(untilNul(name))->name);
     place.key->removeValue(untilNul(name));
     ++removed_.totals.values;
@@ -340,7 +375,13 @@ RegResult RegistryInTree::RegSetValueExA(HKey key, const std::string& name, std:
     if (place.key->denied) return kDenied;
     const std::string_view wanted = untilNul(name);
     if (wanted.size() > kLongestValueName && utf16Length(wanted) > kLongestValueName) return kBadParameter;
-    place.key->set(wanted, type, storedData(type, data, codePage_));
+    std::string bytes = storedData(type, data, codePage_);
+    const RegistryValue* const there = place.key->findValue(wanted);
+    if (there != nullptr && there->type == type && there->data == bytes) return kOk;
+    const ChangeLeave leave = leaveFor(place);
+    if (leave == ChangeLeave::Denied) return kDenied;
+    if (leave == ChangeLeave::ReadAnew) return RegSetValueExA(key, name, type, data);
+    place.key->set(wanted, type, std::move(bytes));
     return kOk;
 }
 

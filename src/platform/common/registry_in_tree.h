@@ -22,6 +22,9 @@
 
 namespace tidvane::platform {
 
+// What the owner of the tree says to a change: it must not be; it may be; it may be, of a tree that was read anew.
+enum class ChangeLeave { Denied, Granted, ReadAnew };
+
 class RegistryInTree : public RegistryApi {
 public:
     RegistryInTree(RegistryTree& tree, RemovalCounter& removed, int codePage = 1252)
@@ -30,6 +33,12 @@ public:
     // Called once, before the first operation on a key: large files are read when somebody asks for them.
     void loadOnFirstUse(std::function<void()> load) { load_ = std::move(load); }
     void setCodePage(int number) { codePage_ = base::CodePage(number); }
+    // Asked in front of every change of the local tree, once it is clear that there is something to change. Denied: 5,
+    // and nothing has changed.
+    void askBeforeChange(std::function<ChangeLeave()> ask) { ask_ = std::move(ask); }
+    // Puts another tree in the place of this one. Open handles lead to the keys of the same paths; to a deleted key
+    // where there is none any more.
+    void replaceTree(RegistryTree&& fresh);
 
     // Faults for tests: a key that no one may open, change or delete. True: it was there.
     bool deny(HKey hive, const std::string& path, bool denied = true);
@@ -69,14 +78,17 @@ private:
     RegResult deleteTree(const RegistryKeyPtr& key, const RegistryTree& tree);
     void removeCounted(const RegistryKeyPtr& key, const RegistryTree& tree);
     void tellValue(const std::string& keyPath, const std::string& name) const;
+    static std::string pathBelowRoot(const RegistryKey& key);
     static std::string shownPath(const RegistryKey& key, const RegistryTree& tree);
     RegResult refused();
+    [[nodiscard]] ChangeLeave leaveFor(const Place& place) const;
     HKey newHandle(Place place);
 
     RegistryTree& tree_;
     RemovalCounter& removed_;
     base::CodePage codePage_;
     std::function<void()> load_;
+    std::function<ChangeLeave()> ask_;
     std::unordered_map<HKey, Place> handles_;
     HKey nextHandle_ = 0x100;
     std::map<std::string, RegistryTree> remote_;

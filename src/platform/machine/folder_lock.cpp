@@ -24,6 +24,10 @@ LockAnswer lockFolder(int folder) {
     return errno == EWOULDBLOCK ? LockAnswer::Held : LockAnswer::Unsupported;
 }
 
+void unlockFolder(int folder) {
+    (void)::flock(folder, LOCK_UN);
+}
+
 LockAnswer lockFile(int file) {
     if (ability == LockAbility::Nothing) return LockAnswer::Unsupported;
     // Of the open file, not of the process: two machines of one process keep each other out, and reading the same file

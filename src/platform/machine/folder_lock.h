@@ -11,6 +11,7 @@ enum class LockAnswer {
 
 // Locks an open folder. The lock leaves nothing behind and ends with the descriptor.
 LockAnswer lockFolder(int folder);
+void unlockFolder(int folder);
 // Locks an open file, which has to be open for writing. For volumes that lock files but no folders (NFS).
 LockAnswer lockFile(int file);
 

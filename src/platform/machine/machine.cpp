@@ -71,7 +71,6 @@ bool Machine::isMachine(const std::string& directory) {
 
 std::unique_ptr<Machine> Machine::open(const std::string& directory, Access access, std::string& error) {
     std::unique_ptr<Machine> machine(new Machine);
-    machine->access_ = access;
     machine->directory_ = realPlace(directory);
     machine->handle_ = openDirectory(machine->directory_.empty() ? directory : machine->directory_);
     if (!machine->handle_) {
@@ -89,18 +88,7 @@ std::unique_ptr<Machine> Machine::open(const std::string& directory, Access acce
             "a machine in an empty directory.";
         return nullptr;
     }
-    if (access == Access::Write) {
-        if (!mayWrite(handle)) {
-            error = quoted(directory) + " may not be written to; check its rights, or run as its owner.";
-            return nullptr;
-        }
-        if (hasWineServer(machine->directory_)) {
-            error = inUse(directory);
-            return nullptr;
-        }
-        if (!machine->lock(directory, error)) return nullptr;
-        removeStaleReplacements(handle);
-    }
+    if (access == Access::Write && !machine->takeFor(directory, error)) return nullptr;
     std::string problem;
     if (!machine->registry_.read(handle, problem)) {
         error = "The registry of " + quoted(directory) + " cannot be used: " + problem;
@@ -111,6 +99,55 @@ std::unique_ptr<Machine> Machine::open(const std::string& directory, Access acce
         return nullptr;
     }
     return machine;
+}
+
+// `shown`: the directory as its user knows it.
+bool Machine::mayBeTaken(const std::string& shown, std::string& error) const {
+    if (!mayWrite(handle_.get())) {
+        error = quoted(shown) + " may not be written to; check its rights, or run as its owner.";
+        return false;
+    }
+    if (hasWineServer(directory_)) {
+        error = inUse(shown);
+        return false;
+    }
+    return true;
+}
+
+bool Machine::takeFor(const std::string& shown, std::string& error) {
+    if (!mayBeTaken(shown, error) || !lock(shown, error)) return false;
+    removeStaleReplacements(handle_.get());
+    access_ = Access::Write;
+    return true;
+}
+
+std::string Machine::whyNotTaken() const {
+    std::string error;
+    return mayBeTaken(directory_, error) ? std::string() : error;
+}
+
+bool Machine::take(const std::function<void(RegistryTree&&)>& replace, std::string& error) {
+    if (taken()) return mayBeTaken(directory_, error);
+    FolderIdentity now;
+    FolderIdentity then;
+    const Handle there = openDirectory(directory_);
+    if (!there || !identify(there.get(), now) || !identify(handle_.get(), then) || !now.sameFolder(then)) {
+        error = quoted(directory_) + " was moved or replaced meanwhile; start again.";
+        return false;
+    }
+    if (!takeFor(directory_, error)) return false;
+    std::string problem;
+    if (registryIsCurrent() || registry_.readAnew(handle_.get(), replace, problem)) return true;
+    error = "The registry of " + quoted(directory_) + " cannot be used any more: " + problem;
+    release();
+    return false;
+}
+
+void Machine::release() {
+    if (!taken()) return;
+    unlockFolder(handle_.get());
+    lockedFile_.reset();
+    access_ = Access::Read;
 }
 
 // The folder, or where the volume locks none, system.reg. A commit replaces that file and so gives the lock free a

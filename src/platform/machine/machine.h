@@ -1,6 +1,7 @@
 // A Windows system in a directory of the host: a Wine prefix, or a machine of Tidvane's own of the same shape.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -48,6 +49,21 @@ public:
     // Empty: it cannot be opened, or another folder stands in its place by now.
     [[nodiscard]] Handle openDrive(const MachineDrive& drive) const;
 
+    // A machine that was opened for reading is taken for changes for a while, as if it had been opened for writing: the
+    // same refusals, the same lock. Where the registry's files changed since they were read they are read anew, through
+    // `replace` (see MachineRegistry); what was changed here and not written is dropped then. False: `error` is one
+    // sentence, and nothing is taken. A machine that is taken is only looked at for a Wine server.
+    bool take(const std::function<void(RegistryTree&&)>& replace, std::string& error);
+    [[nodiscard]] bool taken() const { return access_ == Access::Write; }
+    // From here on it is open for reading again, and others may take it.
+    void release();
+    // Empty: take() would not be refused for its rights or a Wine server. Otherwise its sentence.
+    [[nodiscard]] std::string whyNotTaken() const;
+    bool readAnew(const std::function<void(RegistryTree&&)>& replace, std::string& error) {
+        return registry_.readAnew(handle_.get(), replace, error);
+    }
+    [[nodiscard]] bool registryIsCurrent() const { return registry_.isCurrent(handle_.get()); }
+
     // Writes the changed registry files back, each atomically. InUse, and nothing is written: another program changed
     // one of them, or has the registry open by now. Denied: opened for reading.
     Status commit(std::string& error);
@@ -56,6 +72,8 @@ private:
     Machine() = default;
     bool findDrives(std::string& error);
     void findDrive(char letter);
+    [[nodiscard]] bool mayBeTaken(const std::string& shown, std::string& error) const;
+    bool takeFor(const std::string& shown, std::string& error);
     bool lock(const std::string& directory, std::string& error);
     [[nodiscard]] Handle openBelow(const std::string& place, bool& listable) const;
     DriveType driveType(char letter) const;

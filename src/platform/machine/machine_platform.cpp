@@ -64,7 +64,9 @@ MachinePlatform::MachinePlatform(std::unique_ptr<Machine> machine, const Machine
       processes_(options.programFolder, browserCache_),
       previewProcesses_(options.preview
                             ? std::make_unique<PreviewProcesses>(browserCache_, PreviewProcesses::Starts::Nothing)
-                            : nullptr) {}
+                            : nullptr) {
+    if (options.takeAtFirstChange && !options.preview) registry_.askBeforeChange([this] { return leaveForChange(); });
+}
 
 std::unique_ptr<MachinePlatform> MachinePlatform::make(std::unique_ptr<Machine> machine, const MachineOptions& options,
                                                        std::string& error) {
@@ -99,6 +101,31 @@ void MachinePlatform::setWarningSink(const WarningSink& warn) {
     warn_ = warn;
     guard_.setSink(warn);
     guardedRegistry_.setSink(warn);
+}
+
+bool MachinePlatform::take(std::string& error) {
+    if (!machine_->take([this](RegistryTree&& fresh) { registry_.replaceTree(std::move(fresh)); }, error)) return false;
+    toldRefusal_.clear();
+    return true;
+}
+
+bool MachinePlatform::readAnew() {
+    std::string ignored;
+    return machine_->readAnew([this](RegistryTree&& fresh) { registry_.replaceTree(std::move(fresh)); }, ignored);
+}
+
+void MachinePlatform::release() {
+    machine_->release();
+}
+
+// A Wine server is looked for when the machine is taken and when the registry is written, not at every value between.
+ChangeLeave MachinePlatform::leaveForChange() {
+    if (machine_->taken()) return ChangeLeave::Granted;
+    std::string error;
+    if (take(error)) return ChangeLeave::ReadAnew;
+    if (warn_ && error != toldRefusal_) warn_({WarningKind::Other, machine_->directory(), error});
+    toldRefusal_ = error;
+    return ChangeLeave::Denied;
 }
 
 Status MachinePlatform::commit(std::string& error) {

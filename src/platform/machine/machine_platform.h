@@ -31,6 +31,8 @@ struct MachineOptions {
     // Everything is tried out and nothing done: no file, no registry file and no program is touched, commit() stores
     // nothing and says Ok. The counter ends at what the same calls would really have removed.
     bool preview = false;
+    // The machine is open for reading and shared with others: the first change of the registry takes it (see take()).
+    bool takeAtFirstChange = false;
 };
 
 // Where the program's folder is shown on the machine.
@@ -49,6 +51,14 @@ public:
     HookedEvents& events() { return events_; }
     void setWarningSink(const WarningSink& warn);
 
+    // Takes the machine for changes until release(); see Machine. The services see a registry that was read anew, and
+    // open keys stay open.
+    bool take(std::string& error);
+    void release();
+    // Drops what was changed in the registry and not written, for what lies on the disk. False: that cannot be read,
+    // and nothing has changed.
+    bool readAnew();
+
     // Writes the registry back. Nothing else does: whoever ends the program calls it, and a preview has no more to do
     // than to leave it out. What could not be written is told through the warning sink as well.
     Status commit(std::string& error);
@@ -56,8 +66,11 @@ public:
 private:
     MachinePlatform(std::unique_ptr<Machine> machine, const MachineOptions& options);
 
+    ChangeLeave leaveForChange();
+
     std::unique_ptr<Machine> machine_;
     WarningSink warn_;
+    std::string toldRefusal_;  // why the machine could not be taken; told once
     int codePage_;
     RemovalCounter removed_;
     EnvironmentInMap environment_;

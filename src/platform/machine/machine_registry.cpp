@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -78,6 +79,21 @@ bool MachineRegistry::read(int directory, std::string& error) {
     tree_->mount("Machine", files_[0].content->root());
     tree_->mount("User\\" + sid, files_[1].content->root());
     if (files_.size() > 2) tree_->mount("User\\.Default", files_[2].content->root());
+    return true;
+}
+
+bool MachineRegistry::isCurrent(int directory) const {
+    return std::all_of(files_.begin(), files_.end(), [directory](const File& file) {
+        struct stat now {};
+        return ::fstatat(directory, file.name.c_str(), &now, AT_SYMLINK_NOFOLLOW) == 0 && sameFile(now, file.read);
+    });
+}
+
+bool MachineRegistry::readAnew(int directory, const std::function<void(RegistryTree&&)>& replace, std::string& error) {
+    MachineRegistry fresh;
+    if (!fresh.read(directory, error)) return false;
+    replace(std::move(*fresh.tree_));
+    files_ = std::move(fresh.files_);
     return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +23,12 @@ public:
     bool read(int directory, std::string& error);
 
     RegistryTree& tree() { return *tree_; }
+    // Whether the files are still those that were read or written last.
+    [[nodiscard]] bool isCurrent(int directory) const;
+    // Reads them once more. What was changed and not written is dropped. `replace` puts the tree that was read in the
+    // place of the contents of tree(), which itself stays the same object. False: nothing has changed here; `error` is
+    // one sentence.
+    bool readAnew(int directory, const std::function<void(RegistryTree&&)>& replace, std::string& error);
     // The SID of the user whose file this is.
     [[nodiscard]] const std::string& userSid() const { return tree_->userSid(); }
     [[nodiscard]] bool changed() const;

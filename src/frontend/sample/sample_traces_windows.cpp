@@ -1,9 +1,9 @@
 // Traces of Windows itself, and of what people keep.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -209,4 +209,4 @@ std::span<const SampleUnit> sampleUnits() {
     return kUnits;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,9 +1,9 @@
 // Traces of Chrome, from the files of 2010 to those of today, in one profile; and a second profile.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -108,4 +108,4 @@ SampleTables chromeTraces() {
     return {kFiles, kFolders, {}, {}};
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 // In a directory that does not exist yet or is empty. All times are counted back from now. False: `error` is one
 // sentence.
@@ -13,4 +13,4 @@ bool createSampleMachine(const std::string& directory, std::string& error);
 // refused, and nothing is made.
 bool createSample(const std::string& directory, const std::string& program, std::string& error);
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,10 +1,10 @@
-#include "console/sample_traces.h"
+#include "frontend/sample/sample_traces.h"
 
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -63,4 +63,4 @@ const std::vector<SampleValue>& sampleValues() {
     return kAll;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

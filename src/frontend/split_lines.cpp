@@ -1,8 +1,8 @@
-#include "console/split_lines.h"
+#include "frontend/split_lines.h"
 
 #include <algorithm>
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -23,4 +23,4 @@ std::string tellSplitLines(const std::vector<settings::SplitLine>& lines) {
     return text;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,9 +1,9 @@
 // Traces of Safari 4 and 5 for Windows.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -45,4 +45,4 @@ SampleTables safariTraces() {
     return {kFiles, {}, {}, {}};
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

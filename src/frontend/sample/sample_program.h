@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 // Whether there is nothing yet in the way of settings: no such folder, or an empty one. False: `error` is one sentence.
 bool isNewProgramFolder(const std::string& folder, std::string& error);
@@ -12,4 +12,4 @@ bool isNewProgramFolder(const std::string& folder, std::string& error);
 // written over. False: `error` is one sentence.
 bool createSampleProgram(const std::string& folder, std::string& error);
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,9 +1,9 @@
 // The parts of the sample's tables, from the files that hold them.
 #pragma once
 
-#include "console/sample_traces.h"
+#include "frontend/sample/sample_traces.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 struct SampleTables {
     std::span<const SampleFile> files;
@@ -22,4 +22,4 @@ SampleTables officeTraces();
 SampleTables plugInTraces();
 SampleTables ownListTraces();
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

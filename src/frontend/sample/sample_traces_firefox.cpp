@@ -1,9 +1,9 @@
 // Traces of Firefox, from the files of version 2 to those of today, in one profile; and a second profile.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -131,4 +131,4 @@ SampleTables firefoxTraces() {
     return {kFiles, kFolders, {}, kTexts};
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,4 +1,4 @@
-#include "console/places.h"
+#include "frontend/places.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -15,7 +15,7 @@
 #include "platform/machine/directory_handle.h"
 #include "platform/machine/whole_file.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace fs = std::filesystem;
 namespace machine = platform::machine;
@@ -163,4 +163,4 @@ bool fillProgramFolder(const std::string& folder, const std::string& delivered, 
     return true;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

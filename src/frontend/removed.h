@@ -3,7 +3,7 @@
 
 #include "platform/removal_counter.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 inline platform::RemovalTotals removedSince(const platform::RemovalTotals& before,
                                             const platform::RemovalCounter& counter) {
@@ -16,4 +16,4 @@ inline bool removedSomething(const platform::RemovalTotals& totals) {
     return totals.files + totals.folders + totals.keys + totals.values > 0;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,9 +1,9 @@
 // Traces for some of the delivered plug-ins.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -197,4 +197,4 @@ std::span<const char* const> samplePlugIns() {
     return kPlugIns;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,9 +1,9 @@
 // Traces for the user's own lists and for the junk search, and these lists.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -112,4 +112,4 @@ std::span<const char* const> sampleMasks() {
     return kMasks;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

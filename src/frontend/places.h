@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 // $XDG_DATA_HOME/tidvane, or ~/.local/share/tidvane. Empty when neither variable tells a home.
 std::string userDataDirectory();
@@ -21,4 +21,4 @@ std::string deliveredData();
 // cannot be put in stays missing. Any other folder that holds something is left alone.
 bool fillProgramFolder(const std::string& folder, const std::string& delivered, std::string& error);
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

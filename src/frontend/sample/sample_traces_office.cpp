@@ -1,9 +1,9 @@
 // Lists of recent files of Microsoft Office, 2000 (9.0), XP (10.0), 2003 (11.0) and 2007 (12.0), and of FrontPage.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -135,4 +135,4 @@ SampleTables officeTraces() {
     return {{}, {}, kValues, {}};
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,4 +1,4 @@
-#include "console/places.h"
+#include "frontend/places.h"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -13,7 +13,7 @@
 
 #include "support/host_directory.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 namespace {
 
 class Places : public ::testing::Test {
@@ -182,4 +182,4 @@ TEST_F(Places, DeliverThePlugInsByteForByte) {
 }
 
 }  // namespace
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,4 +1,4 @@
-#include "console/sample_machine.h"
+#include "frontend/sample/sample_machine.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "base/text.h"
-#include "console/sample_program.h"
-#include "console/sample_traces.h"
+#include "frontend/sample/sample_program.h"
+#include "frontend/sample/sample_traces.h"
 #include "platform/common/url_cache_builder.h"
 #include "platform/common/utf16.h"
 #include "platform/machine/machine.h"
@@ -22,7 +22,7 @@
 #include "platform/machine/recycle_record.h"
 #include "platform/machine/whole_file.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace fs = std::filesystem;
 namespace machine = platform::machine;
@@ -256,4 +256,4 @@ bool createSample(const std::string& directory, const std::string& program, std:
     return createSampleMachine(directory, error) && (program.empty() || createSampleProgram(program, error));
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,9 +1,9 @@
 // Traces of Opera 9 to 12, and what the Opera of today has in other places.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -106,4 +106,4 @@ SampleTables operaTraces() {
     return {kFiles, kFolders, {}, {}};
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,4 +1,4 @@
-#include "console/sample_program.h"
+#include "frontend/sample/sample_program.h"
 
 #include <fcntl.h>
 
@@ -10,12 +10,12 @@
 #include <system_error>
 
 #include "base/text.h"
-#include "console/places.h"
-#include "console/sample_traces.h"
+#include "frontend/places.h"
+#include "frontend/sample/sample_traces.h"
 #include "platform/machine/directory_handle.h"
 #include "platform/machine/whole_file.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace fs = std::filesystem;
 namespace machine = platform::machine;
@@ -72,4 +72,4 @@ bool createSampleProgram(const std::string& folder, std::string& error) {
     return true;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,9 +1,9 @@
 // Traces of Internet Explorer: its cache, cookies and history with their indexes, its lists and its folders.
 #include <array>
 
-#include "console/sample_trace_tables.h"
+#include "frontend/sample/sample_trace_tables.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 namespace {
 
@@ -138,4 +138,4 @@ std::span<const SampleUrl> sampleUrls() {
     return kUrls;
 }
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

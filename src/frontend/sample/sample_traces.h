@@ -6,7 +6,7 @@
 
 #include "platform/file_system.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 // What <user> stands for in the tables.
 inline constexpr const char* kSampleUser = "Anna";
@@ -116,4 +116,4 @@ std::span<const char* const> sampleOwnFiles();    // registry keys too
 std::span<const char* const> sampleMasks();
 std::span<const char* const> samplePlugIns();  // the delivered plug-ins that find something here, by name
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

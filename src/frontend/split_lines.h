@@ -6,10 +6,10 @@
 
 #include "settings/own_entries.h"
 
-namespace tidvane::console {
+namespace tidvane::frontend {
 
 // Each line with its file and below it what is read of it, for the front of a question. Of many the first ones and how
 // many there are more. Empty: there are none.
 std::string tellSplitLines(const std::vector<settings::SplitLine>& lines);
 
-}  // namespace tidvane::console
+}  // namespace tidvane::frontend

@@ -1,0 +1,109 @@
+#include "frontend/confirmations.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/text.h"
+#include "frontend/guards.h"
+#include "frontend/own_masks.h"
+#include "frontend/split_lines.h"
+#include "registry/clear_registry_tree.h"
+#include "settings/frmOptions.h"
+#include "settings/list_files.h"
+#include "settings/own_entries.h"
+
+namespace tidvane::frontend {
+
+namespace {
+
+constexpr std::size_t kTold = 10;
+constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kTitle = "Tidvane";
+
+// A sentence without its end; empty: no matter.
+std::string everyNameMatches(settings::Program& program) {
+    if (!program.get<settings::frmOptions>().chkSearchTasks.ticked()) return {};
+    std::string masks;
+    for (const std::string& mask : settings::masksThatMatchEveryName(program)) {
+        masks += (masks.empty() ? "\"" : ", \"") + mask + "\"";
+    }
+    if (masks.empty()) return {};
+    return "The junk search would remove every file of its drives, since every name matches " + masks;
+}
+
+// 0: there is no such file, or it does not tell.
+platform::FileTime lastWritten(platform::FileSystem& files, const std::string& path) {
+    platform::FileTimes times;
+    return files.FileExists(path) && platform::ok(files.GetFileTimes(path, times)) ? times.lastWrite : 0;
+}
+
+}  // namespace
+
+std::string questionOfMasks(settings::Program& program) {
+    const std::string matches = everyNameMatches(program);
+    return matches.empty() ? matches : matches + "." + kLineEnd + kLineEnd + "Clean all the same?";
+}
+
+std::string refusalOfMasks(settings::Program& program) {
+    const std::string matches = everyNameMatches(program);
+    if (matches.empty()) return {};
+    return matches + "; take that out with \"lists remove masks\", untick chkSearchTasks, or give --force.";
+}
+
+std::string questionOfChangedLines(settings::Program& program) {
+    const auto& options = program.get<settings::frmOptions>();
+    const std::array gates{&options.chkActivateOwnFolder, &options.chkActivateOwnFiles, &options.chkSearchTasks};
+    std::vector<settings::SplitLine> lines = settings::splitLinesOfLists(program);
+    std::erase_if(lines, [&](const settings::SplitLine& line) {
+        const auto file = std::find(settings::kListFiles.begin(), settings::kListFiles.end(), line.file);
+        return !gates.at(static_cast<std::size_t>(file - settings::kListFiles.begin()))->ticked();
+    });
+    return lines.empty() ? std::string() : tellSplitLines(lines) + kLineEnd + "Clean with these entries?";
+}
+
+std::string questionOfNewerFiles(settings::Program& program, const std::vector<PlannedCopy>& copies) {
+    platform::FileSystem& files = program.platform.files;
+    std::vector<std::string> newer;
+    for (const PlannedCopy& copy : copies) {
+        const platform::FileTime source = lastWritten(files, copy.from);
+        if (source != 0 && lastWritten(files, copy.to) > source) newer.push_back(copy.to);
+    }
+    if (newer.empty()) return {};
+    std::string text = std::string("These files are newer than those that would replace them:") + kLineEnd + kLineEnd;
+    const std::size_t told = std::min(newer.size(), kTold);
+    for (std::size_t at = 0; at < told; ++at) text += newer[at] + kLineEnd;
+    if (newer.size() > told) text += "and " + std::to_string(newer.size() - told) + " more." + kLineEnd;
+    return text + kLineEnd + "Replace them all the same?";
+}
+
+std::string warningOfIdleEntry(settings::Program& program, OwnList list, const std::string& text) {
+    if (list == OwnList::Masks) {
+        if (!canMatchNothing(text)) return {};
+        return "\"" + text + "\" can match no file; a mask is a name with \"*\" and \"?\" in it, as \"*.tmp\".";
+    }
+    const bool files = list == OwnList::Files;
+    if (!files && base::isAbsolutePath(text)) (void)program.platform.files.mayEmpty(text);
+    if (base::isAbsolutePath(text) || (files && registry::namesRegistryKey(text))) return {};
+    return "\"" + text + "\" is not a full path with a drive or a share" +
+           (files ? ", nor a key from its root's full name on (\"HKEY_CURRENT_USER\\...\")" : "") +
+           "; a run does nothing with it.";
+}
+
+bool agrees(forms::Display& display, const std::string& question) {
+    const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
+    return question.empty() || display.MsgBox(question, style, kTitle) == forms::msgbox::Yes;
+}
+
+bool allowsRun(settings::Program& program) {
+    if (const std::string refusal = whyNotToRun(program, FrontEnd::Windows); !refusal.empty()) {
+        (void)program.MsgBox(refusal, forms::msgbox::Exclamation, kTitle);
+        return false;
+    }
+    const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
+    for (const std::string& question : {questionOfMasks(program), questionOfChangedLines(program)}) {
+        if (!question.empty() && program.MsgBox(question, style, kTitle) != forms::msgbox::Yes) return false;
+    }
+    return true;
+}
+
+}  // namespace tidvane::frontend

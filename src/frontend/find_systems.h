@@ -1,0 +1,50 @@
+// The Windows systems of this host, for a window in which one of them is chosen.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tidvane::frontend {
+
+enum class SystemKind { Embedded, Wine, Steam, Lutris, Bottles, PlayOnLinux, CrossOver, Volume };
+
+// The name of a kind, for a column: "Steam", "Windows volume".
+const char* kindName(SystemKind kind);
+
+struct FoundSystem {
+    SystemKind kind = SystemKind::Wine;
+    std::string directory;  // canonical; what --machine takes
+    std::string name;       // of the game, the bottle, the volume's label; UTF-8
+};
+
+// Where is looked. Empty texts are places that are passed over.
+struct SearchPlaces {
+    std::string home;        // of the user
+    std::string userData;    // the program's own data directory
+    std::string winePrefix;  // $WINEPREFIX
+    std::string mountTable;  // "/proc/self/mountinfo"
+
+    // Those of this process.
+    static SearchPlaces ofThisHost();
+};
+
+// Looks at folders and small files only; no registry is read. Each directory comes once, whatever ways lead to it: the
+// embedded machine first, then Wine's own prefix, then the others by kind and name. What cannot be read is passed over
+// in silence, and so is what is no directory of the user's: nothing is ever opened for writing, started or mounted.
+std::vector<FoundSystem> findSystems(const SearchPlaces& places);
+
+struct SystemDetails {
+    std::string version;  // "Windows 7 Service Pack 1"; empty: unknown
+    std::string user;
+    std::uint64_t freeBytes = 0;
+    std::uint64_t totalBytes = 0;
+    bool canBeOpened = false;
+    bool inUse = false;   // it can be looked at, and not cleaned now
+    std::string problem;  // one sentence where it cannot be opened or cleaned now
+};
+
+// Opens the system for reading for a moment; some 10 to 100 ms, as large as its registry is.
+SystemDetails describe(const FoundSystem& system);
+
+}  // namespace tidvane::frontend
