@@ -1,6 +1,8 @@
 #include "view/icons.h"
 
+#include <wx/bitmap.h>
 #include <wx/icon.h>
+#include <wx/image.h>
 
 #include <algorithm>
 #include <array>
@@ -41,6 +43,61 @@ std::string drawing(std::string_view text, wxSize size) {
     return sized += text.substr(box);
 }
 
+wxImage rasterised(const wxBitmapBundle& drawing, wxSize size) {
+    return drawing.GetBitmap(size).ConvertToImage();
+}
+
+// wxGTK 3.2.2 leaves the colours of translucent pixels multiplied by their opacity, where the rest of the toolkit takes
+// them as they are: tints turn grey and edges dark. Whether this one does so shows on a half of white.
+bool multipliesColours() {
+    constexpr int kSide = 4;
+    static const bool multiplies = [] {
+        const char* half =
+            "<svg width=\"4\" height=\"4\"><rect width=\"4\" height=\"4\" fill=\"#fff\" fill-opacity=\"0.5\"/></svg>";
+        const wxSize size(kSide, kSide);
+        return rasterised(wxBitmapBundle::FromSVG(half, size), size).GetRed(1, 1) < 200;
+    }();
+    return multiplies;
+}
+
+void divideColours(wxImage& image) {
+    if (!image.HasAlpha()) return;
+    const std::size_t pixels = static_cast<std::size_t>(image.GetWidth()) * static_cast<std::size_t>(image.GetHeight());
+    unsigned char* colour = image.GetData();
+    const unsigned char* alpha = image.GetAlpha();
+    for (std::size_t pixel = 0; pixel < pixels; ++pixel, ++alpha) {
+        for (int part = 0; part < 3; ++part, ++colour) {
+            if (*alpha != 0) *colour = static_cast<unsigned char>(std::min(255, *colour * 255 / *alpha));
+        }
+    }
+}
+
+// A drawing with its own colours.
+class TrueColours final : public wxBitmapBundleImpl {
+public:
+    explicit TrueColours(wxBitmapBundle drawing) : drawing_(std::move(drawing)) {}
+
+    wxSize GetDefaultSize() const override { return drawing_.GetDefaultSize(); }
+    wxSize GetPreferredBitmapSizeAtScale(double scale) const override {
+        return drawing_.GetPreferredBitmapSizeAtScale(scale);
+    }
+    wxBitmap GetBitmap(const wxSize& size) override {
+        // The same size is asked for at each painting.
+        if (!last_.IsOk() || lastSize_ != size) {
+            wxImage image = rasterised(drawing_, size);
+            divideColours(image);
+            last_ = wxBitmap(image);
+            lastSize_ = size;
+        }
+        return last_;
+    }
+
+private:
+    wxBitmapBundle drawing_;
+    wxBitmap last_;
+    wxSize lastSize_;
+};
+
 std::vector<std::string>& askedInVain() {
     static std::vector<std::string> names;
     return names;
@@ -54,7 +111,9 @@ wxBitmapBundle drawn(std::string_view file, wxSize size) {
         if (file != kPainted) askedInVain().emplace_back(file);
         return {};
     }
-    return wxBitmapBundle::FromSVG(drawing(found->content, size).c_str(), size);
+    const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(drawing(found->content, size).c_str(), size);
+    if (!bundle.IsOk() || !multipliesColours()) return bundle;
+    return wxBitmapBundle::FromImpl(new TrueColours(bundle));
 }
 
 }  // namespace

@@ -91,6 +91,42 @@ TEST(Icons, EveryPictureStandsOutFromLightAndDarkGround) {
     }
 }
 
+struct Pixel {
+    int red, green, blue, alpha;
+};
+
+Pixel pixel(const wxImage& image, int x, int y) {
+    return {image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y),
+            image.HasAlpha() ? image.GetAlpha(x, y) : 255};
+}
+
+void expectColour(const Pixel& is, const Pixel& shouldBe) {
+    constexpr int kRounding = 10;  // a tint has few steps
+    EXPECT_NEAR(is.red, shouldBe.red, kRounding);
+    EXPECT_NEAR(is.green, shouldBe.green, kRounding);
+    EXPECT_NEAR(is.blue, shouldBe.blue, kRounding);
+    EXPECT_NEAR(is.alpha, shouldBe.alpha, kRounding);
+}
+
+TEST(Icons, TintsHaveTheColourOfTheirDrawingAndNotAGreyOne) {
+    const wxImage done = imageOf("task-9", wxSize(96, 96));
+    ASSERT_TRUE(done.IsOk());
+    expectColour(pixel(done, 48, 12), {0x2f, 0x9e, 0x49, 255});   // its ring
+    expectColour(pixel(done, 30, 30), {0x2f, 0x9e, 0x49, 0x38});  // its face, 22% of it
+    EXPECT_EQ(pixel(done, 0, 0).alpha, 0);
+}
+
+TEST(Icons, GradientsRunOverTheWholePicture) {
+    const wxImage banner = imageOf("PicStyleDiskSize", wxSize(480, 64));
+    ASSERT_TRUE(banner.IsOk());
+    expectColour(pixel(banner, 1, 4), {0x2a, 0x62, 0xb8, 255});
+    expectColour(pixel(banner, 240, 4), {0x25, 0x89, 0xbe, 255});
+    expectColour(pixel(banner, 478, 4), {0x1f, 0xb0, 0xc4, 255});
+    const wxImage mark = imageOf("tidvane", wxSize(64, 64));
+    expectColour(pixel(mark, 50, 4), {0x1f, 0xae, 0xc4, 255});
+    expectColour(pixel(mark, 50, 36), {0x25, 0x86, 0xbe, 255});
+}
+
 TEST(Icons, PicturesKeepAMarginSoThatNothingIsCut) {
     for (const EmbeddedFile& file : embeddedIcons()) {
         if (!isIcon(file)) continue;
