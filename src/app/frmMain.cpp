@@ -60,6 +60,12 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::cmdClean_Click() {
+    if (!program_.allowsRemoval(settings::Removal::Run)) {
+        // A run that was to start later has had its turn.
+        tmrCleanButton.Enabled = false;
+        cmdClean.Value = false;
+        return;
+    }
     CleaningRun(*this).run();
 }
 

@@ -61,7 +61,7 @@ void frmMain::CleanPlugins() {
 void cleanPlugInsNow(frmMain& main) {
     settings::Program& program = main.program();
     // Not inside a run, which closes this button too.
-    if (!main.cmdClean.Enabled) return;
+    if (!main.cmdClean.Enabled || !program.allowsRemoval(settings::Removal::PlugIns)) return;
     const auto options = [&program]() -> settings::frmOptions& { return program.get<settings::frmOptions>(); };
     const FreeSpaceBefore freeBefore = noteFreeSpaceBefore(program, main.diskSizeDrive());
     main.txtLog.ForeColor = kWindowText;

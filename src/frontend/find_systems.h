@@ -37,14 +37,15 @@ std::vector<FoundSystem> findSystems(const SearchPlaces& places);
 struct SystemDetails {
     std::string version;  // "Windows 7 Service Pack 1"; empty: unknown
     std::string user;
-    std::uint64_t freeBytes = 0;
+    std::uint64_t freeBytes = 0;  // of the volume of drive C:
     std::uint64_t totalBytes = 0;
     bool canBeOpened = false;
-    bool inUse = false;   // it can be looked at, and not cleaned now
-    std::string problem;  // one sentence where it cannot be opened or cleaned now
+    bool canBeCleaned = false;  // now; a running Wine server stands against it, or its rights
+    std::string problem;        // one sentence, where one of the two is false
 };
 
-// Opens the system for reading for a moment; some 10 to 100 ms, as large as its registry is.
+// Opens the system for reading for a moment, which takes as long as its registry is large: some 10 to 100 ms. To be
+// asked entry by entry, behind the first paint.
 SystemDetails describe(const FoundSystem& system);
 
 }  // namespace tidvane::frontend

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -21,6 +22,9 @@ struct ProductVersion {
     int minor = 0;
     int revision = 0;
 };
+
+// The acts of a user that remove something from the machine.
+enum class Removal { Run, PlugIns, Search, Manager };
 
 class Program {
 public:
@@ -67,6 +71,11 @@ public:
     int MsgBox(const std::string& text, int style, const std::string& title);
     // Set while Windows itself ends: no box may hold that up.
     bool unattended = false;
+
+    // What a front end has to say in front of such an act, a message box of its own included. False: it does not
+    // happen. Empty: nothing stands against any of them.
+    std::function<bool(Removal)> mayRemove;
+    bool allowsRemoval(Removal act) { return !mayRemove || mayRemove(act); }
 
     // Unloads every window and ends the program.
     void UnloadAllForms();

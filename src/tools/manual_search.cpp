@@ -39,7 +39,7 @@ std::string frmManualSearch::questionBeforeSearch() {
 }
 
 void frmManualSearch::cmdSearch_Click() {
-    if (searching_) return;
+    if (searching_ || !program_.allowsRemoval(settings::Removal::Search)) return;
     if (asksBeforeSearch) {
         const std::string question = questionBeforeSearch();
         const int style = forms::msgbox::YesNo + forms::msgbox::Exclamation + forms::msgbox::DefaultButton2;
