@@ -67,11 +67,14 @@ void frmDiskSizeStats::toggleLog() {
     if (show) txtLog.setText(program_.get<frmMain>().txtLog.Text());
     txtLog.Visible = show;
     Height = Height + (show ? kLogHeight : -kLogHeight);
+    resized();
 }
 
 void frmDiskSizeStats::resized() {
+    if (State.get() == forms::WindowState::Minimized) return;
+    const int minHeight = kMinHeight + (txtLog.Visible ? kLogHeight : 0);
     if (Width < kMinWidth) Width = kMinWidth;
-    if (Height < kMinHeight) Height = kMinHeight;
+    if (Height < minHeight) Height = minHeight;
 }
 
 void frmDiskSizeStats::openCommunity() {

@@ -44,8 +44,10 @@ public:
 
     static constexpr int kMinWidth = 7200;  // twips
     static constexpr int kMinHeight = 4200;
+    // Behind a change of Width or Height by the user: both are held at their least, which is more while the log is
+    // shown. Nothing while minimised.
     void resized();
-    // The link's colours change under the pointer.
+    // The link's colours change under the pointer: it has come over the link or its picture, or left them.
     void hoverCommunity(bool inside);
 
 private:

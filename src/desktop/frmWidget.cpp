@@ -1,5 +1,7 @@
 #include "desktop/frmWidget.h"
 
+#include <algorithm>
+
 #include "settings/modFormINI.h"
 
 namespace tidvane::desktop {
@@ -17,7 +19,7 @@ frmWidget::frmWidget(settings::Program& program) : Form(kName), program_(program
     Width.design(2400);
     Height.design(900);
     chkForeground.Click.connect([this] { program_.display.setTopmost(*this, chkForeground.ticked()); });
-    chkTransparency.Click.connect([this] { Opacity = chkTransparency.ticked() ? kHalfTransparent : kOpaque; });
+    chkTransparency.Click.connect([this] { SetOpacity(chkTransparency.ticked() ? kHalfTransparent : kOpaque); });
     cmdClean.Click.connect([this] { cmdClean_Click(); });
     cmdClose.Click.connect([this] {
         settings::SaveFormINI(program_, *this);
@@ -34,6 +36,28 @@ void frmWidget::Form_Load() {
 
 void frmWidget::Form_Unload() {
     settings::saveWindowNumbers(program_, kSection, settings::positionOf(*this));
+}
+
+frmWidget::Outline frmWidget::outline(int twipsPerPixelX, int twipsPerPixelY) const {
+    return {Width / twipsPerPixelX, Height / twipsPerPixelY};
+}
+
+// The layered bit is left set for an opaque window too: intended.
+void frmWidget::SetOpacity(int alpha) {
+    Layered = true;
+    Opacity = std::min(alpha, kOpaque);
+}
+
+void frmWidget::mouseDown(int x, int y) {
+    grab_ = Place{x, y};
+}
+
+void frmWidget::mouseMove(bool buttonDown, int x, int y, int screenWidth, int screenHeight) {
+    if (!buttonDown) grab_.reset();
+    if (!grab_) return;
+    Left = Left + x - grab_->x;
+    Top = Top + y - grab_->y;
+    dock(screenWidth, screenHeight);
 }
 
 void frmWidget::dock(int screenWidth, int screenHeight) {

@@ -206,6 +206,27 @@ TEST_F(ResultsWindow, ShowsAndHidesTheLogByAClickOnTheGain) {
     EXPECT_EQ(window().Height, height);
 }
 
+TEST_F(ResultsWindow, HoldsASizeThatTheLogFitsInWhileItIsShown) {
+    main();
+    window().lblFreedSpace.Click();
+    const int enlarged = window().Height;
+    window().Height = 100;
+    window().resized();
+    EXPECT_EQ(window().Height, enlarged);
+    window().lblFreedSpace.Click();
+    EXPECT_EQ(window().Height, app::frmDiskSizeStats::kMinHeight);
+}
+
+TEST_F(ResultsWindow, IsLeftAloneWhileMinimised) {
+    main();
+    window().State = forms::WindowState::Minimized;
+    window().Width = 100;
+    window().Height = 50;
+    window().resized();
+    EXPECT_EQ(window().Width, 100);
+    EXPECT_EQ(window().Height, 50);
+}
+
 TEST_F(ResultsWindow, TakesTheFontOfTheLog) {
     machine.files.putFile(inFolder("td_flog.dat"), "Courier New\r\n11\r\nFalse\r\nTrue\r\n");
     main();

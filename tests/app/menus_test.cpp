@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "app/menu_table.h"
 #include "app/recycle_bin_window.h"
@@ -29,6 +33,77 @@ TEST_F(MenusTest, WithoutALanguageFileTheDesignedCaptionsStay) {
 TEST_F(MenusTest, OnlyTheSixthTitleStandsAtTheRightEnd) {
     const auto table = menuTable();
     for (std::size_t i = 0; i < table.size(); ++i) EXPECT_EQ(table[i].atRightEnd, i == 5) << table[i].name;
+}
+
+TEST_F(MenusTest, EveryEntryLiesInATitleThatStandsInFrontOfIt) {
+    std::vector<std::string> names{""};
+    for (const MenuRow& row : menuTable()) {
+        EXPECT_NE(std::find(names.begin(), names.end(), row.parent), names.end()) << row.name << " in " << row.parent;
+        EXPECT_EQ(main().menu(row.name).parent, row.parent);
+        names.emplace_back(row.name);
+    }
+}
+
+TEST_F(MenusTest, EveryTitleHasEntries) {
+    for (const MenuRow& row : menuTable()) {
+        const auto table = menuTable();
+        const bool title = std::string_view(row.parent).empty();
+        const bool filled = std::any_of(table.begin(), table.end(), [&](const MenuRow& other) {
+            return std::string_view(other.parent) == row.name;
+        });
+        if (title) {
+            EXPECT_TRUE(filled) << row.name;
+        }
+        // What opens further entries is no command itself.
+        if (filled) {
+            EXPECT_EQ(row.action, MenuAction::None) << row.name;
+        }
+    }
+}
+
+TEST_F(MenusTest, TheBarShowsItsSixTitlesAndThoseOfThePage) {
+    const auto bar = [this] {
+        std::string titles;
+        for (const forms::Control* control : main().Controls()) {
+            if (control->kind != forms::ControlKind::Menu || !control->Visible) continue;
+            if (static_cast<const forms::Menu*>(control)->parent.empty()) titles += control->Name + " ";
+        }
+        return titles;
+    };
+    const std::string six = "mnFile mnView mnTools mnuOptions mnHelp mnuCommunityTitle ";
+    EXPECT_EQ(bar(), six);
+    click("mnuApps");
+    EXPECT_EQ(bar(), six + "mnCleanPlugs ");
+    click("mnuAddOns");
+    EXPECT_EQ(bar(), six + "mnExtensions ");
+    click("mnuAbout");
+    EXPECT_EQ(bar(), six);
+}
+
+TEST_F(MenusTest, LinesTellGroupsApartAndNeverOpenAMenu) {
+    std::string last;
+    for (const MenuRow& row : menuTable()) {
+        const auto table = menuTable();
+        const auto first = std::find_if(table.begin(), table.end(), [&](const MenuRow& other) {
+            return std::string_view(other.parent) == row.parent;
+        });
+        const forms::Menu& entry = main().menu(row.name);
+        if (!entry.separatorBefore) continue;
+        EXPECT_STRNE(row.parent, "") << row.name;
+        EXPECT_STRNE(first->name, row.name);
+        last = row.name;
+    }
+    EXPECT_EQ(last, "mnuExitSystray");
+}
+
+TEST_F(MenusTest, TheShellFoldersLieInTheirMenu) {
+    int folders = 0;
+    for (const forms::Control* control : main().Controls()) {
+        if (control->Name != "mnuListe") continue;
+        EXPECT_EQ(static_cast<const forms::Menu*>(control)->parent, "mnuExplorer");
+        ++folders;
+    }
+    EXPECT_EQ(folders, 19);
 }
 
 TEST_F(MenusTest, PlaceMenusOpenTheOptionsOnTheirTab) {

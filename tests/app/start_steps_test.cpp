@@ -64,6 +64,28 @@ TEST_F(StartSteps, LeaveTheDesignedFontWithoutTheFile) {
     EXPECT_EQ(main().txtLog.FontName, "MS Sans Serif");
 }
 
+TEST_F(StartSteps, ShowTheNewsOnRequest) {
+    store({"chkInfoServer=0", "chkAutoStartInfoServer=1"}, "frmMoreToConfigure");
+    main();
+    ASSERT_EQ(display.shown.size(), 1U);
+    EXPECT_EQ(display.shown[0].window, "frmStarter");
+    EXPECT_EQ(display.shown[0].owner, "frmMain");
+    EXPECT_FALSE(display.shown[0].modal);
+    EXPECT_EQ(starter().SSTab2.Tab, 1);
+}
+
+TEST_F(StartSteps, DoNotShowTheNewsOtherwise) {
+    main();
+    EXPECT_FALSE(display.wasShown("frmStarter"));
+}
+
+TEST_F(StartSteps, ShowTheNewsAlsoWhereAnotherInstanceEndsTheStart) {
+    machine.processes.otherInstanceRuns = true;
+    store({"chkAutoStartInfoServer=1"}, "frmMoreToConfigure");
+    main();
+    EXPECT_TRUE(display.wasShown("frmStarter"));
+}
+
 TEST_F(StartSteps, ShowTheWidgetIfItsOwnBoxSaysSo) {
     store({"chkAutostart=1"}, "frmWidget");
     main();

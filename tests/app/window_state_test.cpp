@@ -52,6 +52,17 @@ TEST_F(WindowStateOfMain, KeepsTheProgramsDriveForARowThatIsNone) {
     }
 }
 
+TEST_F(WindowStateOfMain, OfAMinimisedWindowIsTheMinimisedRectangle) {
+    main().State = forms::WindowState::Minimized;
+    main().Width = 2400;
+    main().Height = 405;
+    main().resized();
+    EXPECT_EQ(main().Width, 2400);
+    main().ExitProgram();
+    EXPECT_EQ(storedValue("WindowState", "Width"), "2400");
+    EXPECT_EQ(storedValue("WindowState", "Height"), "405");
+}
+
 TEST_F(WindowStateOfMain, IsWrittenAtTheEnd) {
     app::frmMain& window = main();
     window.Left = 300;
