@@ -75,7 +75,7 @@ void divideColours(wxImage& image) {
 // A drawing with its own colours.
 class TrueColours final : public wxBitmapBundleImpl {
 public:
-    explicit TrueColours(wxBitmapBundle drawing) : drawing_(std::move(drawing)) {}
+    explicit TrueColours(const wxBitmapBundle& drawing) : drawing_(drawing) {}
 
     wxSize GetDefaultSize() const override { return drawing_.GetDefaultSize(); }
     wxSize GetPreferredBitmapSizeAtScale(double scale) const override {
@@ -113,7 +113,8 @@ wxBitmapBundle drawn(std::string_view file, wxSize size) {
     }
     const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(drawing(found->content, size).c_str(), size);
     if (!bundle.IsOk() || !multipliesColours()) return bundle;
-    return wxBitmapBundle::FromImpl(new TrueColours(bundle));
+    // The bundle counts who uses it and deletes it with the last.
+    return wxBitmapBundle::FromImpl(new TrueColours(bundle));  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 }
 
 }  // namespace
