@@ -1,0 +1,105 @@
+// One binding for each kind of control: how a native widget and its control keep each other equal.
+#pragma once
+
+#include <wx/checklst.h>
+#include <wx/choice.h>
+#include <wx/combobox.h>
+#include <wx/dataview.h>
+#include <wx/textctrl.h>
+
+#include <functional>
+#include <memory>
+
+#include "forms/list_controls.h"
+#include "forms/simple_controls.h"
+#include "forms/text_box.h"
+#include "view/view.h"
+
+namespace tidvane::view {
+
+// The text and, where it is told to, caret and selection in both directions.
+class TextBinding final : public Binding {
+public:
+    TextBinding(View& view, forms::TextBox& box, wxTextCtrl* widget, bool selection);
+    void pull() override;
+
+private:
+    void push();
+    void pushSelection();
+    void pullText();
+    void pullSelection();
+
+    forms::TextBox& box_;
+    wxTextCtrl* widget_;
+    bool lines_;
+    bool selection_;
+    std::string shown_;  // the text that the widget shows, as the model has it
+};
+
+class ChoiceBinding final : public Binding {
+public:
+    ChoiceBinding(View& view, forms::ComboBox& box, wxItemContainer* rows, wxWindow* widget);
+    void pull() override;
+
+private:
+    forms::ComboBox& box_;
+    wxItemContainer* rows_;
+    wxComboBox* typed_;  // null where only rows can be chosen
+};
+
+class DriveBinding final : public Binding {
+public:
+    DriveBinding(View& view, forms::DriveList& list, wxChoice* widget);
+    void pull() override;
+
+private:
+    forms::DriveList& list_;
+    wxChoice* widget_;
+};
+
+class ListBinding final : public Binding {
+public:
+    ListBinding(View& view, forms::ListBox& list, wxListBox* widget, bool several);
+    void pull() override;
+
+private:
+    void push();
+    forms::ListBox& list_;
+    wxListBox* widget_;
+    wxCheckListBox* ticks_;
+    bool several_;
+};
+
+// Rows straight from the model; the widget asks for what it shows and nothing else.
+class ListViewBinding final : public Binding {
+public:
+    ListViewBinding(View& view, forms::ListView& list, wxDataViewCtrl* widget, bool several, bool icons);
+    ~ListViewBinding() override;
+    void pull() override;
+    void sample() override;
+
+private:
+    class Rows;
+    void push();
+    void pullSelection();
+
+    forms::ListView& list_;
+    wxDataViewCtrl* widget_;
+    wxObjectDataPtr<Rows> rows_;
+    bool several_;
+};
+
+// Anything simpler.
+class PullBinding final : public Binding {
+public:
+    PullBinding(View& view, std::function<void()> what) : Binding(view), what_(std::move(what)) {}
+    void pull() override { what_(); }
+
+private:
+    std::function<void()> what_;
+};
+
+// The toolkit's colour for a colour of the model: blue, green, red, or from 0x80000000 on one of the system's.
+wxColour toColour(unsigned colour);
+
+}  // namespace tidvane::view

@@ -1,0 +1,90 @@
+#include "view/binding/bindings.h"
+#include "view/text.h"
+
+namespace tidvane::view {
+
+ListBinding::ListBinding(View& view, forms::ListBox& list, wxListBox* widget, bool several)
+    : Binding(view),
+      list_(list),
+      widget_(widget),
+      ticks_(dynamic_cast<wxCheckListBox*>(widget)),
+      several_(several && ticks_ == nullptr) {
+    widget->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { push(); });
+    widget->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) {
+        push();
+        view_.act([this] { list_.DblClick(); });
+    });
+    if (ticks_ != nullptr) {
+        widget->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event) {
+            if (view_.pulling()) return;
+            const int row = event.GetInt();
+            const bool ticked = ticks_->IsChecked(static_cast<unsigned>(row));
+            view_.act([this, row, ticked] {
+                list_.setSelected(row, ticked);
+                list_.ItemCheck();
+            });
+        });
+    }
+}
+
+void ListBinding::push() {
+    if (view_.pulling()) return;
+    view_.act([this] {
+        const int count = std::min(list_.ListCount(), static_cast<int>(widget_->GetCount()));
+        int current = wxNOT_FOUND;
+        if (several_) {
+            for (int row = 0; row < count; ++row) {
+                const bool selected = widget_->IsSelected(row);
+                if (selected && (current == wxNOT_FOUND || !list_.Selected(row))) current = row;
+                if (list_.Selected(row) != selected) list_.setSelected(row, selected);
+            }
+        } else {
+            current = widget_->GetSelection();
+            if (ticks_ == nullptr) {
+                for (int row = 0; row < count; ++row) {
+                    if (list_.Selected(row) != (row == current)) list_.setSelected(row, row == current);
+                }
+            }
+        }
+        if (current != wxNOT_FOUND && current < list_.ListCount()) list_.setListIndex(current);
+    });
+}
+
+void ListBinding::pull() {
+    const int count = list_.ListCount();
+    bool same = count == static_cast<int>(widget_->GetCount());
+    for (int row = 0; same && row < count; ++row) {
+        same = widget_->GetString(static_cast<unsigned>(row)) == toNative(list_.List(row));
+    }
+    if (!same) {
+        wxArrayString rows;
+        for (int row = 0; row < count; ++row) rows.Add(toNative(list_.List(row)));
+        widget_->Set(rows);
+    }
+    for (int row = 0; row < count; ++row) {
+        const bool selected = list_.Selected(row);
+        if (ticks_ != nullptr) {
+            if (ticks_->IsChecked(static_cast<unsigned>(row)) != selected) {
+                ticks_->Check(static_cast<unsigned>(row), selected);
+            }
+        } else if (several_ && widget_->IsSelected(row) != selected) {
+            if (selected) {
+                widget_->SetSelection(row);
+            } else {
+                widget_->Deselect(row);
+            }
+        }
+    }
+    if (!several_ && widget_->GetSelection() != list_.ListIndex()) {
+        widget_->SetSelection(list_.ListIndex());
+        if (list_.ListIndex() >= 0) widget_->EnsureVisible(list_.ListIndex());
+    }
+    const double size = wxNORMAL_FONT->GetFractionalPointSize() * list_.FontSize.get() / 8.25;
+    if (widget_->GetFont().GetFractionalPointSize() != size) {
+        wxFont font = widget_->GetFont();
+        font.SetFractionalPointSize(size);
+        widget_->SetFont(font);
+    }
+}
+
+}  // namespace tidvane::view

@@ -1,0 +1,319 @@
+#include "view/form_window.h"
+
+#include <wx/accel.h>
+#include <wx/button.h>
+#include <wx/dialog.h>
+#include <wx/frame.h>
+#include <wx/timer.h>
+
+#include <utility>
+
+#include "view/icons.h"
+#include "view/text.h"
+
+namespace tidvane::view {
+
+// The window itself: its title, its rectangle, its state.
+class RectangleBinding final : public Binding {
+public:
+    RectangleBinding(View& view, FormWindow& window) : Binding(view), window_(window) {}
+    void pull() override {
+        wxTopLevelWindow* native = window_.native_;
+        const forms::Form& form = window_.form_;
+        native->SetTitle(toNative(form.Caption.get()));
+        if (!window_.finished_) return;
+        const bool small = form.State == forms::WindowState::Minimized;
+        if (native->IsIconized() != small) native->Iconize(small);
+        if (small) return;
+        const bool large = form.State == forms::WindowState::Maximized;
+        if (native->IsMaximized() != large) native->Maximize(large);
+        if (large) return;
+        const wxPoint place(toPixels(form.Left, native), toPixels(form.Top, native));
+        if (seen_ && (form.Left != left_ || form.Top != top_)) native->Move(place);
+        if (seen_ && window_.style_.keepsModelSize && (form.Width != width_ || form.Height != height_)) {
+            native->SetSize(toPixels(form.Width, native), toPixels(form.Height, native));
+        }
+        remember();
+    }
+    // What the form says now is what the window is.
+    void remember() {
+        const forms::Form& form = window_.form_;
+        left_ = form.Left;
+        top_ = form.Top;
+        width_ = form.Width;
+        height_ = form.Height;
+        seen_ = true;
+    }
+
+private:
+    FormWindow& window_;
+    bool seen_ = false;
+    int left_ = 0;
+    int top_ = 0;
+    int width_ = 0;
+    int height_ = 0;
+};
+
+namespace {
+
+class FunctionBinding final : public Binding {
+public:
+    FunctionBinding(View& view, std::function<void()> what) : Binding(view), what_(std::move(what)) {}
+    void pull() override { what_(); }
+
+private:
+    std::function<void()> what_;
+};
+
+class TimerBinding final : public Binding {
+public:
+    TimerBinding(View& view, forms::Timer& timer) : Binding(view), timer_(timer) {
+        clock_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { view_.act([this] { timer_.fire(); }); });
+    }
+    void pull() override {
+        if (timer_.Enabled && !clock_.IsRunning()) clock_.Start(timer_.Interval);
+        if (!timer_.Enabled && clock_.IsRunning()) clock_.Stop();
+    }
+
+private:
+    forms::Timer& timer_;
+    wxTimer clock_;
+};
+
+// Timers below this poll the state of controls; from it on they wait for a moment to come.
+constexpr int kPollingBelow = 1000;  // milliseconds
+
+wxTopLevelWindow* makeNative(const forms::Form& form, const WindowStyle& style, wxWindow* owner) {
+    const wxString title = toNative(form.Caption.get());
+    if (style.bare) {
+        return new wxFrame(owner, wxID_ANY, title, wxDefaultPosition, wxDefaultSize,
+                           wxBORDER_NONE | wxFRAME_NO_TASKBAR | wxFRAME_SHAPED);
+    }
+    if (style.frame) return new wxFrame(owner, wxID_ANY, title);
+    long look = wxDEFAULT_DIALOG_STYLE;
+    if (style.resizable) look |= wxRESIZE_BORDER | wxMAXIMIZE_BOX;
+    return new wxDialog(owner, wxID_ANY, title, wxDefaultPosition, wxDefaultSize, look);
+}
+
+}  // namespace
+
+FormWindow::FormWindow(View& view, forms::Form& form, const WindowStyle& style, wxWindow* owner)
+    : view_(view), form_(form), style_(style), native_(makeNative(form, style, owner)) {
+    native_->SetName(form.Name);
+    native_->SetIcons(programIcons());
+    body_ = new wxPanel(native_);
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(body_, 1, wxEXPAND);
+    native_->SetSizer(sizer);
+    native_->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
+        event.Veto();
+        if (onClose) view_.act(onClose);
+    });
+}
+
+FormWindow::~FormWindow() {
+    destroy();
+}
+
+void FormWindow::destroy() {
+    *alive_ = false;
+    bindings_.clear();
+    if (native_ == nullptr) return;
+    wxTopLevelWindow* gone = std::exchange(native_, nullptr);
+    auto* dialog = dynamic_cast<wxDialog*>(gone);
+    if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+    gone->Hide();
+    // Handlers of its widgets may stand on the stack: the toolkit frees it when none does any more.
+    gone->Destroy();
+}
+
+void FormWindow::bind(forms::Control& control, const std::shared_ptr<Binding>& binding) {
+    bindings_.push_back(binding);
+    control.viewChanged.connect([weak = std::weak_ptr<Binding>(binding)] {
+        if (const auto live = weak.lock()) live->touched();
+    });
+    view_.add(binding);
+}
+
+void FormWindow::whenever(const forms::Signal<>& changed, std::function<void()> what) {
+    const auto binding = std::make_shared<FunctionBinding>(view_, std::move(what));
+    bindings_.push_back(binding);
+    const_cast<forms::Signal<>&>(changed).connect([weak = std::weak_ptr<Binding>(binding)] {
+        if (const auto live = weak.lock()) live->touched();
+    });
+    view_.add(binding);
+}
+
+void FormWindow::whenever(forms::Control& control, std::function<void()> what) {
+    whenever(control.viewChanged, std::move(what));
+}
+
+void FormWindow::bindTimer(forms::Timer& timer) {
+    if (timer.Interval < kPollingBelow) {
+        view_.addPoll(alive_, timer);
+    } else {
+        bind(timer, std::make_shared<TimerBinding>(view_, timer));
+    }
+}
+
+wxWindow* FormWindow::adopt(forms::Control& control, wxWindow* widget, const forms::Control* label) {
+    widgets_[&control] = widget;
+    widget->SetName(control.Index ? control.Name + "(" + std::to_string(*control.Index) + ")" : control.Name);
+    whenever(control, [this, &control, widget, label] {
+        if (widget->IsThisEnabled() != control.Enabled.get()) widget->Enable(control.Enabled);
+        if (widget->IsShown() != control.Visible.get()) {
+            widget->Show(control.Visible);
+            layoutSoon();
+        }
+        const wxString tip = toNative(control.ToolTipText.get());
+        if (widget->GetToolTipText() != tip) {
+            if (tip.empty()) {
+                widget->UnsetToolTip();
+            } else {
+                widget->SetToolTip(tip);
+            }
+        }
+        const std::string& caption =
+            control.Caption.get().empty() && label != nullptr ? label->Caption.get() : control.Caption.get();
+        nameForReaders(widget, caption.empty() ? control.ToolTipText.get() : caption);
+    });
+    return widget;
+}
+
+void FormWindow::layoutSoon() {
+    if (layoutPending_ || !finished_) return;
+    layoutPending_ = true;
+    view_.relayout([this, weak = std::weak_ptr<bool>(alive_)] {
+        if (weak.expired() || native_ == nullptr) return;
+        layoutPending_ = false;
+        if (!style_.resizable && !style_.keepsModelSize) {
+            native_->GetSizer()->SetSizeHints(native_);
+            native_->Fit();
+        }
+        // A hidden page is laid out when it shows; all levels between have to place their children anew.
+        for (const auto& [control, widget] : widgets_) {
+            wxWindow* parent = widget->GetParent();
+            if (parent != nullptr && parent != body_ && parent->GetSizer() != nullptr) parent->Layout();
+        }
+        body_->Layout();
+        native_->Layout();
+    });
+}
+
+wxWindow* FormWindow::widgetOf(const forms::Control& control) const {
+    const auto found = widgets_.find(&control);
+    return found == widgets_.end() ? nullptr : found->second;
+}
+
+void FormWindow::setFocus(const std::string& name) {
+    const forms::Control* control = form_.control(name);
+    if (wxWindow* widget = control == nullptr ? nullptr : widgetOf(*control)) widget->SetFocus();
+}
+
+void FormWindow::defaultButton(wxWindow* button) {
+    if (auto* native = dynamic_cast<wxButton*>(button)) native->SetDefault();
+    native_->SetDefaultItem(button);
+}
+
+void FormWindow::onEscape(std::function<void()> what) {
+    native_->Bind(wxEVT_CHAR_HOOK, [this, what = std::move(what)](wxKeyEvent& event) {
+        if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers()) {
+            view_.act(what);
+        } else {
+            event.Skip();
+        }
+    });
+}
+
+void FormWindow::noteRectangle() {
+    if (!finished_ || native_ == nullptr || view_.pulling()) return;
+    forms::Form& form = form_;
+    view_.act([this, &form] {
+        form.State = native_->IsIconized()    ? forms::WindowState::Minimized
+                     : native_->IsMaximized() ? forms::WindowState::Maximized
+                                              : forms::WindowState::Normal;
+        if (form.State != forms::WindowState::Normal) return;
+        const wxPoint place = native_->GetPosition();
+        const wxSize size = native_->GetSize();
+        form.Left = toTwips(place.x, native_);
+        form.Top = toTwips(place.y, native_);
+        form.Width = toTwips(size.x, native_);
+        form.Height = toTwips(size.y, native_);
+        for (const auto& binding : bindings_) {
+            if (auto* rectangle = dynamic_cast<RectangleBinding*>(binding.get())) rectangle->remember();
+        }
+        if (onResize_) onResize_();
+    });
+}
+
+void FormWindow::finish() {
+    for (forms::Control* control : form_.Controls()) {
+        if (auto* timer = dynamic_cast<forms::Timer*>(control)) bindTimer(*timer);
+    }
+    // Everything shows what it is before it is measured.
+    view_.settle();
+    wxSize least = native_->GetSizer()->ComputeFittingWindowSize(native_);
+    least.IncTo({toPixels(style_.minWidth, native_), toPixels(style_.minHeight, native_)});
+    native_->SetMinSize(least);
+    wxSize size = least;
+    if (style_.keepsModelSize) size.IncTo({toPixels(form_.Width, native_), toPixels(form_.Height, native_)});
+    native_->SetSize(size);
+    if (form_.Left != 0 || form_.Top != 0) {
+        native_->Move(toPixels(form_.Left, native_), toPixels(form_.Top, native_));
+    } else if (native_->GetParent() != nullptr) {
+        native_->CentreOnParent();
+    } else {
+        native_->CentreOnScreen();
+    }
+    native_->Layout();
+    finished_ = true;
+    const auto rectangle = std::make_shared<RectangleBinding>(view_, *this);
+    rectangle->remember();
+    bindings_.push_back(rectangle);
+    form_.viewChanged.connect([weak = std::weak_ptr<Binding>(rectangle)] {
+        if (const auto live = weak.lock()) live->touched();
+    });
+    view_.add(rectangle);
+    native_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        noteRectangle();
+    });
+    native_->Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
+        event.Skip();
+        noteRectangle();
+    });
+    native_->Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
+        event.Skip();
+        noteRectangle();
+    });
+}
+
+void FormWindow::show(bool visible) {
+    if (native_ == nullptr) return;
+    if (!visible) {
+        auto* dialog = dynamic_cast<wxDialog*>(native_);
+        if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+    }
+    native_->Show(visible);
+    if (visible) {
+        if (native_->IsIconized() && form_.State != forms::WindowState::Minimized) native_->Restore();
+        native_->Raise();
+    }
+}
+
+void FormWindow::showModal() {
+    auto* dialog = dynamic_cast<wxDialog*>(native_);
+    if (dialog == nullptr || dialog->IsModal()) {
+        show(true);
+        return;
+    }
+    if (dialog->IsShown()) dialog->Hide();
+    modal_ = true;
+    view_.settle();
+    // The form may be unloaded, and this window with it, while the loop runs.
+    const std::weak_ptr<bool> alive = alive_;
+    dialog->ShowModal();
+    if (!alive.expired()) modal_ = false;
+}
+
+}  // namespace tidvane::view

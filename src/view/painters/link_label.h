@@ -1,0 +1,23 @@
+// A label that is clicked: underlined, in the colour of links, reached and pressed by the keyboard.
+#pragma once
+
+#include <wx/control.h>
+
+namespace tidvane::view {
+
+// Raises wxEVT_BUTTON.
+class LinkLabel final : public wxControl {
+public:
+    explicit LinkLabel(wxWindow* parent);
+    void SetLabel(const wxString& label) override;
+
+protected:
+    wxSize DoGetBestClientSize() const override;
+
+private:
+    void paint();
+    void press();
+    bool hot_ = false;
+};
+
+}  // namespace tidvane::view

@@ -1,0 +1,150 @@
+#include "view/view.h"
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+
+#include <algorithm>
+
+#include "base/runtime_error.h"
+#include "forms/simple_controls.h"
+
+namespace tidvane::view {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kFrame{33};         // between two paintings of a program that works
+constexpr milliseconds kBetweenEvents{5};  // a stop is heard at the next pump behind these
+constexpr int kRounds = 8;                 // of polling timers that change what other timers poll
+
+struct Raised {
+    bool& flag;
+    bool before;
+    explicit Raised(bool& f) : flag(f), before(f) { flag = true; }
+    ~Raised() { flag = before; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+};
+
+}  // namespace
+
+void Binding::touched() {
+    view_.mark(*this);
+}
+
+View::View() : lastPaint_(Clock::now()), lastEvents_(lastPaint_) {}
+View::~View() = default;
+
+void View::act(const std::function<void()>& what) {
+    if (pulling_) return;
+    ++depth_;
+    changed_ = true;
+    try {
+        what();
+    } catch (const base::RuntimeError& error) {
+        if (onError) onError(error.what());
+    } catch (...) {
+        --depth_;
+        throw;
+    }
+    --depth_;
+    settle();
+    wake();
+}
+
+void View::add(const std::shared_ptr<Binding>& binding) {
+    std::erase_if(bindings_, [](const auto& weak) { return weak.expired(); });
+    bindings_.push_back(binding);
+    mark(*binding);
+}
+
+void View::mark(Binding& binding) {
+    changed_ = true;
+    if (!binding.marked_) {
+        binding.marked_ = true;
+        marked_.push_back(binding.weak_from_this());
+    }
+    if (depth_ > 0) {
+        breathe();
+    } else {
+        wake();
+    }
+}
+
+void View::addPoll(std::weak_ptr<bool> alive, forms::Timer& timer) {
+    polls_.push_back({std::move(alive), &timer});
+    changed_ = true;
+}
+
+void View::relayout(const std::function<void()>& what) {
+    relayouts_.push_back(what);
+}
+
+void View::wake() {
+    wxWakeUpIdle();
+}
+
+void View::pullMarked() {
+    const Raised raised(pulling_);
+    std::vector<std::weak_ptr<Binding>> now;
+    now.swap(marked_);
+    for (const auto& weak : now) {
+        if (const auto binding = weak.lock()) {
+            binding->marked_ = false;
+            binding->pull();
+        }
+    }
+    std::vector<std::function<void()>> layouts;
+    layouts.swap(relayouts_);
+    for (const auto& layout : layouts) layout();
+}
+
+// False: nobody had to look.
+bool View::firePolls() {
+    if (!changed_) return false;
+    changed_ = false;
+    for (const auto& weak : bindings_) {
+        if (const auto binding = weak.lock()) binding->sample();
+    }
+    std::erase_if(polls_, [](const Poll& poll) { return poll.alive.expired(); });
+    // A timer's handler may close its window, and with it go timers of this list.
+    const std::vector<Poll> now = polls_;
+    for (const Poll& poll : now) {
+        if (const auto alive = poll.alive.lock(); alive && *alive && poll.timer->Enabled) poll.timer->fire();
+    }
+    return true;
+}
+
+void View::settle() {
+    if (settling_ || pulling_) return;
+    const Raised raised(settling_);
+    ++depth_;
+    for (int round = 0; round < kRounds; ++round) {
+        pullMarked();
+        if (!firePolls()) break;
+    }
+    --depth_;
+    if (depth_ == 0 && whenQuiet) whenQuiet();
+}
+
+void View::breathe() {
+    if (breathing_ || pulling_) return;
+    const Clock::time_point now = Clock::now();
+    if (now - lastPaint_ < kFrame) return;
+    const Raised raised(breathing_);
+    pullMarked();
+    if (auto* loop = wxEventLoopBase::GetActive(); loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_UI);
+    lastPaint_ = Clock::now();
+}
+
+void View::letEventsIn() {
+    const Clock::time_point now = Clock::now();
+    if (now - lastEvents_ < kBetweenEvents || breathing_ || pulling_) return;
+    settle();
+    if (auto* loop = wxEventLoopBase::GetActive(); loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_ALL);
+    settle();
+    lastEvents_ = lastPaint_ = Clock::now();
+}
+
+}  // namespace tidvane::view

@@ -1,0 +1,249 @@
+#include "view/wx_display.h"
+
+#include <wx/app.h>
+#include <wx/clipbrd.h>
+#include <wx/dirdlg.h>
+#include <wx/filedlg.h>
+#include <wx/fontdlg.h>
+#include <wx/msgdlg.h>
+#include <wx/sound.h>
+#include <wx/utils.h>
+
+#include <utility>
+
+#include "view/binding/bindings.h"
+#include "view/layouts.h"
+#include "view/text.h"
+
+namespace tidvane::view {
+
+WxDisplay::WxDisplay(View& view) : view_(view) {}
+WxDisplay::~WxDisplay() = default;
+
+FormWindow* WxDisplay::ifOpen(const std::string& name) const {
+    for (const auto& [form, window] : open_) {
+        if (form->Name == name) return window.get();
+    }
+    return nullptr;
+}
+
+wxWindow* WxDisplay::topWindow() const {
+    wxWindow* active = wxGetActiveWindow();
+    if (active != nullptr) return active;
+    for (const auto& [form, window] : open_) {
+        if (window->isShown()) return window->native();
+    }
+    return nullptr;
+}
+
+FormWindow* WxDisplay::windowOf(forms::Form& form) {
+    const auto found = open_.find(&form);
+    if (found != open_.end()) return found->second.get();
+    const WindowLayout* layout = layoutOf(form.Name);
+    if (layout == nullptr) return nullptr;
+    wxWindow* owner = layout->style.frame || layout->style.bare ? nullptr : topWindow();
+    auto made = std::make_unique<FormWindow>(view_, form, layout->style, owner);
+    FormWindow* window = made.get();
+    open_[&form] = std::move(made);
+    window->onClose = [this, &form] {
+        if (windows_ != nullptr) windows_->unload(form, forms::UnloadMode::ControlMenu);
+    };
+    layout->layout(*window);
+    window->finish();
+    return window;
+}
+
+bool WxDisplay::wasHidden(const forms::Form& form) const {
+    const auto found = hidden_.find(&form);
+    return found != hidden_.end() && found->second;
+}
+
+void WxDisplay::Show(forms::Form& form, forms::Form*, bool modal) {
+    hidden_[&form] = false;
+    FormWindow* window = windowOf(form);
+    if (window == nullptr) return;
+    form.Visible = true;
+    shownOnce_ = true;
+    view_.settle();
+    if (modal) {
+        window->showModal();
+    } else {
+        window->show(true);
+    }
+}
+
+void WxDisplay::Hide(forms::Form& form) {
+    hidden_[&form] = true;
+    form.Visible = false;
+    const auto found = open_.find(&form);
+    if (found != open_.end()) found->second->show(false);
+}
+
+void WxDisplay::Forget(forms::Form& form) {
+    hidden_.erase(&form);
+    const auto found = open_.find(&form);
+    if (found == open_.end()) return;
+    const std::unique_ptr<FormWindow> gone = std::move(found->second);
+    open_.erase(found);
+    gone->destroy();
+}
+
+void WxDisplay::SetFocus(forms::Form& form, const std::string& control) {
+    const auto found = open_.find(&form);
+    if (found == open_.end()) return;
+    view_.settle();
+    found->second->setFocus(control);
+}
+
+int WxDisplay::MsgBox(const std::string& text, int style, const std::string& title) {
+    namespace msgbox = forms::msgbox;
+    constexpr int kButtons = 0x0F;
+    constexpr int kIcons = 0xF0;
+    const bool question = (style & kButtons) == msgbox::YesNo;
+    long look = question ? wxYES_NO : wxOK;
+    if (question && (style & msgbox::DefaultButton2) != 0) look |= wxNO_DEFAULT;
+    switch (style & kIcons) {
+        case msgbox::Critical:
+            look |= wxICON_ERROR;
+            break;
+        case msgbox::Question:
+            look |= wxICON_QUESTION;
+            break;
+        case msgbox::Exclamation:
+            look |= wxICON_WARNING;
+            break;
+        default:
+            look |= wxICON_INFORMATION;
+    }
+    view_.settle();
+    wxMessageDialog box(topWindow(), linesToNative(text), toNative(title), look);
+    switch (box.ShowModal()) {
+        case wxID_YES:
+            return msgbox::Yes;
+        case wxID_NO:
+        case wxID_CANCEL:
+            return question ? msgbox::No : msgbox::Ok;
+        default:
+            return msgbox::Ok;
+    }
+}
+
+std::string WxDisplay::askFile(const forms::FileQuestion& question) {
+    const std::string folder = hostPathOf ? hostPathOf(question.initialFolder) : question.initialFolder;
+    wxString filter = toNative(question.filter);
+    // On this side of the world "*.*" is a mask like any other and would hide names without a dot.
+    if (hostPathOf) filter.Replace("|*.*", "|*");
+    wxFileDialog dialog(topWindow(), toNative(question.title), toNative(folder), {},
+                        filter.empty() ? wxString("*") : filter,
+                        question.save ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (dialog.ShowModal() != wxID_OK) return {};
+    const std::string chosen = fromNative(dialog.GetPath());
+    return machinePathOf ? machinePathOf(chosen) : chosen;
+}
+
+std::string WxDisplay::askFolder(forms::Form*, const std::string& title) {
+    wxDirDialog dialog(topWindow(), toNative(title), hostPathOf ? toNative(hostPathOf("C:\\")) : wxString(),
+                       wxDD_DIR_MUST_EXIST);
+    if (dialog.ShowModal() != wxID_OK) return {};
+    const std::string chosen = fromNative(dialog.GetPath());
+    return machinePathOf ? machinePathOf(chosen) : chosen;
+}
+
+std::optional<forms::FontChoice> WxDisplay::askFont(const forms::FontChoice& current) {
+    wxFontData data;
+    data.SetInitialFont(
+        wxFontInfo(current.size).FaceName(toNative(current.name)).Bold(current.bold).Italic(current.italic));
+    data.SetColour(toColour(current.colour));
+    data.EnableEffects(true);
+    wxFontDialog dialog(topWindow(), data);
+    if (dialog.ShowModal() != wxID_OK) return std::nullopt;
+    const wxFont font = dialog.GetFontData().GetChosenFont();
+    const wxColour colour = dialog.GetFontData().GetColour();
+    forms::FontChoice choice;
+    choice.name = fromNative(font.GetFaceName());
+    choice.size = font.GetFractionalPointSize();
+    choice.bold = font.GetWeight() >= wxFONTWEIGHT_SEMIBOLD;
+    choice.italic = font.GetStyle() == wxFONTSTYLE_ITALIC;
+    choice.colour = colour.IsOk() ? static_cast<unsigned>(colour.Red()) | static_cast<unsigned>(colour.Green()) << 8U |
+                                        static_cast<unsigned>(colour.Blue()) << 16U
+                                  : current.colour;
+    return choice;
+}
+
+void WxDisplay::clearClipboard() {
+    if (!wxTheClipboard->Open()) return;
+    wxTheClipboard->Clear();
+    wxTheClipboard->Close();
+}
+
+void WxDisplay::setClipboard(const std::string& text) {
+    if (!wxTheClipboard->Open()) return;
+    wxTheClipboard->SetData(new wxTextDataObject(linesToNative(text)));
+    wxTheClipboard->Flush();
+    wxTheClipboard->Close();
+}
+
+void WxDisplay::addTrayIcon(const std::string& tip) {
+    if (!tray_) {
+        tray_ = makeTray();
+        tray_->onDoubleClick = [this] {
+            if (onTrayDoubleClick) view_.act(onTrayDoubleClick);
+        };
+        tray_->onMenu = [this] {
+            if (onTrayMenu) view_.act(onTrayMenu);
+        };
+    }
+    trayShown_ = tray_->add(tip);
+}
+
+void WxDisplay::removeTrayIcon() {
+    trayShown_ = false;
+    if (tray_) tray_->remove();
+}
+
+std::uint64_t WxDisplay::windowHandle(forms::Form& form) {
+    FormWindow* window = windowOf(form);
+    if (window == nullptr || window->native() == nullptr) return 0;
+    return reinterpret_cast<std::uintptr_t>(window->native()->GetHandle());
+}
+
+void WxDisplay::setTopmost(forms::Form& form, bool topmost) {
+    FormWindow* window = windowOf(form);
+    if (window == nullptr || window->native() == nullptr) return;
+    wxTopLevelWindow* native = window->native();
+    const long style = native->GetWindowStyleFlag();
+    native->SetWindowStyleFlag(topmost ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
+}
+
+void WxDisplay::setPointer(int pointer) {
+    const bool busy = pointer == forms::pointer::Hourglass;
+    if (busy == pointerBusy_) return;
+    pointerBusy_ = busy;
+    const wxCursor cursor(busy ? wxCURSOR_WAIT : wxCURSOR_ARROW);
+    for (const auto& [form, window] : open_) {
+        if (window->native() != nullptr) window->native()->SetCursor(busy ? cursor : wxNullCursor);
+    }
+}
+
+void WxDisplay::popUpMenu(forms::Form& form, const std::string& menu) {
+    view_.settle();
+    if (FormWindow* window = windowOf(form)) window->popUp(menu);
+}
+
+void WxDisplay::sndPlaySound(const std::string& file) {
+    const std::string host = hostPathOf ? hostPathOf(file) : file;
+    if (!wxFileExists(toNative(host))) return;
+    wxSound::Play(toNative(host), wxSOUND_ASYNC);
+}
+
+void WxDisplay::warn(const std::string& line) {
+    if (onWarning) onWarning(line);
+}
+
+void WxDisplay::endProgram() {
+    ended_ = true;
+    removeTrayIcon();
+    if (onEnd) onEnd();
+}
+
+}  // namespace tidvane::view
