@@ -86,7 +86,7 @@ void StartSequence::buildTaskPane() {
     int group = -1;
     for (const PaneRow& row : paneTable()) {
         if (row.group != group) group = pane.AddNormalGroup(program.LangText(row.title));
-        pane.AddItem(row.group, program.LangText(row.text), row.icon);
+        pane.AddItem(row.group, program.LangText(row.text), false, row.icon);
     }
     pane.AddDetailGroup(program.LangText(134), program.LangText(135) + " " + main_.versionText());
     skippingErrors([&] {

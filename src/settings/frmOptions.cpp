@@ -175,17 +175,20 @@ void frmOptions::setOwnTexts() {
 void frmOptions::buildTaskPane() {
     const LangTable& text = program_.LangText;
     ExplorerBar2.DeleteAllGroups();
+    const auto item = [this](int group, const std::string& caption, const char* tag) {
+        ExplorerBar2.AddItem(group, caption, false, {}, false, {}, tag);
+    };
     const int settings = ExplorerBar2.AddSpecialGroup(text(320), {}, "special group");
-    ExplorerBar2.AddItem(settings, text(173), {}, "sConfiguration");
-    ExplorerBar2.AddItem(settings, text(301), {}, "sAbort");
-    ExplorerBar2.AddItem(settings, text(300), {}, "sSave");
+    item(settings, text(173), "sConfiguration");
+    item(settings, text(301), "sAbort");
+    item(settings, text(300), "sSave");
     const int managers = ExplorerBar2.AddNormalGroup(text(118), {}, "manager");
-    ExplorerBar2.AddItem(managers, "Temp Manager", {}, "sTempManager");
-    ExplorerBar2.AddItem(managers, "Cookie Manager", {}, "sCookieManager");
-    ExplorerBar2.AddItem(managers, "Cache Manager", {}, "sCacheManager");
-    ExplorerBar2.AddItem(managers, text(743), {}, "sResources");
-    ExplorerBar2.AddItem(managers, text(179), {}, "sTuneup");
-    ExplorerBar2.AddItem(managers, text(302), {}, "sWizard");
+    item(managers, "Temp Manager", "sTempManager");
+    item(managers, "Cookie Manager", "sCookieManager");
+    item(managers, "Cache Manager", "sCacheManager");
+    item(managers, text(743), "sResources");
+    item(managers, text(179), "sTuneup");
+    item(managers, text(302), "sWizard");
 
     const auto* extended = static_cast<frmMoreToConfigure*>(program_.windows.get(frmMoreToConfigure::kName));
     if (extended == nullptr) return;

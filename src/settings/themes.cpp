@@ -20,42 +20,6 @@ struct Colour {
 constexpr std::array kColours = {
     Colour{"Default", "BackColor", 0xC0C0C0u},
     Colour{"Default", "GradientBackColor", 0x808080u},
-    Colour{"Blue", "BackColor", 0xE6AA8Cu},
-    Colour{"Blue", "BorderColor", 0x80000008u},
-    Colour{"Blue", "DetailsForeColor", 0xC65D21u},
-    Colour{"Blue", "GradientBackColor", 0xCC6633u},
-    Colour{"Blue", "GradientNormalHeaderBackColor", 0xF0D2C5u},
-    Colour{"Blue", "GradientNormalItemBackColor", 0xF7DFD6u},
-    Colour{"Blue", "GradientSpecialHeaderBackColor", 0xB24801u},
-    Colour{"Blue", "GradientSpecialItemBackColor", 0xF7DFD6u},
-    Colour{"Blue", "NormalArrowDownColor", 0xC65D21u},
-    Colour{"Blue", "NormalArrowHoverColor", 0xC65D21u},
-    Colour{"Blue", "NormalArrowUpColor", 0xFF8E42u},
-    Colour{"Blue", "NormalButtonBackColor", 0xFFFFFFu},
-    Colour{"Blue", "NormalButtonDownColor", 0xF0CDC0u},
-    Colour{"Blue", "NormalButtonHoverColor", 0xF09D90u},
-    Colour{"Blue", "NormalButtonUpColor", 0xF0CDC0u},
-    Colour{"Blue", "NormalHeaderBackColor", 0xFFFFFFu},
-    Colour{"Blue", "NormalHeaderForeColor", 0xC65D21u},
-    Colour{"Blue", "NormalHeaderHoverColor", 0xFF8E42u},
-    Colour{"Blue", "NormalItemBackColor", 0xF7DFD6u},
-    Colour{"Blue", "NormalItemBorderColor", 0xFFFFFFu},
-    Colour{"Blue", "NormalItemForeColor", 0xC65D21u},
-    Colour{"Blue", "NormalItemHoverColor", 0xFF8E42u},
-    Colour{"Blue", "SpecialArrowDownColor", 0xFF8E42u},
-    Colour{"Blue", "SpecialArrowHoverColor", 0xFFFFFFu},
-    Colour{"Blue", "SpecialArrowUpColor", 0xFFFFFFu},
-    Colour{"Blue", "SpecialButtonBackColor", 0xBC5215u},
-    Colour{"Blue", "SpecialButtonDownColor", 0xB24801u},
-    Colour{"Blue", "SpecialButtonHoverColor", 0xC6AD71u},
-    Colour{"Blue", "SpecialButtonUpColor", 0xC67D41u},
-    Colour{"Blue", "SpecialHeaderBackColor", 0xBC5215u},
-    Colour{"Blue", "SpecialHeaderForeColor", 0xFFFFFFu},
-    Colour{"Blue", "SpecialHeaderHoverColor", 0xFF8E42u},
-    Colour{"Blue", "SpecialItemBackColor", 0xF7DFD6u},
-    Colour{"Blue", "SpecialItemBorderColor", 0xFFFFFFu},
-    Colour{"Blue", "SpecialItemForeColor", 0xC65D21u},
-    Colour{"Blue", "SpecialItemHoverColor", 0xFF8E42u},
     Colour{"Light", "BackColor", 0x8000000Fu},
     Colour{"Light", "GradientBackColor", 0x8000000Fu},
     Colour{"Dark", "BackColor", 0x676767u},
@@ -82,6 +46,9 @@ constexpr std::array kCustomProperties = {
 // Only the main window's pane has the theme "Default"; the other keeps the colours of its design.
 constexpr std::string_view kMainPaneOnly = "Default";
 
+// The colours that a pane begins with.
+constexpr std::string_view kInitial = "Blue";
+
 unsigned mix(int red, int green, int blue) {
     const auto part = [](int value) { return static_cast<unsigned>(std::min(value, 255)); };
     return part(blue) << 16 | part(green) << 8 | part(red);
@@ -97,6 +64,12 @@ void applyTheme(controls::ExplorerBar& pane, const std::string& theme, bool main
     if (theme == "Custom") {
         if (red < 0 || green < 0 || blue < 0) return;
         for (const char* property : kCustomProperties) pane.setColour(property, mix(red, green, blue));
+        return;
+    }
+    if (theme == kInitial) {
+        for (const controls::PaneColour& row : controls::paneColours()) {
+            pane.setColour(std::string(row.property), row.initial);
+        }
         return;
     }
     if (theme == kMainPaneOnly && !mainPane) return;

@@ -353,7 +353,7 @@ TEST(OptionsLoad, GivesThePaneTheChosenTheme) {
 
 TEST(OptionsLoad, LeavesThePaneInItsDesignColoursUnderTheDefaultTheme) {
     OptionsFixture machine;
-    EXPECT_EQ(machine.options().ExplorerBar2.colour("BackColor"), 0xFFFFFFFFu);
+    EXPECT_EQ(machine.options().ExplorerBar2.colour("BackColor"), 0xE6AA8Cu);
 }
 
 TEST(OptionsLoad, CaptionsTheExtendedSettings) {
