@@ -56,8 +56,11 @@ public:
     void enableTaskPage(TaskPage page, bool enabled);
 
     // A key pressed in the window, with the name of the control that has the focus: Enter (13) and Escape (27) act.
+    // What goes through the key filter of txtSearchMask comes here by itself.
     void keyPress(char32_t key, const std::string& focusedControl);
-    // Paths dropped onto a list by the file manager.
+    // Paths dropped onto a list by the file manager, as paths of the machine, not of the host. Each goes through the
+    // check of an entry that is added by hand. A file on lstFolders and a folder on lstFiles are passed over, and so is
+    // what is dropped while the list is off.
     void dropOnFolders(const std::vector<std::string>& paths);
     void dropOnFiles(const std::vector<std::string>& paths);
 

@@ -27,6 +27,11 @@ std::string timeOf(std::uint64_t lastAccess) {
 frmIECache::frmIECache(settings::Program& program) : Form(kName), program_(program) {
     Caption.design("Internet Explorer Browser Cache Manager");
     mnudeleteall.isDefault.design(true);
+    mnBar.Visible.design(false);  // a pop-up
+    for (forms::Menu* entry :
+         {&mnuselectall, &mnudeselectall, &mnudeleteall, &mnudeleteselected, &mnurefreshcache, &mnusavecachefile}) {
+        entry->parent = mnBar.Name;
+    }
     cmdDeleteAll.Click.connect([this] { deleteAll(); });
     mnuselectall.Click.connect([this] { lstCache.selectAll(true); });
     mnudeselectall.Click.connect([this] { lstCache.selectAll(false); });
@@ -81,6 +86,7 @@ void frmIECache::listRightClick() {
 }
 
 void frmIECache::deleteAll() {
+    if (!program_.allowsRemoval(settings::Removal::Manager)) return;
     {
         const platform::ManyDeletes together(program_.platform.browserCache);
         for (int row = 0; row < lstCache.ListCount(); ++row) {
@@ -91,6 +97,7 @@ void frmIECache::deleteAll() {
 }
 
 void frmIECache::deleteSelected() {
+    if (!program_.allowsRemoval(settings::Removal::Manager)) return;
     // The current row alone, a cookie too: the marks of "select all" play no part. Intended.
     const int row = lstCache.ListIndex();
     if (row >= 0) (void)program_.platform.browserCache.DeleteUrlCacheEntry(addressOf(row));

@@ -64,6 +64,11 @@ Listing listingOf(platform::FileSystem& files, const std::string& folder) {
 
 frmIECookies::frmIECookies(settings::Program& program) : Form(kName), program_(program) {
     mnudeleteselected.isDefault.design(true);
+    mnBar.Visible.design(false);  // a pop-up
+    for (forms::Menu* entry :
+         {&mnuselectall, &mnudeselectall, &mnudeleteall, &mnudeleteselected, &mnurefreshcookies, &mnusavecookiefile}) {
+        entry->parent = mnBar.Name;
+    }
     mnuselectall.Click.connect([this] { lstCookies.markAll(true); });
     mnudeselectall.Click.connect([this] { lstCookies.markAll(false); });
     mnudeleteall.Click.connect([this] { deleteAll(); });
@@ -120,7 +125,8 @@ bool frmIECookies::folderIsCookies() const {
 
 bool frmIECookies::mayDelete() {
     std::vector<platform::FolderEntry> entries;
-    return folderIsCookies() && ok(program_.platform.files.ReadFolderToEmpty(lblCookieDir.Caption, entries));
+    return folderIsCookies() && ok(program_.platform.files.ReadFolderToEmpty(lblCookieDir.Caption, entries)) &&
+           program_.allowsRemoval(settings::Removal::Manager);
 }
 
 // The plain delete does the same with errors ignored or not; only the answer of the latter tells whether one was left

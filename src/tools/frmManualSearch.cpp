@@ -58,6 +58,7 @@ void frmManualSearch::Form_Unload() {
     stopRequested_ = true;
     // An empty box is not stored: the log tells what was deleted and is nobody's setting.
     txtLog.setText({});
+    settings::tellOfEmptiedBoxes(program_, *this);
     settings::SaveFormINI(program_, *this);
 }
 

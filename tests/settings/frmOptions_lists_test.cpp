@@ -225,6 +225,24 @@ TEST_F(OwnLists, EscapeClosesWithoutSaving) {
     EXPECT_EQ(machine.stored("chkRunList"), "");
 }
 
+TEST_F(OwnLists, EscapeClosesFromAnyControl) {
+    for (const char* control : {"lstFolders", "chkTrash", "", "txtPurgeSpeed"}) {
+        options().chkRunList.Value = 1;
+        options().keyPress(27, control);
+        EXPECT_EQ(machine.program.windows.ifLoaded(frmOptions::kName), nullptr) << control;
+        EXPECT_EQ(machine.stored("chkRunList"), "") << control;
+    }
+}
+
+TEST_F(OwnLists, OtherKeysDoNothing) {
+    options().txtSearchMask.setText("*.bak");
+    for (char32_t key = 0; key < 300; ++key) {
+        if (key != 13 && key != 27) options().keyPress(key, "txtSearchMask");
+    }
+    EXPECT_EQ(options().lstSearchMasks.ListCount(), 0);
+    EXPECT_NE(machine.program.windows.ifLoaded(frmOptions::kName), nullptr);
+}
+
 // --- removing and editing
 
 TEST_F(OwnLists, RemoveAllEmptiesItsListAlone) {
@@ -291,6 +309,20 @@ TEST_F(OwnLists, DoubleClickEdits) {
     options().lstFiles.DblClick();
     EXPECT_EQ(options().txtAddFilePath.Text(), "a");
     EXPECT_EQ(options().lstFiles.ListCount(), 0);
+}
+
+TEST_F(OwnLists, DoubleClickWithoutARowSaysSo) {
+    options().lstFolders.DblClick();
+    EXPECT_EQ(onlyBox().text, "L383");
+    EXPECT_EQ(options().txtAddFolderPath.Text(), "");
+}
+
+TEST_F(OwnLists, DoubleClickOnMasksDoesNothing) {
+    options().lstSearchMasks.AddItem("*.bak");
+    options().lstSearchMasks.setListIndex(0);
+    options().lstSearchMasks.DblClick();
+    EXPECT_EQ(options().lstSearchMasks.ListCount(), 1);
+    EXPECT_EQ(options().txtSearchMask.Text(), "");
 }
 
 // --- the file manager and the dialogs

@@ -172,6 +172,39 @@ TEST_F(MoreToConfigure, TheMixedColourStaysWhileABoxIsEmpty) {
     EXPECT_EQ(form.PicRGBThemeMix.BackColor, 0x030201u);
 }
 
+TEST_F(MoreToConfigure, EnteringABoxOfTheCustomColourClearsIt) {
+    auto& form = window();
+    for (forms::TextBox* box : {&form.CustomThemeR, &form.CustomThemeG, &form.CustomThemeB}) {
+        box->setText("77");
+        box->GotFocus();
+        EXPECT_EQ(box->Text(), "") << box->Name;
+    }
+}
+
+TEST_F(MoreToConfigure, TheMixStandsForTheThreeNumbersOfTheCustomTheme) {
+    auto& form = window();
+    EXPECT_FALSE(form.PicRGBThemeMix.Visible);
+    form.cboTheme.setText("Custom");
+    EXPECT_TRUE(form.PicRGBThemeMix.Visible);
+    const unsigned before = form.PicRGBThemeMix.BackColor;
+    form.Timer1.fire();  // "R", "G" and "B" are no numbers
+    EXPECT_EQ(form.PicRGBThemeMix.BackColor, before);
+    form.CustomThemeR.setText("255");
+    form.CustomThemeG.setText("128");
+    form.CustomThemeB.setText("0");
+    form.Timer1.fire();
+    EXPECT_EQ(form.PicRGBThemeMix.BackColor, 0x0080FFu);
+}
+
+TEST_F(MoreToConfigure, TheTrustedTipStandsUntilTheNextTickOverThePointersTip) {
+    auto& form = window();
+    form.txtCustomAppPath.setText("D:\\BleachBit\\x.exe");
+    form.Form_MouseMove(form.txtCustomAppPath);
+    EXPECT_EQ(form.txtCustomAppPath.ToolTipText, std::string("D:\\BleachBit\\x.exe"));
+    form.Timer1.fire();
+    EXPECT_EQ(form.txtCustomAppPath.ToolTipText, std::string("This Cleaner you can Trust."));
+}
+
 TEST_F(MoreToConfigure, TheDelayTakesNumbersAlone) {
     auto& form = window();
     form.txtUpdateIntDelay.setText("");

@@ -138,6 +138,16 @@ TEST_F(IECache, TheRightButtonOffersToDeleteAll) {
     }
 }
 
+TEST_F(IECache, ThePopUpHoldsItsCommandsAndNeverStandsInABar) {
+    std::string entries;
+    for (const forms::Control* control : window().Controls()) {
+        if (control->kind != forms::ControlKind::Menu) continue;
+        if (static_cast<const forms::Menu*>(control)->parent == "mnBar") entries += control->Name + " ";
+    }
+    EXPECT_EQ(entries, "mnuselectall mnudeselectall mnudeleteall mnudeleteselected mnurefreshcache mnusavecachefile ");
+    EXPECT_FALSE(window().mnBar.Visible);
+}
+
 TEST_F(IECache, TakesItsCaptionsAndKeepsItsTitle) {
     for (int entry = 810; entry <= 816; ++entry) program.LangText.set(entry, "L" + std::to_string(entry));
     EXPECT_EQ(window().Caption, std::string("Internet Explorer Browser Cache Manager"));

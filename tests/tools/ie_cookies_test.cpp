@@ -357,6 +357,17 @@ TEST_F(IECookies, TheRightButtonOffersToDeleteTheSelection) {
     }
 }
 
+TEST_F(IECookies, ThePopUpHoldsItsCommandsAndNeverStandsInABar) {
+    std::string entries;
+    for (const forms::Control* control : window().Controls()) {
+        if (control->kind != forms::ControlKind::Menu) continue;
+        if (static_cast<const forms::Menu*>(control)->parent == "mnBar") entries += control->Name + " ";
+    }
+    EXPECT_EQ(entries,
+              "mnuselectall mnudeselectall mnudeleteall mnudeleteselected mnurefreshcookies mnusavecookiefile ");
+    EXPECT_FALSE(window().mnBar.Visible);
+}
+
 TEST_F(IECookies, TakesItsCaptions) {
     for (int entry = 810; entry <= 818; ++entry) program.LangText.set(entry, "L" + std::to_string(entry));
     EXPECT_EQ(window().Caption, std::string("L817"));

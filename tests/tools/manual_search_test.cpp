@@ -172,6 +172,17 @@ TEST_F(ManualSearch, EveryWayOfClosingStoresTheStateButNotTheLog) {
     EXPECT_EQ(offered(), "Next Cancel");
 }
 
+TEST_F(ManualSearch, AnEmptiedFolderIsToldBeforeItComesBack) {
+    window().txtFolderScanPath.setText("C:\\D");
+    window().cmdCancel.press();
+    window().txtFolderScanPath.setText("");
+    EXPECT_TRUE(display.warnings.empty());
+    window().cmdCancel.press();
+    ASSERT_EQ(display.warnings.size(), 1U);
+    EXPECT_NE(display.warnings[0].find("C:\\D"), std::string::npos) << display.warnings[0];
+    EXPECT_EQ(window().txtFolderScanPath.Text(), "C:\\D");
+}
+
 TEST_F(ManualSearch, ABadStoredValueEndsItsLoadInSilence) {
     store({"txtSearchMask=*.tmp", "chkScanAllFixedDrives=on", "txtFolderScanPath=C:\\lost"}, "frmManualSearch");
     EXPECT_EQ(window().txtSearchMask.Text(), "*.tmp");
