@@ -17,6 +17,7 @@
 #include "platform/machine/wine_server.h"
 #include "platform/memory/memory_browser_cache.h"
 #include "support/host_directory.h"
+#include "support/wine_server_stand_in.h"
 
 namespace tidvane::platform::machine {
 namespace {
@@ -228,47 +229,8 @@ TEST_F(MachineTest, AMachineThatMayNotBeWrittenIsRefused) {
 // --- a Wine server
 // -----------------------------------------------------------------------------------------------------
 
-// Holds the lock of a Wine server from another process, as fcntl locks of one process do not stop itself.
-class ForeignLock {
-public:
-    explicit ForeignLock(const std::string& file) {
-        int ready[2];
-        if (::pipe(ready) != 0) ::abort();
-        child_ = ::fork();
-        if (child_ == 0) {
-            const int handle = ::open(file.c_str(), O_CREAT | O_WRONLY, 0600);
-            struct flock lock {};
-            lock.l_type = F_WRLCK;
-            lock.l_whence = SEEK_SET;
-            lock.l_len = 1;
-            const char done = ::fcntl(handle, F_SETLK, &lock) == 0 ? 'y' : 'n';
-            if (::write(ready[1], &done, 1) != 1) ::_exit(1);
-            for (;;) ::pause();
-        }
-        char answer = 'n';
-        locked_ = ::read(ready[0], &answer, 1) == 1 && answer == 'y';
-        ::close(ready[0]);
-        ::close(ready[1]);
-    }
-    ~ForeignLock() {
-        ::kill(child_, SIGKILL);
-        ::waitpid(child_, nullptr, 0);
-    }
-    [[nodiscard]] bool locked() const { return locked_; }
-
-private:
-    pid_t child_ = -1;
-    bool locked_ = false;
-};
-
-std::string serverName(const std::string& prefix) {
-    struct stat info {};
-    ::stat(prefix.c_str(), &info);
-    char name[64];
-    std::snprintf(name, sizeof name, "server-%llx-%llx", static_cast<unsigned long long>(info.st_dev),
-                  static_cast<unsigned long long>(info.st_ino));
-    return name;
-}
+using tests::ForeignLock;
+using tests::serverName;
 
 TEST_F(MachineTest, SeesTheServerInTheDirectoryOfItsOwner) {
     makeMachine();
