@@ -26,6 +26,7 @@ void frmMain::buildMenus() {
         menus_.back()->parent = row.parent;
         menus_.back()->separatorBefore = beginsMenuGroup(row.name);
         if (isPopUpTitle(row.name)) menus_.back()->Visible.design(false);
+        if (row.action == MenuAction::NotThereYet) forms::designedOff(*menus_.back());
     }
 }
 
@@ -39,6 +40,7 @@ void frmMain::connectMenus() {
         forms::Signal<>& click = menu(row.name).Click;
         switch (row.action) {
             case MenuAction::None:
+            case MenuAction::NotThereYet:
                 break;
             case MenuAction::OptionsTab:
                 click.connect([this, &row] { showOptions(row.a, row.inner, row.b); });

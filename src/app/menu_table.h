@@ -7,11 +7,12 @@
 namespace tidvane::app {
 
 enum class MenuAction {
-    None,        // a title, or a command of another file
-    OptionsTab,  // options window: tab `a`, inner tab control `inner` on `b`
-    StarterTab,  // start page on tab `a`
-    Window,      // the window named in `inner`
-    Page,        // page `a` of the main window
+    None,         // a title, or a command of another file
+    OptionsTab,   // options window: tab `a`, inner tab control `inner` on `b`
+    StarterTab,   // start page on tab `a`
+    Window,       // the window named in `inner`
+    Page,         // page `a` of the main window
+    NotThereYet,  // a command that is still to be built: the entry is grey
 };
 
 struct MenuRow {

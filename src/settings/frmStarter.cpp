@@ -29,6 +29,13 @@ frmStarter::frmStarter(settings::Program& program) : Form(kName), program_(progr
              &txtResetSettingsPW, &lblResetSettingsInfo, &cmdResetSettingsOK, &cmdResetSettingsCancel}) {
         control->Visible.design(false);
     }
+    // Still to be built.
+    for (forms::Control* control : std::initializer_list<forms::Control*>{
+             &cmdInfoServer, &cmdAppsCommunity, &cmdAddOnsCommunity, &cmdLanguageCommunity, &cmdCreateAccount,
+             &cmdRateNow, &cmdContactUs, &cmdSupportForum, &cmdTellFriends, &cmdLikeTidvane, &cmdFollowTidvane,
+             &cmdBackUpFolderPath, &cmdBackUpSettings, &cmdOptimizeSettings, &cmdResetSettings}) {
+        forms::designedOff(*control);
+    }
     Timer2.Tick.connect([this] { Timer2_Timer(); });
 }
 

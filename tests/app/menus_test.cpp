@@ -80,6 +80,17 @@ TEST_F(MenusTest, TheBarShowsItsSixTitlesAndThoseOfThePage) {
     EXPECT_EQ(bar(), six);
 }
 
+TEST_F(MenusTest, OnlyWhatIsStillToBeBuiltIsGrey) {
+    for (const MenuRow& row : menuTable()) {
+        EXPECT_EQ(main().menu(row.name).Enabled, row.action != MenuAction::NotThereYet) << row.name;
+    }
+    // A run opens its entries again behind it, and those alone.
+    clean();
+    for (const MenuRow& row : menuTable()) {
+        EXPECT_EQ(main().menu(row.name).Enabled, row.action != MenuAction::NotThereYet) << row.name;
+    }
+}
+
 TEST_F(MenusTest, LinesTellGroupsApartAndNeverOpenAMenu) {
     std::string last;
     for (const MenuRow& row : menuTable()) {

@@ -377,6 +377,17 @@ TEST_F(SmallWindow, TheStartPageKeepsItsRectangleAndNoControls) {
     EXPECT_EQ(program.get<frmStarter>().chkForceBackup.Value, 0);
 }
 
+TEST_F(SmallWindow, ButtonsOfTheStartPageThatAreStillToBeBuiltAreGrey) {
+    const auto& page = program.get<frmStarter>();
+    int grey = 0;
+    for (const forms::Control* control : page.Controls()) {
+        if (control->kind == forms::ControlKind::ThemedButton && !control->Enabled) ++grey;
+    }
+    EXPECT_EQ(grey, 15);
+    EXPECT_FALSE(page.cmdResetSettings.Enabled);
+    EXPECT_FALSE(page.cmdBackUpSettings.Enabled);
+}
+
 TEST_F(SmallWindow, TheStartPageTakesItsTexts) {
     for (const auto& [index, text] : std::vector<std::pair<int, std::string>>{
              {150, "info"}, {151, "welcome"}, {170, "start"}, {184, "licence"}, {995, "translator"}, {399, "news"}}) {
