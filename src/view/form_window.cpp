@@ -31,7 +31,7 @@ public:
         const wxPoint place(toPixels(form.Left, native), toPixels(form.Top, native));
         if (seen_ && (form.Left != left_ || form.Top != top_)) native->Move(place);
         if (seen_ && window_.style_.keepsModelSize && (form.Width != width_ || form.Height != height_)) {
-            native->SetSize(toPixels(form.Width, native), toPixels(form.Height, native));
+            native->SetClientSize(toPixels(form.Width, native), toPixels(form.Height, native));
         }
         remember();
     }
@@ -187,8 +187,9 @@ void FormWindow::layoutSoon() {
         if (weak.expired() || native_ == nullptr) return;
         layoutPending_ = false;
         if (!style_.resizable && !style_.keepsModelSize) {
-            native_->GetSizer()->SetSizeHints(native_);
-            native_->Fit();
+            const wxSize least = native_->GetSizer()->CalcMin();
+            native_->SetMinClientSize(least);
+            native_->SetClientSize(least);
         }
         // A hidden page is laid out when it shows; all levels between have to place their children anew.
         for (const auto& [control, widget] : widgets_) {
@@ -234,7 +235,8 @@ void FormWindow::noteRectangle() {
                                               : forms::WindowState::Normal;
         if (form.State != forms::WindowState::Normal) return;
         const wxPoint place = native_->GetPosition();
-        const wxSize size = native_->GetSize();
+        // The size inside the window manager's frame: what is stored is what comes back.
+        const wxSize size = native_->GetClientSize();
         form.Left = toTwips(place.x, native_);
         form.Top = toTwips(place.y, native_);
         form.Width = toTwips(size.x, native_);
@@ -252,12 +254,13 @@ void FormWindow::finish() {
     }
     // Everything shows what it is before it is measured.
     view_.settle();
-    wxSize least = native_->GetSizer()->ComputeFittingWindowSize(native_);
+    // Measured inside the frame of the window manager, whose size nobody knows before the window is shown.
+    wxSize least = native_->GetSizer()->CalcMin();
     least.IncTo({toPixels(style_.minWidth, native_), toPixels(style_.minHeight, native_)});
-    native_->SetMinSize(least);
+    native_->SetMinClientSize(least);
     wxSize size = least;
     if (style_.keepsModelSize) size.IncTo({toPixels(form_.Width, native_), toPixels(form_.Height, native_)});
-    native_->SetSize(size);
+    native_->SetClientSize(size);
     if (form_.Left != 0 || form_.Top != 0) {
         native_->Move(toPixels(form_.Left, native_), toPixels(form_.Top, native_));
     } else if (native_->GetParent() != nullptr) {
