@@ -16,7 +16,6 @@ namespace tidvane::frontend {
 
 namespace {
 
-constexpr std::size_t kTold = 10;
 constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kTitle = "Tidvane";
 
@@ -29,12 +28,6 @@ std::string everyNameMatches(settings::Program& program) {
     }
     if (masks.empty()) return {};
     return "The junk search would remove every file of its drives, since every name matches " + masks;
-}
-
-// 0: there is no such file, or it does not tell.
-platform::FileTime lastWritten(platform::FileSystem& files, const std::string& path) {
-    platform::FileTimes times;
-    return files.FileExists(path) && platform::ok(files.GetFileTimes(path, times)) ? times.lastWrite : 0;
 }
 
 }  // namespace
@@ -59,21 +52,6 @@ std::string questionOfChangedLines(settings::Program& program) {
         return !gates.at(static_cast<std::size_t>(file - settings::kListFiles.begin()))->ticked();
     });
     return lines.empty() ? std::string() : tellSplitLines(lines) + kLineEnd + "Clean with these entries?";
-}
-
-std::string questionOfNewerFiles(settings::Program& program, const std::vector<PlannedCopy>& copies) {
-    platform::FileSystem& files = program.platform.files;
-    std::vector<std::string> newer;
-    for (const PlannedCopy& copy : copies) {
-        const platform::FileTime source = lastWritten(files, copy.from);
-        if (source != 0 && lastWritten(files, copy.to) > source) newer.push_back(copy.to);
-    }
-    if (newer.empty()) return {};
-    std::string text = std::string("These files are newer than those that would replace them:") + kLineEnd + kLineEnd;
-    const std::size_t told = std::min(newer.size(), kTold);
-    for (std::size_t at = 0; at < told; ++at) text += newer[at] + kLineEnd;
-    if (newer.size() > told) text += "and " + std::to_string(newer.size() - told) + " more." + kLineEnd;
-    return text + kLineEnd + "Replace them all the same?";
 }
 
 std::string warningOfIdleEntry(settings::Program& program, OwnList list, const std::string& text) {

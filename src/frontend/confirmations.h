@@ -1,15 +1,13 @@
 // Questions in front of what its user may not have meant. Each function answers with the text of a question, or with
 // nothing where there is nothing to ask; the front end decides how to ask (a box, an option of the command line).
 //
-// The models ask two of them by themselves, through Display, so that no front end has to: frmOptions a text with a
+// The models ask some of them by themselves, through Display, so that no front end has to: frmOptions a text with a
 // comma, a quotation mark or a line break that is added to an own list, with the entries shown that it would become
 // (and it refuses protected places and keys); frmManualSearch a search without a folder, or with a mask that matches
-// every file name.
+// every file name. For files that a copy would write over with older ones there is settings/newer_files.h.
 #pragma once
 
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "frontend/front_end.h"
 #include "settings/program.h"
@@ -23,14 +21,6 @@ std::string refusalOfMasks(settings::Program& program);
 
 // Lines of list files whose step is ticked come back as other entries than they read.
 std::string questionOfChangedLines(settings::Program& program);
-
-// Files that a backup or a restore would write over with older ones: copies from the first folder to the second, by
-// name. Full paths of the machine. A target that is missing, or not newer, is no matter.
-struct PlannedCopy {
-    std::string from;
-    std::string to;
-};
-std::string questionOfNewerFiles(settings::Program& program, const std::vector<PlannedCopy>& copies);
 
 // A text of an own list that a run would do nothing with, for a warning behind its adding: a sentence, or nothing. Of a
 // folder that no run may empty the platform itself warns, through its warning sink, when it is asked here.
