@@ -158,7 +158,8 @@ public:
     controls::isButton cmdSaveLog{*this, "cmdSaveLog", "Protokoll speichern"};
     controls::isButton cmdViewLog{*this, "cmdViewLog", "Protokoll"};
     forms::ListBox LstPlugs{*this, "LstPlugs", true};
-    forms::TextBox txtSearchPlugs{*this, "txtSearchPlugs", "Suchen ..."};
+    static constexpr const char* kDesignedSearchHint = "Suchen ...";
+    forms::TextBox txtSearchPlugs{*this, "txtSearchPlugs", kDesignedSearchHint};
     controls::isButton cmdSearch{*this, "cmdSearch", "Suchen"};
     forms::ListView lstExtensions{*this, "lstExtensions"};
     forms::ComboBox cboExtensionsCat{*this, "cboExtensionsCat"};
@@ -195,6 +196,7 @@ private:
     void paneItemClicked(int group, int item);
     void showPage(int tab);
     void pageChanged();
+    void hintInSearchBox();
     void showOptions(int tab, const char* innerTabs = nullptr, int innerTab = 0);
     void showStarter(int tab);
     void openAddressOf(const char* control);

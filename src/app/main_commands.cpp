@@ -108,7 +108,7 @@ void frmMain::paneItemClicked(int group, int item) {
             return showOptions(5);
         case PaneAction::PlugInsPage:
             showPage(kPlugInsTab);
-            return txtSearchPlugs.setText(program_.LangText(559) + " ...");
+            return hintInSearchBox();
         case PaneAction::MorePlugIns:
             return openAddressOf("txtApps");
         case PaneAction::ExtensionsPage:
@@ -143,6 +143,12 @@ void frmMain::pageChanged() {
     for (controls::isButton* button : {&cmdClean, &cmdClearLog, &cmdCopyLog, &cmdSaveLog, &cmdViewLog}) {
         button->Visible = cleaning;
     }
+    // Whatever led to the page, its hint is in the user's language; what was typed stays.
+    if (plugIns && txtSearchPlugs.Text() == kDesignedSearchHint) hintInSearchBox();
+}
+
+void frmMain::hintInSearchBox() {
+    if (const std::string word = program_.LangText(559); !word.empty()) txtSearchPlugs.setText(word + " ...");
 }
 
 void frmMain::showOptions(int tab, const char* innerTabs, int innerTab) {

@@ -282,6 +282,24 @@ TEST_F(PlugInSearch, TheDesignHoldsTheHint) {
     EXPECT_EQ(main().cmdSearchTag(), "-1");
 }
 
+TEST_F(PlugInSearch, TheHintIsInTheUsersLanguageWhateverLeadsToThePage) {
+    EXPECT_EQ(main().txtSearchPlugs.Text(), "Suchen ...");
+    click("mnuApps");
+    EXPECT_EQ(main().txtSearchPlugs.Text(), text(559) + " ...");
+    main().txtSearchPlugs.setText("clean");
+    click("mnuCleaner");
+    click("mnuCustomPlugIns");
+    EXPECT_EQ(main().txtSearchPlugs.Text(), "clean");
+    main().ExplorerBar1.ItemClick(1, 0);
+    EXPECT_EQ(main().txtSearchPlugs.Text(), text(559) + " ...");
+}
+
+TEST_F(PlugInSearch, TheHintStaysAsDesignedWithoutALanguageFile) {
+    machine.files.take(inFolder("English.lng"));
+    click("mnuApps");
+    EXPECT_EQ(main().txtSearchPlugs.Text(), "Suchen ...");
+}
+
 TEST_F(PlugInSearch, AClickWipesTheTextAndDecidesByTheOneBefore) {
     main().txtSearchPlugs.ForeColor = 0x808080u;
     main().cmdSearch.Enabled = false;
