@@ -51,6 +51,9 @@ void frmMain::connectMenus() {
             case MenuAction::Window:
                 click.connect([this, &row] { program_.windows.show(row.inner, this, false); });
                 break;
+            case MenuAction::FreeWindow:
+                click.connect([this, &row] { program_.windows.show(row.inner, nullptr, false); });
+                break;
             case MenuAction::Page:
                 click.connect([this, &row] { showPage(row.a); });
                 break;

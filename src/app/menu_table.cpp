@@ -34,7 +34,7 @@ constexpr std::array kMenus{
     MenuRow{"mnuSafetyLogOff", "mnFile", "Abmelden", NotThereYet},
     MenuRow{"mnuBackground", "mnFile", "Im Hintergrund ausführen"},
     MenuRow{"mnuRestartTidvane", "mnFile", "Tidvane neu starten"},
-    MenuRow{"mnuWidgetMain", "mnFile", "Desktop-Widget", Window, 0, "frmWidget"},
+    MenuRow{"mnuWidgetMain", "mnFile", "Desktop-Widget", FreeWindow, 0, "frmWidget"},
     MenuRow{"mnuExit", "mnFile", "Beenden"},
     // View
     MenuRow{"mnuCleaner", "mnView", "Reinigung", Page, 0},
@@ -94,7 +94,7 @@ constexpr std::array kMenus{
     MenuRow{"mnuRestartModeSystray", "mnuCleanModeSystray", "Neu starten", NotThereYet},
     MenuRow{"mnuShutDownModeSystray", "mnuCleanModeSystray", "Herunterfahren", NotThereYet},
     MenuRow{"mnuOptionsSystray", "mnMain", "Optionen"},
-    MenuRow{"mnuWidget", "mnMain", "Desktop-Widget", Window, 0, "frmWidget"},
+    MenuRow{"mnuWidget", "mnMain", "Desktop-Widget", FreeWindow, 0, "frmWidget"},
     MenuRow{"mnuExitSystray", "mnMain", "Beenden"},
     MenuRow{"mnCustom", "", "Eigene Listen"},
     MenuRow{"mnuCustomFolder", "mnCustom", "Eigene Ordner", OptionsTab, 3, "SSTab3", 0},

@@ -10,7 +10,8 @@ enum class MenuAction {
     None,         // a title, or a command of another file
     OptionsTab,   // options window: tab `a`, inner tab control `inner` on `b`
     StarterTab,   // start page on tab `a`
-    Window,       // the window named in `inner`
+    Window,       // the window named in `inner`, over the main window
+    FreeWindow,   // the window named in `inner`, which stays in sight while the main window is hidden
     Page,         // page `a` of the main window
     NotThereYet,  // a command that is still to be built: the entry is grey
 };

@@ -183,6 +183,9 @@ TEST_F(MenusTest, WindowMenusShowTheirWindows) {
         display.shown.clear();
         click(menu);
         EXPECT_TRUE(display.wasShown(window)) << menu;
+        // The widget stays in sight while the main window is hidden.
+        EXPECT_EQ(display.shown.back().owner, std::string(window) == "frmWidget" ? "" : "frmMain") << menu;
+        EXPECT_FALSE(display.shown.back().modal) << menu;
     }
 }
 
