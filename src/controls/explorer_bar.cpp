@@ -50,12 +50,12 @@ ExplorerBar::ExplorerBar(forms::Form& owner, std::string name)
     reshaped_.connect([this] { changed(); });
     oneGroup_.connect([this] { keepOneOpen(); });
     tsbVertical.MouseWheelInContainer.design(true);
+    // It tells its look before its events, so that a new position is drawn once.
     tsbVertical.viewChanged.connect([this] {
-        if (!arranging_) viewChanged();
+        if (arranging_) return;
+        dirtyPlaces_ = true;
+        viewChanged();
     });
-    for (forms::Signal<>* scrolled : {&tsbVertical.Change, &tsbVertical.Scroll}) {
-        scrolled->connect([this] { moved(); });
-    }
 }
 
 void ExplorerBar::setColour(const std::string& property, unsigned value) {

@@ -197,6 +197,7 @@ public:
     void clickItem(int group, int item);
 
     // --- For the view: size and measure, then the places. Logical pixels. Until a size is known nothing is animated.
+    // Called when the size, the font or the display changes, not from a paint: it measures and draws everything anew.
     void setView(Size size, ExplorerMeasure measure);
     const ExplorerLayout& layout();
     int scroll() const { return tsbVertical.Value; }
