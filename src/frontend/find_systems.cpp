@@ -37,19 +37,21 @@ constexpr std::array kKindNames{
     KindName{SystemKind::CrossOver, "CrossOver"}, KindName{SystemKind::Volume, "Windows volume"},
 };
 
-// Folders whose own folders are prefixes, below the home directory; `inside` is the prefix's place in each of them.
+// Folders whose own folders are prefixes, below the home directory.
 struct PrefixFolder {
     SystemKind kind;
     const char* place;
-    const char* inside;
 };
 constexpr std::array kPrefixFolders{
-    PrefixFolder{SystemKind::Lutris, "Games", ""},
-    PrefixFolder{SystemKind::Bottles, ".local/share/bottles/bottles", ""},
-    PrefixFolder{SystemKind::Bottles, ".var/app/com.usebottles.bottles/data/bottles/bottles", ""},
-    PrefixFolder{SystemKind::PlayOnLinux, ".PlayOnLinux/wineprefix", ""},
-    PrefixFolder{SystemKind::PlayOnLinux, ".var/app/org.phoenicis.playonlinux/data/PlayOnLinux/wineprefix", ""},
-    PrefixFolder{SystemKind::CrossOver, ".cxoffice", ""},
+    PrefixFolder{SystemKind::Wine, ".local/share/wineprefixes"},
+    PrefixFolder{SystemKind::Wine, "Games/Heroic/Prefixes"},
+    PrefixFolder{SystemKind::Wine, "Games/Heroic/Prefixes/default"},
+    PrefixFolder{SystemKind::Lutris, "Games"},
+    PrefixFolder{SystemKind::Bottles, ".local/share/bottles/bottles"},
+    PrefixFolder{SystemKind::Bottles, ".var/app/com.usebottles.bottles/data/bottles/bottles"},
+    PrefixFolder{SystemKind::PlayOnLinux, ".PlayOnLinux/wineprefix"},
+    PrefixFolder{SystemKind::PlayOnLinux, ".var/app/org.phoenicis.playonlinux/data/PlayOnLinux/wineprefix"},
+    PrefixFolder{SystemKind::CrossOver, ".cxoffice"},
 };
 
 // Roots of Steam, below the home directory. Several of them are often one.

@@ -65,6 +65,12 @@ TEST_F(FindSystems, TheEmbeddedMachineFirstAndWinesOwnPrefix) {
     EXPECT_EQ(findSystems(places).front().directory, here / "home/.local/share/tidvane/machine");
 }
 
+TEST_F(FindSystems, PrefixesOfOtherStarters) {
+    prefix("home/.local/share/wineprefixes/tool");
+    prefix("home/Games/Heroic/Prefixes/default/A Game");
+    EXPECT_EQ(found(), (Texts{"Wine: A Game", "Wine: tool"}));
+}
+
 TEST_F(FindSystems, EachDirectoryOnceWhateverWaysLeadToIt) {
     prefix("home/.wine");
     places.winePrefix = here / "home/.wine/";
