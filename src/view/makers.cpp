@@ -288,8 +288,8 @@ wxWindow* FormWindow::imageButton(wxWindow* parent, forms::Image& image, const s
 }
 
 wxWindow* FormWindow::button(wxWindow* parent, controls::isButton& button, const std::string& name) {
-    auto* widget = new ThemedButton(parent, button, name);
-    pressed(*this, widget, button);
+    auto* widget = new ThemedButton(parent, button, name,
+                                    [this](const std::function<void()>& what) { view_.act(what); });
     adopt(button, widget);
     whenever(button, [this, widget] {
         if (widget->update()) layoutSoon();
@@ -305,6 +305,19 @@ wxWindow* FormWindow::button(wxWindow* parent, forms::CommandButton& button, con
     whenever(button, [this, widget, &button] {
         if (widget->GetLabel() == toNative(button.Caption.get())) return;
         setLabel(widget, button.Caption);
+        layoutSoon();
+    });
+    return widget;
+}
+
+wxWindow* FormWindow::button(wxWindow* parent, forms::Menu& entry, const std::string& name) {
+    auto* widget = new wxButton(parent, wxID_ANY, toNative(entry.Caption.get()));
+    widget->SetBitmap(icon(name, wxSize(16, 16)));
+    widget->Bind(wxEVT_BUTTON, [this, &entry](wxCommandEvent&) { view_.act([&entry] { entry.Click(); }); });
+    adopt(entry, widget);
+    whenever(entry, [this, widget, &entry] {
+        if (widget->GetLabel() == toNative(entry.Caption.get())) return;
+        setLabel(widget, entry.Caption);
         layoutSoon();
     });
     return widget;

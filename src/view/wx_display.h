@@ -49,6 +49,7 @@ public:
     void setClipboard(const std::string& text) override;
     void addTrayIcon(const std::string& tip) override;
     void removeTrayIcon() override;
+    bool hasTray() override { return trayShown_; }
     std::uint64_t windowHandle(forms::Form& form) override;
     void setTopmost(forms::Form& form, bool topmost) override;
     void setPointer(int pointer) override;

@@ -1,23 +1,43 @@
 // The program's own push button on the screen.
 #pragma once
 
-#include <wx/button.h>
+#include <wx/control.h>
 
 #include <string>
 
 #include "controls/is_button.h"
+#include "view/painters/painting.h"
+
+class wxGraphicsContext;
 
 namespace tidvane::view {
 
-// Raises wxEVT_BUTTON on a click; the caller presses the model.
-class ThemedButton final : public wxButton {
+// Mouse and keys go to the model; the model says how it looks. The icon is the model's own, or else `iconName`.
+// A wxEVT_BUTTON from outside (the default button of a window) is a click.
+class ThemedButton final : public wxControl {
 public:
-    ThemedButton(wxWindow* parent, controls::isButton& button, const std::string& iconName);
+    ThemedButton(wxWindow* parent, controls::isButton& button, std::string iconName, Act act);
     // The button becomes what the model is. True: its best size may have changed.
     bool update();
 
+protected:
+    wxSize DoGetBestClientSize() const override;
+
 private:
+    void bindMouse();
+    void bindKeys();
+    void paint();
+    void paintBody(wxDC& dc, wxGraphicsContext& context, const wxRect& box);
+    void paintIcon(wxDC& dc);
+    void showTip();
+    [[nodiscard]] controls::Size captionSize() const;
+    [[nodiscard]] wxString caption() const;
+    [[nodiscard]] bool isDefault() const;
+
     controls::isButton& button_;
+    const std::string iconName_;
+    const Act act_;
+    wxString measured_;
 };
 
 }  // namespace tidvane::view
