@@ -1,65 +1,294 @@
-// The entry point of the windows.
+// The entry point of the windows: which machine, what stands between the program and it, and the end of both.
+#include <glib-unix.h>
+#include <gtk/gtk.h>
+#include <unistd.h>
 #include <wx/app.h>
-#include <wx/cmdline.h>
+#include <wx/init.h>
+#include <wx/msgdlg.h>
 
+#include <array>
+#include <csignal>
+#include <exception>
+#include <filesystem>
+#include <iostream>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include "frontend/places.h"
-#include "platform/machine/machine_platform.h"
+#include "app/frmMain.h"
+#include "base/runtime_error.h"
+#include "frontend/guards.h"
+#include "frontend/host_paths.h"
+#include "frontend/last_words.h"
+#include "frontend/open_machine.h"
+#include "frontend/removal_gate.h"
+#include "frontend/removed.h"
+#include "frontend/window_arguments.h"
 #include "view/text.h"
 #include "view/window_program.h"
 
 namespace {
 
-namespace machine = tidvane::platform::machine;
+using tidvane::frontend::HeldMachine;
+using tidvane::frontend::WindowArguments;
+using tidvane::view::toNative;
+namespace msgbox = tidvane::forms::msgbox;
+
+constexpr const char* kTitle = "Tidvane";
+
+namespace exit_status {
+constexpr int Done = 0;
+constexpr int Usage = 2;
+constexpr int MachineUnusable = 4;
+}  // namespace exit_status
 
 class App final : public wxApp {
 public:
-    bool OnInit() override {
-        std::string directory;
-        std::string programFolder;
-        std::string arguments;
-        for (int at = 1; at < argc; ++at) {
-            const std::string word = tidvane::view::fromNative(argv[at]);
-            if (word == "--machine" && at + 1 < argc) {
-                directory = tidvane::view::fromNative(argv[++at]);
-            } else if (word == "--program" && at + 1 < argc) {
-                programFolder = tidvane::view::fromNative(argv[++at]);
-            } else {
-                arguments += (arguments.empty() ? "" : " ") + word;
-            }
-        }
-        std::string error;
-        auto opened = machine::Machine::open(directory, machine::Machine::Access::Write, error);
-        if (opened == nullptr ||
-            !tidvane::frontend::fillProgramFolder(programFolder, tidvane::frontend::deliveredData(), error)) {
-            wxLogError("%s", tidvane::view::toNative(error));
-            return false;
-        }
-        platform_ = machine::MachinePlatform::make(std::move(opened), {programFolder, arguments, {}, false}, error);
-        program_ = std::make_unique<tidvane::view::WindowProgram>(platform_->platform());
-        program_->display().onEnd = [this] { ExitMainLoop(); };
-        Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-            event.Skip();
-            if (program_ && !program_->view().busy()) program_->view().settle();
-        });
-        CallAfter([this] {
-            if (!program_->start()) ExitMainLoop();
-        });
-        SetExitOnFrameDelete(false);
-        return true;
-    }
-    int OnExit() override {
-        program_.reset();
-        return wxApp::OnExit();
-    }
+    explicit App(WindowArguments arguments) : arguments_(std::move(arguments)) {}
+
+    bool OnInit() override;
+    int OnExit() override;
+    bool OnExceptionInMainLoop() override;
+    void OnUnhandledException() override { (void)OnExceptionInMainLoop(); }
+
+    [[nodiscard]] int status() const { return status_; }
+    // Behind the end: the words of a new start; empty: none is wanted.
+    [[nodiscard]] const std::vector<std::string>& restart() const { return restart_; }
+
+    void noteEndOfSession();
 
 private:
-    std::unique_ptr<machine::MachinePlatform> platform_;
+    bool open(const std::string& directory, std::string& error);
+    void start();
+    void settle();
+    void guarded(const std::function<void()>& what);
+    void endOfSession();
+    void end();
+
+    WindowArguments arguments_;
+    std::string directory_;
+    std::unique_ptr<HeldMachine> machine_;
+    std::unique_ptr<tidvane::frontend::HostPaths> paths_;
     std::unique_ptr<tidvane::view::WindowProgram> program_;
+    tidvane::platform::RemovalTotals before_;
+    std::vector<std::string> restart_;
+    int status_ = exit_status::Done;
+    bool ended_ = false;
+    bool sessionEnds_ = false;
 };
+
+gboolean noteSignal(gpointer app) {
+    static_cast<App*>(app)->noteEndOfSession();
+    return G_SOURCE_CONTINUE;
+}
+
+// Boxes and dialogs of the toolkit that wait for an answer get none: each is left as by its close button.
+void dismissBoxes() {
+    GList* windows = gtk_window_list_toplevels();
+    for (GList* window = windows; window != nullptr; window = window->next) {
+        if (GTK_IS_DIALOG(window->data) && gtk_widget_get_visible(GTK_WIDGET(window->data))) {
+            gtk_dialog_response(GTK_DIALOG(window->data), GTK_RESPONSE_CANCEL);
+        }
+    }
+    g_list_free(windows);
+}
+
+bool App::OnInit() {
+    SetAppName(kTitle);
+    SetExitOnFrameDelete(false);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) g_unix_signal_add(signal, noteSignal, this);
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        event.Skip();
+        guarded([this] { settle(); });
+    });
+    std::string error;
+    if (arguments_.machine.empty() || !open(arguments_.machine, error)) {
+        if (error.empty()) error = "Name a machine with --machine.";
+        std::cerr << error << std::endl;
+        wxMessageBox(toNative(error), kTitle, wxOK | wxICON_ERROR);
+        status_ = exit_status::MachineUnusable;
+        return false;
+    }
+    return true;
+}
+
+// False: nothing has changed, and another machine may be tried.
+bool App::open(const std::string& directory, std::string& error) {
+    auto machine = HeldMachine::open(
+        {directory, arguments_.program, tidvane::platform::machine::Machine::Access::Read, arguments_.arguments, false},
+        error);
+    if (machine == nullptr) return false;
+    machine_ = std::move(machine);
+    directory_ = machine_->platform().machine().directory();
+    paths_ = std::make_unique<tidvane::frontend::HostPaths>(machine_->platform().machine(), arguments_.program);
+    const tidvane::platform::Platform platform = machine_->platform().platform();
+    before_ = platform.removed.totals;
+    program_ = std::make_unique<tidvane::view::WindowProgram>(platform);
+
+    tidvane::view::WxDisplay& display = program_->display();
+    display.hostPathOf = [this](const std::string& path) { return paths_->hostPathOf(path); };
+    display.machinePathOf = [this](const std::string& path) { return paths_->machinePathOf(path); };
+    display.onEnd = [this] { end(); };
+    machine_->platform().setWarningSink(
+        [&display](const tidvane::platform::Warning& warning) { display.warn(warning.text); });
+    // What the end of a session asks for is heard at the points where events get in, as everything is.
+    machine_->platform().events().onPump([this] { endOfSession(); });
+    program_->view().onError = [&display](const std::string& text) {
+        (void)display.MsgBox(text, msgbox::Critical, kTitle);
+    };
+    program_->whenQuiet = [this, &display] {
+        std::string problem;
+        if (!machine_->settle(problem) && !problem.empty()) display.warn(problem);
+    };
+    tidvane::frontend::connectRemovalGate(program_->program(), *machine_);
+    CallAfter([this] { guarded([this] { start(); }); });
+    return true;
+}
+
+void App::start() {
+    if (!program_->start()) return end();
+    tidvane::view::WxDisplay& display = program_->display();
+    tidvane::frontend::warnOfMissingProtection(program_->program(), display);
+    tidvane::frontend::warnOfMissingTexts(program_->program(), display);
+    if (const std::string why = machine_->whyNotNow(); !why.empty()) display.warn(why);
+}
+
+void App::settle() {
+    endOfSession();
+    if (program_ && !program_->view().busy()) program_->view().settle();
+    // A loop of a window or a box stood in the way when the program ended.
+    if (ended_) ExitMainLoop();
+}
+
+void App::end() {
+    ended_ = true;
+    ExitMainLoop();
+    wxWakeUpIdle();
+}
+
+void App::noteEndOfSession() {
+    sessionEnds_ = true;
+    wxWakeUpIdle();
+}
+
+// The end of Windows, or of this desktop: nobody is asked anything any more.
+void App::endOfSession() {
+    if (!std::exchange(sessionEnds_, false) || ended_) return;
+    if (!program_) return end();
+    tidvane::settings::Program& program = program_->program();
+    program.unattended = true;
+    dismissBoxes();
+    program_->view().act([&program] {
+        auto* main = program.windows.ifLoaded<tidvane::app::frmMain>();
+        if (main == nullptr || !program.windows.unload(*main, tidvane::forms::UnloadMode::WindowsShutdown)) {
+            program.UnloadAllForms();
+        }
+    });
+}
+
+void App::guarded(const std::function<void()>& what) {
+    try {
+        what();
+    } catch (const std::exception&) {
+        if (!OnExceptionInMainLoop()) end();
+    }
+}
+
+// Called inside the handler of an exception. True: the program goes on.
+bool App::OnExceptionInMainLoop() {
+    try {
+        throw;
+    } catch (const tidvane::base::RuntimeError& error) {
+        wxMessageBox(toNative(error.what()), kTitle, wxOK | wxICON_ERROR);
+        return true;
+    } catch (const std::exception& problem) {
+        const bool removed = machine_ != nullptr && tidvane::frontend::removedSomething(tidvane::frontend::removedSince(
+                                                        before_, machine_->platform().platform().removed));
+        const std::string words = tidvane::frontend::lastWords(problem, removed);
+        std::cerr << words << std::endl;
+        if (!ended_) wxMessageBox(toNative(words), kTitle, wxOK | wxICON_ERROR);
+        status_ = exit_status::MachineUnusable;
+        return false;
+    }
+}
+
+int App::OnExit() {
+    if (program_ && program_->restartWanted()) {
+        restart_ = tidvane::frontend::wordsOfRestart(directory_, arguments_.program);
+    }
+    if (machine_) {
+        machine_->platform().events().onPump({});
+        machine_->platform().setWarningSink({});
+    }
+    program_.reset();
+    if (machine_) {
+        std::string error;
+        if (!machine_->settle(error) && !error.empty()) {
+            std::cerr << error << std::endl;
+            status_ = exit_status::MachineUnusable;
+        }
+    }
+    machine_.reset();
+    return wxApp::OnExit();
+}
+
+// Does not come back where it succeeds.
+int becomeAnew(const std::string& program, const std::vector<std::string>& words) {
+    std::vector<std::string> line{program};
+    line.insert(line.end(), words.begin(), words.end());
+    std::vector<char*> pointers;
+    for (std::string& word : line) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    ::execv(program.c_str(), pointers.data());
+    std::cerr << "Tidvane could not be started anew; start it by hand." << std::endl;
+    return exit_status::MachineUnusable;
+}
+
+int runWindows(const WindowArguments& arguments, char* name, std::vector<std::string>& restart) {
+    auto* app = new App(arguments);
+    wxApp::SetInstance(app);
+    // The toolkit's own options come from the environment; every word of ours is read already.
+    int count = 1;
+    std::array<char*, 2> words{name, nullptr};
+    if (!wxEntryStart(count, words.data())) {
+        std::cerr << "No display can be opened; the console front end is tidvane-console." << std::endl;
+        return exit_status::MachineUnusable;
+    }
+    try {
+        if (app->CallOnInit()) app->OnRun();
+    } catch (...) {
+        app->OnUnhandledException();
+    }
+    app->OnExit();
+    restart = app->restart();
+    const int status = app->status();
+    wxEntryCleanup();
+    return status;
+}
 
 }  // namespace
 
-wxIMPLEMENT_APP(App);
+int main(int count, char** words) {
+    WindowArguments arguments = tidvane::frontend::readWindowArguments({words + 1, words + count});
+    if (!arguments.error.empty()) {
+        std::cerr << arguments.error << std::endl;
+        return exit_status::Usage;
+    }
+    if (arguments.help || arguments.version) {
+        std::cout << (arguments.help ? tidvane::frontend::windowHelp() : "tidvane " TIDVANE_VERSION "\n");
+        return exit_status::Done;
+    }
+    if (arguments.program.empty()) arguments.program = tidvane::frontend::defaultProgramFolder();
+    if (arguments.program.empty()) {
+        std::cerr << "Neither XDG_DATA_HOME nor HOME is set; name the places with --machine and --program."
+                  << std::endl;
+        return exit_status::MachineUnusable;
+    }
+    // Where this program lies may not be told any more once another version was put in its place.
+    std::error_code problem;
+    const std::string own = std::filesystem::read_symlink("/proc/self/exe", problem).string();
+    std::vector<std::string> restart;
+    const int status = runWindows(arguments, words[0], restart);
+    return restart.empty() ? status : becomeAnew(own, restart);
+}

@@ -4,18 +4,20 @@
 
 #include "app/all_windows.h"
 #include "app/frmMain.h"
+#include "base/text.h"
 
 namespace tidvane::view {
 
 namespace {
 
-// The services with the windows' own clock and pump in the place of the platform's.
-platform::Platform withOwn(const platform::Platform& platform, platform::Clock& clock, platform::EventPump& events) {
+// The services with the windows' own clock, pump and processes in the place of the platform's.
+platform::Platform withOwn(const platform::Platform& platform, platform::Clock& clock, platform::EventPump& events,
+                           platform::Processes& processes) {
     return {platform.files,
             platform.profiles,
             platform.registry,
             platform.shell,
-            platform.processes,
+            processes,
             platform.session,
             platform.environment,
             platform.browserCache,
@@ -30,7 +32,23 @@ platform::Platform withOwn(const platform::Platform& platform, platform::Clock& 
 
 constexpr int kLongestStill = 33;  // milliseconds without a painting
 
+// The new program runs on its own.
+class Started final : public platform::Process {
+public:
+    bool wait(int /*milliseconds*/) override { return true; }
+};
+
 }  // namespace
+
+WindowProcesses::WindowProcesses(platform::Processes& processes, platform::SystemInfo& system)
+    : processes_(processes), system_(system) {}
+
+std::unique_ptr<platform::Process> WindowProcesses::CreateProcessA(const std::string& commandLine, int show) {
+    const std::string own = base::withBackslash(system_.ApplicationPath()) + system_.ExecutableName() + ".exe";
+    if (!base::equalNoCase(commandLine, own)) return processes_.CreateProcessA(commandLine, show);
+    restartWanted_ = true;
+    return std::make_unique<Started>();
+}
 
 void PaintingClock::Sleep(int milliseconds) {
     if (!display_.shownOnce()) return;
@@ -46,7 +64,8 @@ WindowProgram::WindowProgram(const platform::Platform& platform)
     : display_(view_),
       clock_(platform.clock, view_, display_),
       pump_(platform.events, view_),
-      program_(withOwn(platform, clock_, pump_), display_) {
+      processes_(platform.processes, platform.system),
+      program_(withOwn(platform, clock_, pump_, processes_), display_) {
     app::offerAllWindows(program_);
     display_.setWindows(program_.windows);
     view_.whenQuiet = [this] {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "platform/platform.h"
 #include "settings/program.h"
@@ -41,6 +42,22 @@ private:
     View& view_;
 };
 
+// A start of the program by itself is a restart: the new one may only begin once this one has stored everything and let
+// go of the machine, which its entry point sees to.
+class WindowProcesses final : public platform::Processes {
+public:
+    WindowProcesses(platform::Processes& processes, platform::SystemInfo& system);
+    std::unique_ptr<platform::Process> CreateProcessA(const std::string& commandLine, int show) override;
+    bool takeInstanceLock() override { return processes_.takeInstanceLock(); }
+    void releaseInstanceLock() override { processes_.releaseInstanceLock(); }
+    [[nodiscard]] bool restartWanted() const { return restartWanted_; }
+
+private:
+    platform::Processes& processes_;
+    platform::SystemInfo& system_;
+    bool restartWanted_ = false;
+};
+
 class WindowProgram {
 public:
     explicit WindowProgram(const platform::Platform& platform);
@@ -51,6 +68,8 @@ public:
     settings::Program& program() { return program_; }
     WxDisplay& display() { return display_; }
     View& view() { return view_; }
+    // Behind the end: the user wants the program to begin anew.
+    [[nodiscard]] bool restartWanted() const { return processes_.restartWanted(); }
 
     // The start of the program: the load of the main window, which is shown behind it unless the start has hidden it.
     // False: the program is over already (a second instance, a cleaning at the start that ends it).
@@ -63,6 +82,7 @@ private:
     WxDisplay display_;
     PaintingClock clock_;
     WindowPump pump_;
+    WindowProcesses processes_;
     settings::Program program_;
 };
 
