@@ -1,6 +1,7 @@
 // The table of all windows: how each form becomes a native window.
 #pragma once
 
+#include <span>
 #include <string_view>
 
 #include "view/form_window.h"
@@ -15,5 +16,6 @@ struct WindowLayout {
 
 // Null: nobody has laid this form out.
 const WindowLayout* layoutOf(std::string_view form);
+std::span<const WindowLayout> allLayouts();
 
 }  // namespace tidvane::view
