@@ -86,6 +86,10 @@ std::vector<std::string> namesIn(const std::string& folder) {
     return names;
 }
 
+std::string below(const std::string& folder, std::string_view name) {
+    return std::string(folder).append("/").append(name);
+}
+
 bool isFolder(const std::string& path) {
     struct stat info {};
     return ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
@@ -100,10 +104,10 @@ std::string canonical(const std::string& path) {
 
 // The entry of the folder whose name is `name` whatever its case; of several the first.
 std::optional<std::string> folderNamed(const std::string& folder, std::string_view name) {
-    const std::string exact = folder + "/" + std::string(name);
+    const std::string exact = below(folder, name);
     if (isFolder(exact)) return exact;
     for (const std::string& other : namesIn(folder)) {
-        if (base::equalNoCase(other, name) && isFolder(folder + "/" + other)) return folder + "/" + other;
+        if (base::equalNoCase(other, name) && isFolder(below(folder, other))) return below(folder, other);
     }
     return std::nullopt;
 }
@@ -134,8 +138,8 @@ public:
             findSteam();
             findLutrisGames();
             for (const PrefixFolder& folder : kPrefixFolders) {
-                const std::string place = places_.home + "/" + folder.place;
-                for (const std::string& name : namesIn(place)) addPrefix(folder.kind, place + "/" + name, name);
+                const std::string place = below(places_.home, folder.place);
+                for (const std::string& name : namesIn(place)) addPrefix(folder.kind, below(place, name), name);
             }
         }
         findVolumes();
@@ -162,10 +166,10 @@ private:
     void findSteam() {
         std::set<std::string> libraries;
         for (const char* root : kSteamRoots) {
-            const std::string place = canonical(places_.home + "/" + root);
+            const std::string place = canonical(below(places_.home, root));
             if (place.empty() || !libraries.insert(place).second) continue;
             for (const char* list : kLibraryLists) {
-                for (const std::string& path : pathsInLibraryList(readSmallFile(place + "/" + list))) {
+                for (const std::string& path : pathsInLibraryList(readSmallFile(below(place, list)))) {
                     if (const std::string library = canonical(path); !library.empty()) libraries.insert(library);
                 }
             }
@@ -176,21 +180,21 @@ private:
     void findGames(const std::string& library) {
         const std::string apps = library + "/steamapps";
         for (const std::string& number : namesIn(apps + "/compatdata")) {
-            const std::string prefix = apps + "/compatdata/" + number + "/pfx";
+            const std::string prefix = below(below(apps + "/compatdata", number), "pfx");
             if (!machine::Machine::isMachine(prefix)) continue;
             const bool plain = number.find_first_not_of("0123456789") == std::string::npos;
-            std::string name =
-                plain ? valueInVdf(readSmallFile(apps + "/appmanifest_" + number + ".acf"), "name") : std::string();
+            std::string name = plain ? valueInVdf(readSmallFile(below(apps, "appmanifest_" + number) + ".acf"), "name")
+                                     : std::string();
             addPrefix(SystemKind::Steam, prefix, name.empty() ? "App " + number : name);
         }
     }
 
     void findLutrisGames() {
         for (const char* folder : kLutrisGames) {
-            const std::string place = places_.home + "/" + folder;
+            const std::string place = below(places_.home, folder);
             for (const std::string& file : namesIn(place)) {
                 if (!file.ends_with(".yml")) continue;
-                const std::string content = readSmallFile(place + "/" + file);
+                const std::string content = readSmallFile(below(place, file));
                 const std::string prefix = fromHome(valueInYaml(content, "prefix", YamlLevel::Any));
                 if (prefix.empty()) continue;
                 std::string name = valueInYaml(content, "name", YamlLevel::Top);

@@ -121,6 +121,16 @@ TEST_F(HeldMachineTest, ReadsTheRegistryAnewWhereItChangedBeforeAnAct) {
     EXPECT_TRUE(stored("\"One\""));
 }
 
+TEST_F(HeldMachineTest, LooksAgainAtEachQuestionWhileTheMachineIsTaken) {
+    openHeld();
+    ASSERT_TRUE(held->mayRemove(error)) << error;
+    changeBehind("Three");
+    ASSERT_TRUE(held->mayRemove(error)) << error;
+    EXPECT_EQ(deleteValue("Three"), 0);
+    ASSERT_TRUE(held->settle(error)) << error;
+    EXPECT_FALSE(stored("\"Three\""));
+}
+
 TEST_F(HeldMachineTest, OpenKeysOutliveTheReadingAnew) {
     openHeld();
     const HKey kept = opened();

@@ -127,7 +127,6 @@ std::string Machine::whyNotTaken() const {
 }
 
 bool Machine::take(const std::function<void(RegistryTree&&)>& replace, std::string& error) {
-    if (taken()) return mayBeTaken(directory_, error);
     FolderIdentity now;
     FolderIdentity then;
     const Handle there = openDirectory(directory_);
@@ -135,7 +134,9 @@ bool Machine::take(const std::function<void(RegistryTree&&)>& replace, std::stri
         error = quoted(directory_) + " was moved or replaced meanwhile; start again.";
         return false;
     }
-    if (!takeFor(directory_, error)) return false;
+    if (taken() ? !mayBeTaken(directory_, error) : !takeFor(directory_, error)) return false;
+    // What waits to be written is not dropped for what somebody else wrote meanwhile: the writing back refuses then.
+    if (registry_.changed()) return true;
     std::string problem;
     if (registryIsCurrent() || registry_.readAnew(handle_.get(), replace, problem)) return true;
     error = "The registry of " + quoted(directory_) + " cannot be used any more: " + problem;

@@ -51,8 +51,8 @@ public:
 
     // A machine that was opened for reading is taken for changes for a while, as if it had been opened for writing: the
     // same refusals, the same lock. Where the registry's files changed since they were read they are read anew, through
-    // `replace` (see MachineRegistry); what was changed here and not written is dropped then. False: `error` is one
-    // sentence, and nothing is taken. A machine that is taken is only looked at for a Wine server.
+    // `replace` (see MachineRegistry), unless something waits to be written. False: `error` is one sentence. May be
+    // called again while it is taken, as programs of others heed no lock of ours.
     bool take(const std::function<void(RegistryTree&&)>& replace, std::string& error);
     [[nodiscard]] bool taken() const { return access_ == Access::Write; }
     // From here on it is open for reading again, and others may take it.
