@@ -35,6 +35,10 @@ public:
         }
         remember();
     }
+    // A window that was moved while the program only painted told nobody.
+    void sample() override {
+        if (window_.isShown() && !window_.rectangleIsNoted()) window_.noteRectangle();
+    }
     // What the form says now is what the window is.
     void remember() {
         const forms::Form& form = window_.form_;
@@ -224,6 +228,15 @@ void FormWindow::onEscape(std::function<void()> what) {
             event.Skip();
         }
     });
+}
+
+bool FormWindow::rectangleIsNoted() const {
+    if (native_->IsIconized()) return form_.State == forms::WindowState::Minimized;
+    if (native_->IsMaximized()) return form_.State == forms::WindowState::Maximized;
+    const wxPoint place = native_->GetPosition();
+    const wxSize size = native_->GetClientSize();
+    return form_.Left == toTwips(place.x, native_) && form_.Top == toTwips(place.y, native_) &&
+           form_.Width == toTwips(size.x, native_) && form_.Height == toTwips(size.y, native_);
 }
 
 void FormWindow::noteRectangle() {

@@ -93,6 +93,8 @@ public:
     wxWindow* imageButton(wxWindow* parent, forms::Image& image, const std::string& icon, const std::string& caption);
     wxWindow* button(wxWindow* parent, controls::isButton& button, const std::string& icon = {});
     wxWindow* button(wxWindow* parent, forms::CommandButton& button, const std::string& icon = {});
+    // A menu entry that stands in the window too, where everybody sees it.
+    wxWindow* button(wxWindow* parent, forms::Menu& entry, const std::string& icon);
     wxWindow* pane(wxWindow* parent, controls::ExplorerBar& pane);
     // One page for each tab, in order: add pages with `page`, all of them, before anything is shown. Without `strip`
     // the tabs themselves are not drawn and the control's Tab decides alone.
@@ -106,6 +108,10 @@ public:
     // control is visible, in the order of making.
     wxMenu* subMenu(wxMenu* menu, forms::Menu& title);
     wxMenu* barMenu(wxMenuBar* bar, forms::Menu& title);
+    // All entries of the form that lie in the menu of this name, those of its sub-menus included, with their lines.
+    void menuEntries(wxMenu* menu, const std::string& title);
+    // The keys that press a control ("Ctrl+Q"), for those that have some; shown in menus, where they work too.
+    std::function<std::string(const forms::Control&)> shortcutOf;
     // Fills the popup of this name, with the makers above, each time it comes up.
     void popup(const std::string& name, std::function<void(wxMenu*)> fill);
     void popUp(const std::string& name);
@@ -124,6 +130,10 @@ public:
     // Runs whenever the control has changed, and once now.
     void whenever(forms::Control& control, std::function<void()> what);
     void whenever(const forms::Signal<>& changed, std::function<void()> what);
+    // Files and folders dropped on the widget from outside come as paths of the machine.
+    void onFilesDropped(wxWindow* widget, std::function<void(const std::vector<std::string>&)> what);
+    // From a path of the host to one of the machine; set by the display. Empty: they are the same.
+    std::function<std::string(const std::string&)> machinePathOf;
     // The widget of a control that a maker has made; null for none.
     wxWindow* widgetOf(const forms::Control& control) const;
     void setFocus(const std::string& control);
@@ -146,6 +156,7 @@ private:
     void bind(forms::Control& control, const std::shared_ptr<Binding>& binding);
     void bindTimer(forms::Timer& timer);
     void noteRectangle();
+    [[nodiscard]] bool rectangleIsNoted() const;
     void layoutSoon();
 
     View& view_;

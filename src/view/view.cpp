@@ -37,7 +37,8 @@ View::View() : lastPaint_(Clock::now()), lastEvents_(lastPaint_) {}
 View::~View() = default;
 
 void View::act(const std::function<void()>& what) {
-    if (pulling_) return;
+    // While the windows are only painted, clocks of the toolkit may still strike: nothing gets in then.
+    if (pulling_ || breathing_) return;
     ++depth_;
     changed_ = true;
     try {
@@ -117,8 +118,7 @@ bool View::firePolls() {
 }
 
 void View::settle() {
-    if (settling_ || pulling_) return;
-    const Raised raised(settling_);
+    if (pulling_ || breathing_) return;
     ++depth_;
     for (int round = 0; round < kRounds; ++round) {
         pullMarked();

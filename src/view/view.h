@@ -10,6 +10,8 @@
 #include <memory>
 #include <vector>
 
+#include "view/notices.h"
+
 namespace tidvane::forms {
 class Form;
 class Timer;
@@ -73,6 +75,8 @@ public:
     // A window whose controls came, went or grew.
     void relayout(const std::function<void()>& what);
 
+    // What the front end tells beside the log; the main window shows it.
+    Notices notices;
     // Called when nothing runs: what was unloaded may be freed.
     std::function<void()> whenQuiet;
     // An error that left a handler: its text.
@@ -95,7 +99,6 @@ private:
     std::vector<std::function<void()>> relayouts_;
     int depth_ = 0;
     bool pulling_ = false;
-    bool settling_ = false;
     bool breathing_ = false;
     bool changed_ = false;
     Clock::time_point lastPaint_;

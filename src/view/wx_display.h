@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "forms/display.h"
 #include "forms/windows.h"
@@ -34,6 +35,10 @@ public:
     // The two gestures of the tray icon.
     std::function<void()> onTrayDoubleClick;
     std::function<void()> onTrayMenu;
+    // Its menu, for desktops that draw it themselves, and the name of the entry that was chosen there.
+    std::function<std::vector<TrayEntry>()> trayEntries;
+    std::function<void(const std::string&)> onTrayEntry;
+    void trayMenuChanged();
     // What the last warnings were; the front end shows them beside the log.
     std::function<void(const std::string&)> onWarning;
 
@@ -64,11 +69,13 @@ public:
 
 private:
     wxWindow* topWindow() const;
+    void applyTopmost(const forms::Form& form, FormWindow& window);
 
     View& view_;
     forms::Windows* windows_ = nullptr;
     std::map<const forms::Form*, std::unique_ptr<FormWindow>> open_;
     std::map<const forms::Form*, bool> hidden_;
+    std::map<const forms::Form*, bool> topmost_;
     std::unique_ptr<Tray> tray_;
     bool trayShown_ = false;
     bool pointerBusy_ = false;
