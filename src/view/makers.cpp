@@ -53,7 +53,10 @@ public:
             view_.act([this, at] { strip_.Tab = shown_[static_cast<std::size_t>(at)]; });
         });
     }
-    void addPage(wxWindow* page) { pages_.push_back(page); }
+    void addPage(wxWindow* page) {
+        pages_.push_back(page);
+        touched();
+    }
     void pull() override {
         std::vector<int> wanted;
         for (int tab = 0; tab < strip_.Tabs() && tab < static_cast<int>(pages_.size()); ++tab) {

@@ -41,7 +41,7 @@ void addCells(wxBoxSizer* box, const wxWindow* scale, std::initializer_list<Cell
                 line->Add(cell.sizer, 1);
             }
             inner = line;
-            flags |= wxEXPAND;
+            if (!horizontal) flags |= wxEXPAND;
         }
         if (inner != nullptr) {
             box->Add(inner, cell.grow, flags, border);
