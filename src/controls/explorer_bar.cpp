@@ -322,22 +322,22 @@ std::string ExplorerBar::GetVersion() {
 }
 
 template <class T>
-void ExplorerBar::set(T* field, T value) {
+void ExplorerBar::set(T* field, const T& value) {
     if (field == nullptr || *field == value) return;
-    *field = std::move(value);
+    *field = value;
     changed();
 }
 
 template <class G, class T>
-void ExplorerBar::setGroup(int group, T G::*field, T value) {
+void ExplorerBar::setGroup(int group, T G::*field, const T& value) {
     ExplorerGroup* found = find(group);
-    if (found != nullptr) set(&(found->*field), std::move(value));
+    if (found != nullptr) set(&(found->*field), value);
 }
 
 template <class T>
-void ExplorerBar::setItem(int group, int item, T ExplorerItem::*field, T value) {
+void ExplorerBar::setItem(int group, int item, T ExplorerItem::*field, const T& value) {
     ExplorerItem* found = find(group, item);
-    if (found != nullptr) set(&(found->*field), std::move(value));
+    if (found != nullptr) set(&(found->*field), value);
 }
 
 void ExplorerBar::SetDetailCaption(const std::string& caption) {

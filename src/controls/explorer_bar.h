@@ -260,11 +260,11 @@ private:
     // Places only.
     void moved();
     template <class T>
-    void set(T* field, T value);
+    void set(T* field, const T& value);
     template <class G, class T>
-    void setGroup(int group, T G::*field, T value);
+    void setGroup(int group, T G::*field, const T& value);
     template <class T>
-    void setItem(int group, int item, T ExplorerItem::*field, T value);
+    void setItem(int group, int item, T ExplorerItem::*field, const T& value);
 
     // Opens or closes, with the others that one-group mode closes, and tells it.
     void setOpen(int group, bool open, bool animated);
