@@ -16,8 +16,8 @@
 namespace tidvane::app {
 
 frmMain::frmMain(settings::Program& program) : forms::Form(kName), program_(program), log_(program, txtLog) {
-    Width.design(kMinWidth);
-    Height.design(8000);
+    Width.design(13800);
+    Height.design(9600);
     Caption.design("Tidvane");
     SSTab1.offerOnly(kCleaningTab);
     buildMenus();
@@ -25,6 +25,9 @@ frmMain::frmMain(settings::Program& program) : forms::Form(kName), program_(prog
     menu("mnCleanPlugs").Visible.design(false);
     menu("mnExtensions").Visible.design(false);
     cmdStop.Enabled.design(false);
+    // No catalogue is read yet: there is nothing to choose.
+    forms::designedOff(lstExtensions);
+    forms::designedOff(cboExtensionsCat);
     for (const platform::Drive& drive : program_.platform.files.Drives()) {
         drvDiskSizeDrive.List.push_back(base::lowerCase(std::string(1, drive.letter)) + ":");
     }

@@ -83,6 +83,8 @@ void frmMain::connectMenus() {
         tmrCleanButton.Enabled = true;
     });
     cmdLicense.Click.connect([this] { showStarter(5); });
+    lblTranslatorHomepage.Click.connect(
+        [this] { program_.platform.shell.ShellExecuteA("open", lblTranslatorHomepage.Caption.get(), "", "", 1); });
 }
 
 void frmMain::connectPane() {

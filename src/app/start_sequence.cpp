@@ -102,6 +102,7 @@ void StartSequence::buildTaskList() {
     main_.cmdStop.Enabled = false;
     main_.Caption = "Tidvane";
     program.temporaryFolder = program.platform.shell.TemporaryFolder();
+    main_.drvDiskSizeDrive.ToolTipText = program.LangText(851);
     main_.lstTasks.ColumnHeaders = {{"Task", "Task", 5000}, {"Status", "Status", 2500}};
     skippingErrors([&] {
         auto& options = program.get<settings::frmOptions>();

@@ -1,5 +1,10 @@
 // Menus: their entries are controls of the model too.
+#include <wx/control.h>
 #include <wx/menu.h>
+
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
 
 #include "view/form_window.h"
 #include "view/text.h"
@@ -11,20 +16,43 @@ namespace {
 // An entry without a caption would be taken for one of the toolkit's own.
 wxString captionOf(const forms::Menu& entry) {
     const std::string& caption = entry.Caption;
+    // The entries of an array show names of folders and the like: a sign of theirs is no keyboard letter.
+    if (entry.Index) return wxControl::EscapeMnemonics(toNative(caption));
     return toNative(caption.empty() ? entry.Name : caption);
+}
+
+// What a double click would do stands out.
+void setBold(wxMenuItem* item) {
+#ifdef __WXGTK__
+    GtkWidget* label = gtk_bin_get_child(GTK_BIN(item->GetMenuItem()));
+    if (!GTK_IS_LABEL(label)) return;
+    PangoAttrList* attributes = pango_attr_list_new();
+    pango_attr_list_insert(attributes, pango_attr_weight_new(PANGO_WEIGHT_BOLD));
+    gtk_label_set_attributes(GTK_LABEL(label), attributes);
+    pango_attr_list_unref(attributes);
+#else
+    item->SetFont(item->GetFont().Bold());
+#endif
 }
 
 }  // namespace
 
 wxMenuItem* FormWindow::menuItem(wxMenu* menu, forms::Menu& entry) {
     if (fillingPopup_ && !entry.Visible) return nullptr;
-    wxMenuItem* item = menu->Append(wxID_ANY, captionOf(entry));
+    const auto labelOf = [this, &entry] {
+        const std::string keys = shortcutOf && !fillingPopup_ ? shortcutOf(entry) : std::string();
+        return keys.empty() ? captionOf(entry) : captionOf(entry) + "\t" + toNative(keys);
+    };
+    wxMenuItem* item = menu->Append(wxID_ANY, labelOf());
     menu->Bind(
         wxEVT_MENU, [this, &entry](wxCommandEvent&) { view_.act([&entry] { entry.Click(); }); }, item->GetId());
     item->Enable(entry.Enabled);
-    if (fillingPopup_) return item;
-    whenever(entry, [item, &entry] {
-        if (item->GetItemLabel() != captionOf(entry)) item->SetItemLabel(captionOf(entry));
+    if (fillingPopup_) {
+        if (entry.isDefault) setBold(item);
+        return item;
+    }
+    whenever(entry, [item, &entry, labelOf] {
+        if (item->GetItemLabel() != labelOf()) item->SetItemLabel(labelOf());
         if (item->IsEnabled() != entry.Enabled.get()) item->Enable(entry.Enabled);
     });
     return item;
@@ -42,23 +70,48 @@ wxMenu* FormWindow::subMenu(wxMenu* menu, forms::Menu& title) {
     return made;
 }
 
+void FormWindow::menuEntries(wxMenu* menu, const std::string& title) {
+    const auto entriesOf = [this](const std::string& name) {
+        std::vector<forms::Menu*> entries;
+        for (forms::Control* control : form_.Controls()) {
+            auto* entry = dynamic_cast<forms::Menu*>(control);
+            if (entry != nullptr && entry->parent == name) entries.push_back(entry);
+        }
+        return entries;
+    };
+    for (forms::Menu* entry : entriesOf(title)) {
+        if (fillingPopup_ && !entry->Visible) continue;
+        if (entry->separatorBefore && menu->GetMenuItemCount() > 0) menu->AppendSeparator();
+        if (entriesOf(entry->Name).empty()) {
+            menuItem(menu, *entry);
+        } else {
+            menuEntries(subMenu(menu, *entry), entry->Name);
+        }
+    }
+}
+
 wxMenu* FormWindow::barMenu(wxMenuBar* bar, forms::Menu& title) {
     auto* made = new wxMenu;
     barMenus_.push_back({&title, made});
     whenever(title, [this, bar, made, &title] {
-        std::size_t place = 0;
-        for (const BarMenu& other : barMenus_) {
-            if (other.menu == made) break;
-            if (other.control->Visible) ++place;
-        }
-        const int at = bar->FindMenu(made->GetTitle());
-        const bool there = made->IsAttached();
+        const auto placeOf = [bar](const wxMenu* menu) {
+            std::size_t at = 0;
+            while (at < bar->GetMenuCount() && bar->GetMenu(at) != menu) ++at;
+            return at;
+        };
+        const std::size_t at = placeOf(made);
+        const bool there = at < bar->GetMenuCount();
         if (title.Visible && !there) {
-            bar->Insert(std::min(place, bar->GetMenuCount()), made, captionOf(title));
-        } else if (!title.Visible && there && at != wxNOT_FOUND) {
-            bar->Remove(static_cast<std::size_t>(at));
-        } else if (there && bar->GetMenuLabel(place) != captionOf(title)) {
-            bar->SetMenuLabel(place, captionOf(title));
+            std::size_t behind = 0;
+            for (const BarMenu& other : barMenus_) {
+                if (other.menu == made) break;
+                if (placeOf(other.menu) < bar->GetMenuCount()) ++behind;
+            }
+            bar->Insert(behind, made, captionOf(title));
+        } else if (!title.Visible && there) {
+            bar->Remove(at);
+        } else if (there && bar->GetMenuLabel(at) != captionOf(title)) {
+            bar->SetMenuLabel(at, captionOf(title));
         }
     });
     return made;

@@ -237,6 +237,7 @@ void WxDisplay::sndPlaySound(const std::string& file) {
 }
 
 void WxDisplay::warn(const std::string& line) {
+    view_.notices.add(line);
     if (onWarning) onWarning(line);
 }
 

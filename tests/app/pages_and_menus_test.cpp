@@ -254,6 +254,37 @@ TEST_F(ExplorerMenu, OpensNothingForAFolderThatCannotBeTold) {
     EXPECT_TRUE(machine.shell.started.empty());
 }
 
+TEST_F(ExplorerMenu, IsOneOfTheMenusOfTheBar) {
+    main();
+    const forms::Menu& row = *static_cast<forms::Menu*>(main().control("mnuListe", 0));
+    EXPECT_EQ(row.parent, "mnuExplorer");
+    EXPECT_EQ(main().menu(row.parent).parent, "mnTools");
+}
+
+struct AboutPage : AppFixture {};
+
+TEST_F(AboutPage, OpensTheHomepageItShows) {
+    main().lblTranslatorHomepage.Click();
+    ASSERT_EQ(machine.shell.started.size(), 1u);
+    EXPECT_EQ(machine.shell.started[0].verb, "open");
+    EXPECT_EQ(machine.shell.started[0].file, program.LangText(997));
+}
+
+struct ExtensionsPage : AppFixture {};
+
+TEST_F(ExtensionsPage, OffersNothingToChooseWithoutACatalogue) {
+    EXPECT_FALSE(main().lstExtensions.Enabled);
+    EXPECT_FALSE(main().cboExtensionsCat.Enabled);
+    EXPECT_NE(program.LangText(850), "");
+}
+
+struct DriveOfTheFigures : AppFixture {};
+
+TEST_F(DriveOfTheFigures, TellsWhatItIsFor) {
+    EXPECT_EQ(main().drvDiskSizeDrive.ToolTipText.get(), program.LangText(851));
+    EXPECT_NE(program.LangText(851), "");
+}
+
 TEST(FolderOfRow, BeginsOneCharacterBeforeTheFirstColonAndBackslash) {
     EXPECT_EQ(app::folderOfRow("Desktop: C:\\Users\\Anna\\Desktop"), "C:\\Users\\Anna\\Desktop");
     EXPECT_EQ(app::folderOfRow("D:\\a:\\b"), "D:\\a:\\b");
