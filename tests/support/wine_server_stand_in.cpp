@@ -47,7 +47,7 @@ std::string serverName(const std::string& prefix) {
     return name;
 }
 
-WineServerStandIn::WineServerStandIn(std::string prefix) {
+WineServerStandIn::WineServerStandIn(const std::string& prefix) {
     char name[] = "/tmp/tidvane-wine-XXXXXX";
     if (::mkdtemp(name) == nullptr) throw std::runtime_error("no temporary directory");
     folder_ = name;

@@ -28,7 +28,7 @@ std::string serverName(const std::string& prefix);
 // For a prefix that exists. The server's place is a directory of its own below /tmp, which the prefix names.
 class WineServerStandIn {
 public:
-    explicit WineServerStandIn(std::string prefix);
+    explicit WineServerStandIn(const std::string& prefix);
     ~WineServerStandIn();
     WineServerStandIn(const WineServerStandIn&) = delete;
     WineServerStandIn& operator=(const WineServerStandIn&) = delete;
