@@ -29,6 +29,9 @@ frmWidget::frmWidget(settings::Program& program) : Form(kName), program_(program
 
 void frmWidget::Form_Load() {
     cmdClean.Caption = program_.LangText(119);
+    chkAutostart.Caption = program_.LangText(440);
+    chkForeground.Caption = program_.LangText(441);
+    chkTransparency.Caption = program_.LangText(442);
     settings::loadWindowNumbers(program_, kSection, settings::positionOf(*this),
                                 State == forms::WindowState::Minimized);
     (void)settings::LoadFormINI(program_, *this);

@@ -37,6 +37,12 @@ frmPlugsInfo::frmPlugsInfo(settings::Program& program) : Form(kName), program_(p
 }
 
 void frmPlugsInfo::Form_Load() {
+    const settings::LangTable& text = program_.LangText;
+    lblTitle.Caption = text(475);
+    lblAuthor.Caption = text(476);
+    lblDesc.Caption = text(477);
+    cmdPlugInfo.Caption = text(486);
+    cmdAuthorsWebsite.Caption = text(487);
     (void)settings::LoadFormINI(program_, *this);
 }
 

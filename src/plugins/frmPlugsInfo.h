@@ -23,8 +23,11 @@ public:
     // The Escape key: the window closes and nothing is stored.
     void escape();
 
+    forms::Label lblTitle{*this, "lblTitle", "Titel:"};
     forms::TextBox txtTitle{*this, "txtTitle"};
+    forms::Label lblAuthor{*this, "lblAuthor", "Autor:"};
     forms::TextBox txtAuthor{*this, "txtAuthor"};
+    forms::Label lblDesc{*this, "lblDesc", "Beschreibung:"};
     forms::TextBox txtDesc{*this, "txtDesc"};
     forms::Label lblWarning{*this, "lblWarning"};
     // Its caption says what a click would do. The texts change when the window is filled again.

@@ -1,5 +1,6 @@
 #include "view/sounds.h"
 
+#include <wx/filename.h>
 #include <wx/log.h>
 #include <wx/sound.h>
 
@@ -7,6 +8,7 @@
 #include <map>
 
 #include "view/embedded.h"
+#include "view/text.h"
 
 namespace tidvane::view {
 
@@ -21,6 +23,16 @@ void playEmbeddedSound(const std::string& name) {
     const auto [place, isNew] = kept.try_emplace(name);
     if (isNew) place->second.Create(found->content.size(), found->content.data());
     if (place->second.IsOk()) place->second.Play(wxSOUND_ASYNC);
+}
+
+void playSoundFile(const std::string& path) {
+    // It is read whole, and the window waits meanwhile.
+    constexpr unsigned long kLongest = 16UL << 20U;  // bytes
+    const wxLogNull noWordOfBadFiles;
+    const wxULongLong size = wxFileName::GetSize(toNative(path));
+    if (!wxFileExists(toNative(path)) || size == wxInvalidSize || size > kLongest) return;
+    wxSound sound(toNative(path));
+    if (sound.IsOk()) sound.Play(wxSOUND_ASYNC);
 }
 
 }  // namespace tidvane::view

@@ -5,6 +5,7 @@
 #include "app/all_windows.h"
 #include "app/frmMain.h"
 #include "base/text.h"
+#include "view/tray/model_tray.h"
 
 namespace tidvane::view {
 
@@ -68,6 +69,7 @@ WindowProgram::WindowProgram(const platform::Platform& platform)
       program_(withOwn(platform, clock_, pump_, processes_), display_) {
     app::offerAllWindows(program_);
     display_.setWindows(program_.windows);
+    connectTray(display_, program_);
     view_.whenQuiet = [this] {
         program_.windows.sweep();
         if (whenQuiet) whenQuiet();

@@ -6,13 +6,13 @@
 #include <wx/filedlg.h>
 #include <wx/fontdlg.h>
 #include <wx/msgdlg.h>
-#include <wx/sound.h>
 #include <wx/utils.h>
 
 #include <utility>
 
 #include "view/binding/bindings.h"
 #include "view/layouts.h"
+#include "view/sounds.h"
 #include "view/text.h"
 
 namespace tidvane::view {
@@ -48,8 +48,10 @@ FormWindow* WxDisplay::windowOf(forms::Form& form) {
     window->onClose = [this, &form] {
         if (windows_ != nullptr) windows_->unload(form, forms::UnloadMode::ControlMenu);
     };
+    window->machinePathOf = [this](const std::string& path) { return machinePathOf ? machinePathOf(path) : path; };
     layout->layout(*window);
     window->finish();
+    applyTopmost(form, *window);
     return window;
 }
 
@@ -81,6 +83,7 @@ void WxDisplay::Hide(forms::Form& form) {
 
 void WxDisplay::Forget(forms::Form& form) {
     hidden_.erase(&form);
+    topmost_.erase(&form);
     const auto found = open_.find(&form);
     if (found == open_.end()) return;
     const std::unique_ptr<FormWindow> gone = std::move(found->second);
@@ -192,6 +195,10 @@ void WxDisplay::addTrayIcon(const std::string& tip) {
         tray_->onMenu = [this] {
             if (onTrayMenu) view_.act(onTrayMenu);
         };
+        tray_->entries = [this] { return trayEntries ? trayEntries() : std::vector<TrayEntry>(); };
+        tray_->onEntry = [this](const std::string& name) {
+            if (onTrayEntry) view_.act([this, &name] { onTrayEntry(name); });
+        };
     }
     trayShown_ = tray_->add(tip);
 }
@@ -201,18 +208,29 @@ void WxDisplay::removeTrayIcon() {
     if (tray_) tray_->remove();
 }
 
+void WxDisplay::trayMenuChanged() {
+    if (trayShown_) tray_->menuChanged();
+}
+
 std::uint64_t WxDisplay::windowHandle(forms::Form& form) {
     FormWindow* window = windowOf(form);
     if (window == nullptr || window->native() == nullptr) return 0;
     return reinterpret_cast<std::uintptr_t>(window->native()->GetHandle());
 }
 
+// A window may ask for it while it loads, long before anybody sees it.
 void WxDisplay::setTopmost(forms::Form& form, bool topmost) {
-    FormWindow* window = windowOf(form);
-    if (window == nullptr || window->native() == nullptr) return;
-    wxTopLevelWindow* native = window->native();
+    topmost_[&form] = topmost;
+    const auto found = open_.find(&form);
+    if (found != open_.end()) applyTopmost(form, *found->second);
+}
+
+void WxDisplay::applyTopmost(const forms::Form& form, FormWindow& window) {
+    const auto wanted = topmost_.find(&form);
+    wxTopLevelWindow* native = window.native();
+    if (wanted == topmost_.end() || native == nullptr) return;
     const long style = native->GetWindowStyleFlag();
-    native->SetWindowStyleFlag(topmost ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
+    native->SetWindowStyleFlag(wanted->second ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
 }
 
 void WxDisplay::setPointer(int pointer) {
@@ -231,9 +249,7 @@ void WxDisplay::popUpMenu(forms::Form& form, const std::string& menu) {
 }
 
 void WxDisplay::sndPlaySound(const std::string& file) {
-    const std::string host = hostPathOf ? hostPathOf(file) : file;
-    if (!wxFileExists(toNative(host))) return;
-    wxSound::Play(toNative(host), wxSOUND_ASYNC);
+    playSoundFile(hostPathOf ? hostPathOf(file) : file);
 }
 
 void WxDisplay::warn(const std::string& line) {

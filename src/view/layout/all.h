@@ -5,7 +5,16 @@ namespace tidvane::view {
 
 class FormWindow;
 
+void layoutFrmDiskSizeStats(FormWindow& window);
+void layoutFrmIECache(FormWindow& window);
+void layoutFrmIECookies(FormWindow& window);
+void layoutFrmIEInDepthClean(FormWindow& window);
 void layoutFrmMain(FormWindow& window);
+void layoutFrmManualSearch(FormWindow& window);
+void layoutFrmOptions(FormWindow& window);
+void layoutFrmPlugsInfo(FormWindow& window);
+void layoutFrmSearchMasks(FormWindow& window);
 void layoutFrmTempAge(FormWindow& window);
+void layoutFrmWidget(FormWindow& window);
 
 }  // namespace tidvane::view

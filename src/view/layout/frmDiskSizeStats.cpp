@@ -1,0 +1,77 @@
+#include "app/frmDiskSizeStats.h"
+
+#include "view/form_window.h"
+#include "view/layout/all.h"
+#include "view/painters/banner.h"
+#include "view/text.h"
+
+namespace tidvane::view {
+
+namespace {
+constexpr double kGainSize = 1.3;  // of the usual letters
+}
+
+void layoutFrmDiskSizeStats(FormWindow& window) {
+    auto& form = static_cast<app::frmDiskSizeStats&>(window.form());
+    wxPanel* body = window.body();
+    auto* banner = new Banner(body, "PicStyleDiskSize", wxSize(480, 64));
+    window.whenever(form.cmdClean, [banner, &form] {
+        banner->setText(toNative(form.cmdClean.Caption.get()));
+        nameForReaders(banner, form.cmdClean.Caption);
+    });
+
+    const wxSize picture(48, 48);
+    wxWindow* gained = window.image(body, form.ImgFreedSpace, "ImgFreedSpace", picture);
+    wxWindow* clean = window.image(body, form.ImgSysClean, "ImgSysClean", picture);
+    auto* grid = new wxFlexGridSizer(2, body->FromDIP(wxSize(2 * kGap, kGap)));
+    grid->AddGrowableCol(1);
+    const auto figure = [&](forms::Label& name, forms::Label& value) {
+        grid->Add(window.label(body, name), 0, wxALIGN_CENTRE_VERTICAL);
+        grid->Add(window.label(body, value, 0, true), 0, wxALIGN_CENTRE_VERTICAL);
+    };
+    figure(form.lblDiskSizeTotal, form.lblSpaceTotal);
+    figure(form.lblDiskSizeFree, form.lblFreeSpace);
+    figure(form.lblDiskSizeFreeAfter, form.lblFreeSpaceAfter);
+    grid->Add(window.label(body, form.lblDiskSizeFreed), 0, wxALIGN_CENTRE_VERTICAL);
+    wxWindow* gain = window.link(body, form.lblFreedSpace);
+    gain->SetFont(gain->GetFont().Bold().Scaled(kGainSize));
+    grid->Add(gain, 0, wxALIGN_CENTRE_VERTICAL);
+
+    wxWindow* log = window.lines(body, form.txtLog, {}, &form.lblDiskSizeFreed);
+    log->SetMinSize(body->FromDIP(wxSize(200, 60)));
+    wxWindow* mark = window.image(body, form.ImgFB, "ImgFB", wxSize(24, 24));
+    wxWindow* community = window.link(body, form.lblFacebook);
+    wxWindow* leave = window.button(body, form.cmdExit, "ImgExit");
+    wxWindow* background = window.button(body, form.cmdBackground, "background");
+    wxWindow* again = window.button(body, form.cmdReclean, "clean");
+    wxWindow* ok = window.button(body, form.cmdOK, "ok");
+
+    auto* pictures = column(body, {cell(gained), cell(clean)}, 0);
+    auto* content =
+        column(body,
+               {cell(row(body, {cell(pictures), fill(grid)}, 2 * kGap)), fill(log), rest(),
+                cell(row(body, {cell(mark), cell(community)})),
+                cell(row(body, {cell(leave), cell(background), gap(2 * kGap), rest(), cell(again), cell(ok)}))},
+               2 * kGap);
+    auto* all = new wxBoxSizer(wxVERTICAL);
+    all->Add(banner, 0, wxEXPAND);
+    all->Add(content, 1, wxEXPAND | wxALL, body->FromDIP(kEdge));
+    body->SetSizer(all);
+
+    window.on(mark, wxEVT_LEFT_UP, [&form](wxMouseEvent&) { form.ImgFB.Click(); });
+    for (wxWindow* part : {mark, community}) {
+        window.on(part, wxEVT_ENTER_WINDOW, [&form](wxMouseEvent& event) {
+            event.Skip();
+            form.hoverCommunity(true);
+        });
+        window.on(part, wxEVT_LEAVE_WINDOW, [&form](wxMouseEvent& event) {
+            event.Skip();
+            form.hoverCommunity(false);
+        });
+    }
+    window.onResize([&form] { form.resized(); });
+    window.defaultButton(ok);
+    window.onEscape([&form] { form.cmdOK.press(); });
+}
+
+}  // namespace tidvane::view
