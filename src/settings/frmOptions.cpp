@@ -73,6 +73,7 @@ frmOptions::frmOptions(settings::Program& program)
     connectLists();
     connectActions();
     cmdOK.Click.connect([this] { saveAndClose(); });
+    cmdCancel.Click.connect([this] { closeWithoutSaving(); });
     viewChanged.connect([this] {
         if (State.get() == forms::WindowState::Minimized) return;
         if (Width < kMinWidth) Width = kMinWidth;
@@ -197,6 +198,7 @@ void frmOptions::buildTaskPane() {
 }
 
 void frmOptions::setTaskCaptions() {
+    cmdCancel.Caption = program_.LangText(301);
     for (const std::vector<TaskBox>& page : tasks_) {
         for (const TaskBox& task : page) {
             if (task.caption != 0) task.box->Caption = program_.LangText(task.caption) + task.suffix;

@@ -314,6 +314,7 @@ public:
 
     // --- the foot of the window
     forms::CommandButton cmdOK{*this, "cmdOK", "OK"};
+    forms::CommandButton cmdCancel{*this, "cmdCancel", "Abbrechen"};
     forms::Timer tmrSearchMasks{*this, "tmrSearchMasks", 1, true};
     forms::Timer tmrCustom{*this, "tmrCustom", 1, true};
 

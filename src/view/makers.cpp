@@ -69,7 +69,10 @@ public:
                 page->Hide();
             }
             for (const int tab : wanted) {
-                book_->AddPage(pages_[static_cast<std::size_t>(tab)], toNative(strip_.TabCaption(tab)));
+                wxWindow* page = pages_[static_cast<std::size_t>(tab)];
+                // Tabs stand for pages that are shown; which of them is seen is the book's own affair.
+                if (dynamic_cast<wxNotebook*>(book_) != nullptr) page->Show();
+                book_->AddPage(page, toNative(strip_.TabCaption(tab)));
             }
             shown_ = wanted;
             book_->InvalidateBestSize();
@@ -291,8 +294,8 @@ wxWindow* FormWindow::imageButton(wxWindow* parent, forms::Image& image, const s
 }
 
 wxWindow* FormWindow::button(wxWindow* parent, controls::isButton& button, const std::string& name) {
-    auto* widget = new ThemedButton(parent, button, name,
-                                    [this](const std::function<void()>& what) { view_.act(what); });
+    auto* widget =
+        new ThemedButton(parent, button, name, [this](const std::function<void()>& what) { view_.act(what); });
     adopt(button, widget);
     whenever(button, [this, widget] {
         if (widget->update()) layoutSoon();

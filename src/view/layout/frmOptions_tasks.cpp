@@ -1,0 +1,129 @@
+// The pages of the options window that hold task boxes: Windows, the browsers, Office.
+#include <wx/bookctrl.h>
+#include <wx/statline.h>
+
+#include <array>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "view/layout/frmOptions_pages.h"
+
+namespace tidvane::view {
+
+namespace {
+
+using settings::frmOptions;
+using settings::TaskBox;
+using settings::TaskPage;
+
+constexpr int kBoxGap = 6;    // between two boxes below one another, device-independent pixels
+constexpr int kInDepth = 22;  // how far an in-depth box stands behind the box it depends on
+const wxSize kPicture(16, 16);
+
+// What stands to the right of a task box, made when its turn in the tab order comes. Null: nothing.
+using Beside = std::function<wxSizer*(wxWindow* parent, const forms::CheckBox& box)>;
+// What stands below the boxes. Null: nothing.
+using Below = std::function<wxSizer*(wxWindow* parent)>;
+
+wxSizer* boxes(FormWindow& window, wxWindow* panel, const std::vector<TaskBox>& tasks, std::size_t from, std::size_t to,
+               const Beside& beside) {
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    for (std::size_t at = from; at < to; ++at) {
+        const TaskBox& task = tasks[at];
+        auto* line = new wxBoxSizer(wxHORIZONTAL);
+        if (task.inDepth) line->AddSpacer(panel->FromDIP(kInDepth));
+        line->Add(window.check(panel, *task.box), 0, wxALIGN_CENTRE_VERTICAL);
+        if (wxSizer* more = beside ? beside(panel, *task.box) : nullptr) {
+            line->Add(more, 0, wxALIGN_CENTRE_VERTICAL | wxLEFT, panel->FromDIP(kGap));
+        }
+        column->Add(line, 0, at == from ? 0 : wxTOP, panel->FromDIP(kBoxGap));
+    }
+    return column;
+}
+
+// The master box, the boxes of the page in two columns, and what the page has besides.
+void layTasks(FormWindow& window, frmOptions& form, wxPanel* page, forms::Frame& frame, TaskPage number,
+              const Beside& beside = {}, const Below& below = {}) {
+    const FormWindow::Section section = window.section(page, frame, false);
+    wxPanel* panel = section.panel;
+    const std::vector<TaskBox>& tasks = form.taskBoxes(number);
+    // The left column is not the shorter one, and no in-depth box begins the right one.
+    std::size_t half = (tasks.size() + 1) / 2;
+    while (half < tasks.size() && tasks[half].inDepth) ++half;
+
+    section.content->Add(window.check(panel, form.masterBox(number)));
+    section.content->Add(new wxStaticLine(panel), 0, wxEXPAND | wxTOP | wxBOTTOM, panel->FromDIP(kGap));
+    auto* columns = new wxFlexGridSizer(2, 0, panel->FromDIP(3 * kGap));
+    columns->Add(boxes(window, panel, tasks, 0, half, beside));
+    columns->Add(boxes(window, panel, tasks, half, tasks.size(), beside));
+    section.content->Add(columns);
+    if (wxSizer* more = below ? below(panel) : nullptr) {
+        section.content->AddSpacer(panel->FromDIP(2 * kGap));
+        section.content->Add(more);
+    }
+    fillPage(page, column(page, {fill(section.panel)}));
+}
+
+struct Browser {
+    TaskPage page;
+    forms::Frame& frame;
+    controls::isButton& button;  // the folders of the browser, or how thoroughly it is cleaned
+    const char* icon;
+    forms::Image* found;  // pictures that tell whether there are such folders; null for none
+    forms::Image* missing;
+};
+
+}  // namespace
+
+void layWindowsTasks(FormWindow& window, frmOptions& form, wxPanel* page) {
+    layTasks(window, form, page, form.frmWindows, TaskPage::Windows,
+             [&](wxWindow* panel, const forms::CheckBox& box) -> wxSizer* {
+                 if (&box == &form.chkTrash) {
+                     return row(panel, {cell(window.label(panel, form.lblRecyclerFiles)),
+                                        cell(window.label(panel, form.lblRecylcerSize))});
+                 }
+                 if (&box == &form.chkAlphabetizeStartMenu) {
+                     return row(panel, {cell(window.button(panel, form.cmdAlphabetizeStartMenuManual))});
+                 }
+                 if (&box == &form.chkAlphabetizeFavorites) {
+                     return row(panel, {cell(window.button(panel, form.cmdAlphabetizeFavoritesManual))});
+                 }
+                 return nullptr;
+             });
+}
+
+void layBrowserTasks(FormWindow& window, frmOptions& form, wxPanel* page) {
+    // clang-format off
+    const std::array browsers{
+        Browser{TaskPage::IE, form.frmBrowserIE, form.cmdIEInDepthClean, "settings", nullptr, nullptr},
+        Browser{TaskPage::Mozilla, form.frmBrowserMozilla, form.cmdMozillaDir, "folder",
+                &form.ImgMozillaSuccess, &form.ImgMozillaFail},
+        Browser{TaskPage::Opera, form.frmBrowserOpera, form.cmdOperaDir, "folder",
+                &form.ImgOperaSuccess, &form.ImgOperaFail},
+        Browser{TaskPage::Chrome, form.frmBrowserChrome, form.cmdChromeDir, "folder",
+                &form.ImgChromeSuccess, &form.ImgChromeFail},
+        Browser{TaskPage::Safari, form.frmBrowserSafari, form.cmdSafariDir, "folder",
+                &form.ImgSafariSuccess, &form.ImgSafariFail},
+    };
+    // clang-format on
+    wxBookCtrlBase* book = window.tabs(page, form.SSTab5);
+    for (const Browser& browser : browsers) {
+        layTasks(window, form, window.page(book), browser.frame, browser.page, {}, [&](wxWindow* panel) -> wxSizer* {
+            auto* line = row(panel, {cell(window.button(panel, browser.button, browser.icon))});
+            for (forms::Image* image : {browser.found, browser.missing}) {
+                if (image == nullptr) continue;
+                line->Add(window.image(panel, *image, image->Name, kPicture), 0, wxALIGN_CENTRE_VERTICAL | wxLEFT,
+                          panel->FromDIP(kGap));
+            }
+            return line;
+        });
+    }
+    fillPage(page, column(page, {fill(book)}));
+}
+
+void layOfficeTasks(FormWindow& window, frmOptions& form, wxPanel* page) {
+    layTasks(window, form, page, form.frmMSOffice, TaskPage::MsOffice);
+}
+
+}  // namespace tidvane::view

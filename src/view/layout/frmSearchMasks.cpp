@@ -1,0 +1,27 @@
+#include "tools/frmSearchMasks.h"
+
+#include "view/form_window.h"
+#include "view/layout/all.h"
+
+namespace tidvane::view {
+
+void layoutFrmSearchMasks(FormWindow& window) {
+    auto& form = static_cast<tools::frmSearchMasks&>(window.form());
+    wxPanel* body = window.body();
+    wxWindow* hint = window.label(body, form.lblHint, 420);
+    wxWindow* searchLabel = window.label(body, form.lblSearch);
+    wxWindow* search = window.entry(body, form.txtSearchMasks, &form.lblSearch);
+    wxWindow* list = window.list(body, form.lstSearchMasks, true, &form.lblHint);
+    list->SetMinSize(body->FromDIP(wxSize(260, 260)));
+    wxWindow* selected = window.label(body, form.lblSelected);
+    wxWindow* all = window.button(body, form.cmdSelectAll, "select-all");
+    wxWindow* none = window.button(body, form.cmdDeselectAll, "select-none");
+    wxWindow* add = window.button(body, form.cmdAdd, "add");
+    fillWindow(body, column(body, {cell(hint), cell(row(body, {cell(searchLabel), fill(search)})), fill(list),
+                                   cell(row(body, {cell(all), cell(none), rest(), cell(selected)})), gap(kGap),
+                                   cell(row(body, {rest(), cell(add)}))}));
+    window.defaultButton(add);
+    window.onEscape([&window] { window.onClose(); });
+}
+
+}  // namespace tidvane::view
