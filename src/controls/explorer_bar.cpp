@@ -5,8 +5,6 @@
 
 namespace tidvane::controls {
 
-using forms::Control;
-
 namespace {
 
 constexpr unsigned kNoColour = 0xFFFFFFFFu;
@@ -43,7 +41,7 @@ const std::array<StoredProperty<ExplorerBar>, 19>& ExplorerBar::properties() {
 }
 
 ExplorerBar::ExplorerBar(forms::Form& owner, std::string name)
-    : Control(owner, forms::ControlKind::ExplorerBar, std::move(name)) {
+    : forms::Control(owner, forms::ControlKind::ExplorerBar, std::move(name)) {
     designFrom(properties(), *this);
     for (std::size_t i = 0; i < kPaneColours; ++i) colours_[i] = paneColours()[i].initial;
     BackColor.design(colours_[*paneColourIndex(kBackColor)]);

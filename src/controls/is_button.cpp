@@ -5,8 +5,6 @@
 
 namespace tidvane::controls {
 
-using forms::Control;
-
 namespace {
 
 constexpr int kDefaultLook = 3;
@@ -99,7 +97,7 @@ const std::array<StoredProperty<isButton>, 28>& isButton::properties() {
 }
 
 isButton::isButton(forms::Form& owner, std::string name, std::string caption)
-    : Control(owner, forms::ControlKind::ThemedButton, std::move(name)) {
+    : forms::Control(owner, forms::ControlKind::ThemedButton, std::move(name)) {
     designFrom(properties(), *this);
     Caption.design(std::move(caption));
 }

@@ -8,8 +8,6 @@
 
 namespace tidvane::controls {
 
-using forms::Control;
-
 const std::array<StoredProperty<ThemedScrollBar>, 11>& ThemedScrollBar::properties() {
     using Bar = ThemedScrollBar;
     static const std::array<StoredProperty<Bar>, 11> rows{{
@@ -29,7 +27,7 @@ const std::array<StoredProperty<ThemedScrollBar>, 11>& ThemedScrollBar::properti
 }
 
 ThemedScrollBar::ThemedScrollBar(forms::Form& owner, std::string name)
-    : Control(owner, forms::ControlKind::ScrollBar, std::move(name)) {
+    : forms::Control(owner, forms::ControlKind::ScrollBar, std::move(name)) {
     designFrom(properties(), *this);
     placed_.connect([this] { Refresh(); });
     changed_.connect([this] {
