@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "settings/modFormINI.h"
+#include "settings/modLanguage.h"
 #include "settings/themes.h"
 
 namespace tidvane::settings {
@@ -33,6 +34,7 @@ frmMoreToConfigure::frmMoreToConfigure(settings::Program& program) : Form(kName)
         forms::designedOff(*box).Visible.design(false);
         box->GotFocus.connect([box] { box->setText({}); });
     }
+    for (forms::Label* label : {&lblThemeR, &lblThemeG, &lblThemeB}) label->Visible.design(false);
     for (forms::Control* control : std::initializer_list<forms::Control*>{
              &txtCustomAppPath, &cmdCustomApp, &txtCustomAppCommandlineParameter, &chkRunCustomAppAfterTidvane,
              &txtUpdateLocation, &txtUpdateIntDelay, &chkOpenChangelogAfterUpdate, &cboChangelogServer, &txtInfoServer,
@@ -71,17 +73,7 @@ void frmMoreToConfigure::Form_Load() {
     txtCustomAppPath.setText(program_.programDirectory());
 
     Caption = text(389);
-    lblTuneUp.Caption = text(179);
-    cmdChangeTheme.Caption = text(137);
-    chkOpenOneGroupOnly.Caption = text(391);
-    chkDisksizeInfo.Caption = text(392);
-    chkEnableCustomApp.Caption = text(396);
-    chkRunCustomAppAfterTidvane.Caption = text(397);
-    chkEnableAutoUpdate.Caption = text(394);
-    chkOpenChangelogAfterUpdate.Caption = text(398);
-    chkInfoServer.Caption = text(399);
-    chkAutoStartInfoServer.Caption = text(431);
-    lblCommunityMenu.Caption = text(388);
+    captionWindow(program_, *this);
 
     cboTheme.setText("Default");
     for (const char* theme : kThemeNames) cboTheme.AddItem(theme);
@@ -119,6 +111,7 @@ void frmMoreToConfigure::cboTheme_Change() {
         box->Visible = custom;
         box->Enabled = custom;
     }
+    for (forms::Label* label : {&lblThemeR, &lblThemeG, &lblThemeB}) label->Visible = custom;
     PicRGBThemeMix.Visible = custom;
 }
 

@@ -28,30 +28,40 @@ public:
     forms::Label lblTuneUp{*this, "lblTuneUp", "Erweiterte Einstellungen"};
     controls::isButton cmdMoreToConfigure{*this, "cmdMoreToConfigure", "Erweiterte Einstellungen"};
 
+    forms::Label lblTheme{*this, "lblTheme", "Farben:"};
     forms::ComboBox cboTheme{*this, "cboTheme"};
     controls::isButton cmdChangeTheme{*this, "cmdChangeTheme", "Design ändern"};
+    forms::Label lblThemeR{*this, "lblThemeR", "R"};
     forms::TextBox CustomThemeR{*this, "CustomThemeR", "R"};
+    forms::Label lblThemeG{*this, "lblThemeG", "G"};
     forms::TextBox CustomThemeG{*this, "CustomThemeG", "G"};
+    forms::Label lblThemeB{*this, "lblThemeB", "B"};
     forms::TextBox CustomThemeB{*this, "CustomThemeB", "B"};
     forms::Image PicRGBThemeMix{*this, "PicRGBThemeMix", false};
     forms::CheckBox chkOpenOneGroupOnly{*this, "chkOpenOneGroupOnly", "Immer nur eine Gruppe öffnen"};
     forms::CheckBox chkDisksizeInfo{*this, "chkDisksizeInfo", "Ergebnis nach dem Reinigen zeigen"};
 
     forms::CheckBox chkEnableCustomApp{*this, "chkEnableCustomApp", "Eigene Anwendung verwenden"};
+    forms::Label lblCustomAppPath{*this, "lblCustomAppPath", "Programm:"};
     forms::TextBox txtCustomAppPath{*this, "txtCustomAppPath"};
     controls::isButton cmdCustomApp{*this, "cmdCustomApp", "..."};
+    forms::Label lblCustomAppParameter{*this, "lblCustomAppParameter", "Parameter:"};
     forms::TextBox txtCustomAppCommandlineParameter{*this, "txtCustomAppCommandlineParameter", "/"};
     forms::CheckBox chkRunCustomAppAfterTidvane{*this, "chkRunCustomAppAfterTidvane", "Nach dem Reinigen starten"};
 
     forms::CheckBox chkEnableAutoUpdate{*this, "chkEnableAutoUpdate", "Aktualisierung direkt herunterladen"};
+    forms::Label lblUpdateLocation{*this, "lblUpdateLocation", "Adresse:"};
     forms::TextBox txtUpdateLocation{*this, "txtUpdateLocation", address::kSetup};
+    forms::Label lblUpdateIntDelay{*this, "lblUpdateIntDelay", "ms"};
     forms::TextBox txtUpdateIntDelay{*this, "txtUpdateIntDelay", "2000"};
     forms::CheckBox chkOpenChangelogAfterUpdate{*this, "chkOpenChangelogAfterUpdate", "Danach die Änderungen zeigen"};
+    forms::Label lblChangelogServer{*this, "lblChangelogServer", "Änderungen:"};
     forms::ComboBox cboChangelogServer{*this, "cboChangelogServer"};
     forms::Image ImgUpdateGerman{*this, "ImgUpdateGerman"};
     forms::Image ImgUpdateEnglish{*this, "ImgUpdateEnglish", false};
 
     forms::CheckBox chkInfoServer{*this, "chkInfoServer", "Informationsserver verwenden"};
+    forms::Label lblInfoServer{*this, "lblInfoServer", "Adresse:"};
     forms::TextBox txtInfoServer{*this, "txtInfoServer", address::kNews};
     forms::Label lblReset3{*this, "lblReset3", "Reset"};
     forms::CheckBox chkAutoStartInfoServer{*this, "chkAutoStartInfoServer", "Neuigkeiten bei jedem Start zeigen"};

@@ -6,6 +6,7 @@
 #include "settings/addresses.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/modFormINI.h"
+#include "settings/modLanguage.h"
 #include "settings/modOS.h"
 
 namespace tidvane::settings {
@@ -13,9 +14,6 @@ namespace tidvane::settings {
 namespace {
 
 constexpr const char* kSection = "WindowStateStarter";
-
-// The entry of each tab.
-constexpr std::array kTabTexts = {170, 171, 172, 173, 174, 184, 995};
 
 // Bytes of the licence between two looks at what the user does.
 constexpr std::size_t kLicenseBlock = 4096;
@@ -25,8 +23,9 @@ constexpr std::size_t kLicenseBlock = 4096;
 frmStarter::frmStarter(settings::Program& program) : Form(kName), program_(program) {
     Caption.design("Tidvane");
     optCompleteBackUpSettings.design(true);
-    for (forms::Control* control : std::initializer_list<forms::Control*>{
-             &txtResetSettingsPW, &lblResetSettingsInfo, &cmdResetSettingsOK, &cmdResetSettingsCancel}) {
+    for (forms::Control* control :
+         std::initializer_list<forms::Control*>{&lblResetVersion, &txtResetSettingsPW, &lblResetSettingsInfo,
+                                                &cmdResetSettingsOK, &cmdResetSettingsCancel}) {
         control->Visible.design(false);
     }
     // Still to be built.
@@ -48,9 +47,7 @@ void frmStarter::Form_Load() {
 
     lblWelcome.Caption = text(151);
     lblWelcomeInfo.Caption = text(150);
-    for (std::size_t tab = 0; tab < kTabTexts.size(); ++tab) {
-        SSTab2.setTabCaption(static_cast<int>(tab), text(kTabTexts[tab]));
-    }
+    captionWindow(program_, *this);
 
     if (!program_.get<frmMoreToConfigure>().chkInfoServer.ticked()) {
         txtInfoServer.setText(text(399) + " (Offline)");

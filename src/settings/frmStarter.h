@@ -67,6 +67,7 @@ public:
     forms::OptionButton optCompleteBackUpSettings{*this, "optCompleteBackUpSettings", "backup", "Vollständig"};
     forms::OptionButton optPartialBackUpSettings{*this, "optPartialBackUpSettings", "backup", "Teilweise"};
     forms::CheckBox chkForceBackup{*this, "chkForceBackup", "In jedem Fall sichern"};
+    forms::Label lblBackUpFolder{*this, "lblBackUpFolder", "Ordner:"};
     forms::TextBox txtBackUpSettingsPath{*this, "txtBackUpSettingsPath"};
     controls::isButton cmdBackUpFolderPath{*this, "cmdBackUpFolderPath", "..."};
     controls::isButton cmdBackUpSettings{*this, "cmdBackUpSettings", "Sichern"};
@@ -76,6 +77,7 @@ public:
     forms::Image ImgSettingsOptimized{*this, "ImgSettingsOptimized", false};
     forms::Label lblResetSettings{*this, "lblResetSettings", "Einstellungen zurücksetzen"};
     controls::isButton cmdResetSettings{*this, "cmdResetSettings", "Zurücksetzen"};
+    forms::Label lblResetVersion{*this, "lblResetVersion", "Version:"};
     forms::TextBox txtResetSettingsPW{*this, "txtResetSettingsPW"};
     forms::Label lblResetSettingsInfo{*this, "lblResetSettingsInfo", "?"};
     controls::isButton cmdResetSettingsOK{*this, "cmdResetSettingsOK", "OK"};

@@ -83,6 +83,13 @@ void ApplyLanguage(Program& program) {
     }
 }
 
+void captionWindow(const Program& program, forms::Form& form) {
+    for (const CaptionRow& row : kCaptionRows) {
+        if (form.Name != row.window) continue;
+        if (forms::Control* control = form.control(row.control)) assign(*control, row, program.LangText(row.text));
+    }
+}
+
 int LoadLanguageFile(Program& program, const std::string& path) {
     if (!plainFileExists(program, path)) return 1;
     std::string bytes;

@@ -21,6 +21,9 @@ void LoadAllLanguageFiles(Program& program);
 // is passed over. Throws base::RuntimeError when the load handler of a window does; the rest is then not captioned.
 void ApplyLanguage(Program& program);
 
+// Captions one window of the table: for its own load handler, as it may be opened again long behind ApplyLanguage.
+void captionWindow(const Program& program, forms::Form& form);
+
 enum class CaptionSlot { Caption, Tip, Tab };
 
 // One assignment: entry `text` goes to the caption, the tool tip or the caption of a tab of a control.
