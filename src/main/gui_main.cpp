@@ -18,13 +18,18 @@
 
 #include "app/frmMain.h"
 #include "base/runtime_error.h"
+#include "frontend/find_systems.h"
 #include "frontend/guards.h"
 #include "frontend/host_paths.h"
+#include "frontend/last_machine.h"
 #include "frontend/last_words.h"
 #include "frontend/open_machine.h"
+#include "frontend/places.h"
 #include "frontend/removal_gate.h"
 #include "frontend/removed.h"
+#include "frontend/sample/sample_machine.h"
 #include "frontend/window_arguments.h"
+#include "view/chooser/chooser.h"
 #include "view/text.h"
 #include "view/window_program.h"
 
@@ -59,6 +64,7 @@ public:
     void noteEndOfSession();
 
 private:
+    void choose();
     bool open(const std::string& directory, std::string& error);
     void start();
     void settle();
@@ -68,6 +74,7 @@ private:
 
     WindowArguments arguments_;
     std::string directory_;
+    tidvane::view::Chooser* chooser_ = nullptr;  // the toolkit's, as all windows
     std::unique_ptr<HeldMachine> machine_;
     std::unique_ptr<tidvane::frontend::HostPaths> paths_;
     std::unique_ptr<tidvane::view::WindowProgram> program_;
@@ -101,16 +108,51 @@ bool App::OnInit() {
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         event.Skip();
         guarded([this] { settle(); });
+        if (chooser_ != nullptr && chooser_->describeNext()) event.RequestMore();
     });
+    if (arguments_.machine.empty()) {
+        choose();
+        return true;
+    }
     std::string error;
-    if (arguments_.machine.empty() || !open(arguments_.machine, error)) {
-        if (error.empty()) error = "Name a machine with --machine.";
+    if (!open(arguments_.machine, error)) {
         std::cerr << error << std::endl;
         wxMessageBox(toNative(error), kTitle, wxOK | wxICON_ERROR);
         status_ = exit_status::MachineUnusable;
         return false;
     }
     return true;
+}
+
+// The systems that are found, of which the user takes one.
+void App::choose() {
+    namespace frontend = tidvane::frontend;
+    namespace view = tidvane::view;
+    const std::string userData = frontend::userDataDirectory();
+    const std::string own = frontend::defaultMachine();
+    std::error_code problem;
+    const std::string proposed = std::filesystem::exists(own, problem) ? std::string() : own;
+    const view::Tongue tongue = view::tongueOfHost();
+    const std::string last = frontend::lastMachine(userData);
+    view::SystemRows rows(frontend::findSystems(frontend::SearchPlaces::ofThisHost()), tongue, frontend::describe);
+    // One that lies where nobody looks is known since it was chosen.
+    if (!last.empty() && std::filesystem::is_directory(last, problem)) (void)rows.add(last);
+    chooser_ = new view::Chooser(std::move(rows), tongue, last, proposed);
+    chooser_->onCancel = [this] { end(); };
+    chooser_->onCreateSample = [](const std::string& directory) {
+        std::string error;
+        return frontend::createSampleMachine(directory, error) ? std::string() : error;
+    };
+    chooser_->onOpen = [this, userData](const std::string& directory) {
+        std::string error;
+        if (!open(directory, error)) return error;
+        // Not being able to is no matter: the next start asks without a suggestion.
+        (void)frontend::rememberMachine(userData, directory_);
+        chooser_->Hide();
+        std::exchange(chooser_, nullptr)->Destroy();
+        return std::string();
+    };
+    chooser_->Show();
 }
 
 // False: nothing has changed, and another machine may be tried.
@@ -214,6 +256,7 @@ bool App::OnExceptionInMainLoop() {
 }
 
 int App::OnExit() {
+    if (chooser_ != nullptr) std::exchange(chooser_, nullptr)->Destroy();
     if (program_ && program_->restartWanted()) {
         restart_ = tidvane::frontend::wordsOfRestart(directory_, arguments_.program);
     }
