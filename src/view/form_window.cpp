@@ -84,6 +84,12 @@ private:
     wxTimer clock_;
 };
 
+// What the widgets of a window that is going away still hear must not reach the controls of a form that is gone.
+void deafen(wxWindow* window) {
+    window->SetEvtHandlerEnabled(false);
+    for (wxWindow* child : window->GetChildren()) deafen(child);
+}
+
 // Timers below this poll the state of controls; from it on they wait for a moment to come.
 constexpr int kPollingBelow = 1000;  // milliseconds
 
@@ -127,6 +133,7 @@ void FormWindow::destroy() {
     auto* dialog = dynamic_cast<wxDialog*>(gone);
     if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
     gone->Hide();
+    deafen(gone);
     // Handlers of its widgets may stand on the stack: the toolkit frees it when none does any more.
     gone->Destroy();
 }

@@ -29,10 +29,11 @@ wxStaticText* makePageHeading(FormWindow& window, wxWindow* page, forms::Menu& e
     return heading;
 }
 
-wxStaticText* makeText(FormWindow& window, wxWindow* page, app::frmMain& form, int entry, forms::Control& spoken) {
+wxStaticText* makeText(FormWindow& window, wxWindow* page, app::frmMain& form, int entry, forms::Control& spoken,
+                       const char* behind) {
     auto* text = new wxStaticText(page, wxID_ANY, {});
-    window.whenever(spoken, [text, &form, entry] {
-        const wxString words = linesToNative(form.program().LangText(entry));
+    window.whenever(spoken, [text, &form, entry, behind] {
+        const wxString words = linesToNative(form.program().LangText(entry) + behind);
         if (text->GetLabelText() != words) text->SetLabelText(words);
     });
     return text;

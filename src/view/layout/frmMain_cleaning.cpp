@@ -146,7 +146,7 @@ void CleaningPage::make() {
     log_ = window_.lines(page_, form_.txtLog, {.readOnly = true, .selection = true}, &form_.menu("mnuOptionsLog"));
     log_->SetMinSize(page_->FromDIP(wxSize(200, kLeastLog)));
     makeButtons();
-    wxStaticText* driveName = makeText(window_, page_, form_, kDrive, form_.menu("mnuCleaner"));
+    wxStaticText* driveName = makeText(window_, page_, form_, kDrive, form_.menu("mnuCleaner"), ":");
     wxWindow* drive = window_.drives(page_, form_.drvDiskSizeDrive);
     fillWindow(page_, column(page_, {cell(row(page_, {cell(heading), rest(), cell(driveName), cell(drive)})),
                                      fill(welcome_), fill(listHolder_), wide(log_), cell(buttons_)}));

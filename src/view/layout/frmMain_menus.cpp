@@ -30,8 +30,6 @@ void toRightEnd(wxMenuBar* bar, const wxMenu* menu) {
         if (bar->GetMenu(at) != menu) continue;
         GtkWidget* item = gtk_menu_get_attach_widget(GTK_MENU(menu->m_menu));
         if (item == nullptr) return;
-        gtk_widget_set_hexpand(item, TRUE);
-        gtk_widget_set_halign(item, GTK_ALIGN_END);
         // Old, and still the only way to tell the bar.
         G_GNUC_BEGIN_IGNORE_DEPRECATIONS
         gtk_menu_item_set_right_justified(GTK_MENU_ITEM(item), TRUE);
@@ -52,12 +50,15 @@ void makeMainMenus(FormWindow& window, app::frmMain& form) {
         return std::string(control.Index ? std::string_view() : app::shortcutOf(control.Name));
     };
     auto* bar = new wxMenuBar;
-    for (const app::MenuRow& row : app::menuTable()) {
-        if (*row.parent != '\0' || app::isPopUpTitle(row.name)) continue;
-        forms::Menu& title = form.menu(row.name);
-        wxMenu* menu = window.barMenu(bar, title);
-        window.menuEntries(menu, row.name);
-        if (row.atRightEnd) window.whenever(title, [bar, menu] { toRightEnd(bar, menu); });
+    // The last title of a bar alone can stand at its right end: those of the pages come in front of it.
+    for (const bool atRightEnd : {false, true}) {
+        for (const app::MenuRow& row : app::menuTable()) {
+            if (*row.parent != '\0' || app::isPopUpTitle(row.name) || row.atRightEnd != atRightEnd) continue;
+            forms::Menu& title = form.menu(row.name);
+            wxMenu* menu = window.barMenu(bar, title);
+            window.menuEntries(menu, row.name);
+            if (atRightEnd) window.whenever(title, [bar, menu] { toRightEnd(bar, menu); });
+        }
     }
     frame->SetMenuBar(bar);
     for (const char* name : kPopUps) {

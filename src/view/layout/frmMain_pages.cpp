@@ -92,7 +92,7 @@ void makeAboutPage(FormWindow& window, app::frmMain& form, wxPanel* page) {
     wxStaticText* product = window.label(about, form.lblProductName, 0, true);
     product->SetFont(product->GetFont().Scaled(1.8F));
     wxStaticText* version = window.label(about, form.lblVersion);
-    wxStaticText* language = makeText(window, about, form, kLanguageFile, form.lblLangVersion);
+    wxStaticText* language = makeText(window, about, form, kLanguageFile, form.lblLangVersion, ":");
     wxStaticText* languageVersion = window.label(about, form.lblLangVersion);
     wxWindow* homepage = window.link(about, form.lblTranslatorHomepage);
     wxStaticText* commandLine = window.label(about, form.lblCommandLine, 0, true);

@@ -21,8 +21,10 @@ void makeAboutPage(FormWindow& window, app::frmMain& form, wxPanel* page);
 
 // The name of the page at its top, which is that of the menu entry that leads there.
 wxStaticText* makePageHeading(FormWindow& window, wxWindow* page, forms::Menu& entry);
-// A text of the language table that no control carries; looked up anew whenever `spoken` is given a caption.
-wxStaticText* makeText(FormWindow& window, wxWindow* page, app::frmMain& form, int entry, forms::Control& spoken);
+// A text of the language table that no control carries, with a sign behind it; looked up anew whenever `spoken` is
+// given a caption.
+wxStaticText* makeText(FormWindow& window, wxWindow* page, app::frmMain& form, int entry, forms::Control& spoken,
+                       const char* behind = "");
 
 // The bar above the pages with what the front end has to tell; there while there is something.
 wxWindow* makeNoticeBar(FormWindow& window, app::frmMain& form, wxWindow* parent);
