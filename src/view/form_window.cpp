@@ -37,7 +37,12 @@ public:
     }
     // A window that was moved while the program only painted told nobody.
     void sample() override {
-        if (window_.isShown() && !window_.rectangleIsNoted()) window_.noteRectangle();
+        if (!window_.isShown() || window_.rectangleIsNoted()) return;
+        // Told once: a form that wants another size gets it from the window manager in a while.
+        const wxRect now(window_.native_->GetPosition(), window_.native_->GetClientSize());
+        if (now == sampled_) return;
+        sampled_ = now;
+        window_.noteRectangle();
     }
     // What the form says now is what the window is.
     void remember() {
@@ -51,6 +56,7 @@ public:
 
 private:
     FormWindow& window_;
+    wxRect sampled_;
     bool seen_ = false;
     int left_ = 0;
     int top_ = 0;

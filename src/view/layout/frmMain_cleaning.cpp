@@ -142,6 +142,9 @@ void CleaningPage::make() {
     listHolder_ = new wxPanel(page_);
     list_ = window_.listView(listHolder_, form_.lstTasks, false, true, &form_.menu("mnuManageCleaningJobs"));
     list_->SetMinSize(page_->FromDIP(wxSize(200, kLeastList)));
+    if (auto* native = dynamic_cast<wxDataViewCtrl*>(list_); native != nullptr && native->GetColumnCount() > 0) {
+        native->GetColumn(0)->GetRenderer()->EnableEllipsize(wxELLIPSIZE_END);
+    }
     fillWindow(listHolder_, column(listHolder_, {fill(list_)}), 0);
     log_ = window_.lines(page_, form_.txtLog, {.readOnly = true, .selection = true}, &form_.menu("mnuOptionsLog"));
     log_->SetMinSize(page_->FromDIP(wxSize(200, kLeastLog)));
