@@ -30,6 +30,7 @@ void layoutFrmPlugsInfo(FormWindow& window) {
     fillWindow(body, column(body, {cell(grid), cell(heading), fill(text), wide(warning), gap(kGap),
                                    cell(row(body, {cell(english), rest(), cell(ok)}))}));
     window.defaultButton(ok);
+    ok->SetFocus();  // nothing here is typed
     window.onEscape([&form] { form.escape(); });
 }
 

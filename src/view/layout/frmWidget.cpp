@@ -60,6 +60,7 @@ void layoutFrmWidget(FormWindow& window) {
     wxWindow* foreground = window.check(body, form.chkForeground);
     wxWindow* transparency = window.check(body, form.chkTransparency);
     wxWindow* close = window.button(body, form.cmdClose);
+    close->SetMinSize(wxSize(clean->GetBestSize().y, -1));
     fillWindow(body, column(body, {cell(row(body, {cell(mark), cell(name), gap(kGap), rest(), cell(close)})),
                                    wide(clean), cell(autostart), cell(foreground), cell(transparency)}));
 

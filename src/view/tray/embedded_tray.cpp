@@ -1,5 +1,8 @@
+#include <wx/settings.h>
 #include <wx/taskbar.h>
-#include <wx/thread.h>
+#include <wx/time.h>
+
+#include <utility>
 
 #include "view/icons.h"
 #include "view/text.h"
@@ -10,13 +13,20 @@ namespace tidvane::view {
 
 namespace {
 
+#ifdef __WXGTK__
+const wxEventTypeTag<wxTaskBarIconEvent>& kMenuEvent = wxEVT_TASKBAR_CLICK;
+constexpr int kUsualDoubleClick = 400;  // milliseconds
+#else
+const wxEventTypeTag<wxTaskBarIconEvent>& kMenuEvent = wxEVT_TASKBAR_RIGHT_UP;
+#endif
+
 class EmbeddedTray final : public Tray {
 public:
     EmbeddedTray() {
         icon_.Bind(wxEVT_TASKBAR_LEFT_DCLICK, [this](wxTaskBarIconEvent&) {
-            if (onDoubleClick) onDoubleClick();
+            if (isDoubleClick() && onDoubleClick) onDoubleClick();
         });
-        icon_.Bind(wxEVT_TASKBAR_RIGHT_UP, [this](wxTaskBarIconEvent&) {
+        icon_.Bind(kMenuEvent, [this](wxTaskBarIconEvent&) {
             if (onMenu) onMenu();
         });
     }
@@ -37,7 +47,20 @@ public:
     }
 
 private:
+    // Under GTK each click is told as a double one.
+    bool isDoubleClick() {
+#ifdef __WXGTK__
+        const wxMilliClock_t now = wxGetLocalTimeMillis();
+        const wxMilliClock_t before = std::exchange(lastClick_, now);
+        const int within = wxSystemSettings::GetMetric(wxSYS_DCLICK_MSEC);
+        if (now - before > (within > 0 ? within : kUsualDoubleClick)) return false;
+        lastClick_ = 0;
+#endif
+        return true;
+    }
+
     wxTaskBarIcon icon_;
+    wxMilliClock_t lastClick_ = 0;
     std::unique_ptr<OwnerWatch> watch_;
 };
 
