@@ -134,9 +134,12 @@ void App::choose() {
     const std::string proposed = std::filesystem::exists(own, problem) ? std::string() : own;
     const view::Tongue tongue = view::tongueOfHost();
     const std::string last = frontend::lastMachine(userData);
-    view::SystemRows rows(frontend::findSystems(frontend::SearchPlaces::ofThisHost()), tongue, frontend::describe);
+    const frontend::SearchPlaces places = frontend::SearchPlaces::ofThisHost();
+    view::SystemRows rows(frontend::findSystems(places), tongue, places.home, frontend::describe);
     // One that lies where nobody looks is known since it was chosen.
-    if (!last.empty() && std::filesystem::is_directory(last, problem)) (void)rows.add(last);
+    if (!last.empty() && std::filesystem::is_directory(last, problem)) {
+        (void)rows.add(last, frontend::SystemKind::Wine);
+    }
     chooser_ = new view::Chooser(std::move(rows), tongue, last, proposed);
     chooser_->onCancel = [this] { end(); };
     chooser_->onCreateSample = [](const std::string& directory) {

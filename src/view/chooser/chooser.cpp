@@ -29,7 +29,8 @@ using frontend::SystemKind;
 
 constexpr int kIconSide = 24;  // device-independent pixels
 constexpr int kWarningSide = 24;
-constexpr int kListHeight = 240;
+constexpr int kRowHeight = 32;
+constexpr int kListHeight = 260;
 constexpr int kMarkSide = 64;
 constexpr int kTextWidth = 420;
 constexpr int kProblemWidth = 760;
@@ -43,11 +44,11 @@ struct Column {
 // clang-format off
 constexpr std::array kColumns{
     Column{SystemColumn::Name, Word::Name, 170},
-    Column{SystemColumn::Kind, Word::Kind, 110},
+    Column{SystemColumn::Kind, Word::Kind, 120},
     Column{SystemColumn::Windows, Word::Windows, 190},
     Column{SystemColumn::User, Word::User, 90},
-    Column{SystemColumn::FreeSpace, Word::FreeSpace, 150},
-    Column{SystemColumn::Folder, Word::Folder, 280},
+    Column{SystemColumn::FreeSpace, Word::FreeSpace, 160},
+    Column{SystemColumn::Folder, Word::Folder, 300},
 };
 // clang-format on
 
@@ -148,7 +149,9 @@ void Chooser::makeList() {
             list_->AppendTextColumn(say(column.title), place, wxDATAVIEW_CELL_INERT, wide);
         }
         list_->GetColumn(place)->SetResizeable(true);
+        list_->GetColumn(place)->GetRenderer()->EnableEllipsize(wxELLIPSIZE_MIDDLE);
     }
+    list_->SetRowHeight(FromDIP(kRowHeight));
     list_->SetMinSize(wxSize(width + FromDIP(2 * kGap), FromDIP(kListHeight)));
     list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
         chosenByHand_ = chosenByHand_ || !selecting_;
@@ -182,12 +185,11 @@ wxSizer* Chooser::makeButtons() {
         made->Bind(wxEVT_BUTTON, [this, press](wxCommandEvent&) { (this->*press)(); });
         return made;
     };
-    wxButton* sample = button(wxID_ANY, Word::CreateSample, "add", &Chooser::createSample);
+    sample_ = button(wxID_ANY, Word::CreateSample, "add", &Chooser::createSample);
     wxButton* other = button(wxID_ANY, Word::OtherFolder, "folder", &Chooser::openOther);
     wxButton* cancelled = button(wxID_CANCEL, Word::Cancel, "cancel", &Chooser::cancel);
     open_ = button(wxID_ANY, Word::Open, "ok", &Chooser::open);
-    open_->SetDefault();
-    return row(this, {cell(sample), cell(other), gap(2 * kGap), rest(), cell(cancelled), cell(open_)});
+    return row(this, {cell(sample_), cell(other), gap(2 * kGap), rest(), cell(cancelled), cell(open_)});
 }
 
 // Rows came: from an empty state to a list, or to a longer one.
@@ -198,7 +200,15 @@ void Chooser::rowsChanged() {
     if (!chosenByHand_) select(rows_.suggested(last_));
     selectionChanged();
     Layout();
-    if (any) list_->SetFocus();
+    // The list needs more room than the words in its place.
+    GetSizer()->SetSizeHints(this);
+    const wxSize least = GetMinSize();
+    if (GetSize().x < least.x || GetSize().y < least.y) {
+        SetSize(least);
+        CentreOnScreen();
+    }
+    (any ? open_ : sample_)->SetDefault();
+    (any ? static_cast<wxWindow*>(list_) : sample_)->SetFocus();
 }
 
 int Chooser::selected() const {
@@ -247,11 +257,11 @@ void Chooser::cancel() {
     if (onCancel) onCancel();
 }
 
-void Chooser::addFolder(const std::string& directory) {
+void Chooser::addFolder(const std::string& directory, SystemKind kind, const std::string& name) {
     std::error_code problem;
     const std::filesystem::path whole = std::filesystem::weakly_canonical(directory, problem);
     const int before = rows_.count();
-    const int row = rows_.add(problem ? directory : whole.string());
+    const int row = rows_.add(problem ? directory : whole.string(), kind, name);
     if (rows_.count() > before) model_->RowAppended();
     chosenByHand_ = true;
     rowsChanged();
@@ -264,7 +274,7 @@ void Chooser::addFolder(const std::string& directory) {
 
 void Chooser::openOther() {
     wxDirDialog choice(this, say(Word::ChooseFolder), wxGetHomeDir(), wxDD_DIR_MUST_EXIST);
-    if (choice.ShowModal() == wxID_OK) addFolder(fromNative(choice.GetPath()));
+    if (choice.ShowModal() == wxID_OK) addFolder(fromNative(choice.GetPath()), SystemKind::Wine, {});
 }
 
 void Chooser::createSample() {
@@ -272,7 +282,7 @@ void Chooser::createSample() {
     const std::string made = createSampleByDialog(this, tongue_, sampleFolder_, onCreateSample);
     if (made.empty()) return;
     sampleFolder_.clear();
-    addFolder(made);
+    addFolder(made, SystemKind::Embedded, word(tongue_, Word::Sample));
 }
 
 }  // namespace tidvane::view

@@ -51,7 +51,8 @@ private:
     void cancel();
     void openOther();
     void createSample();
-    void addFolder(const std::string& directory);
+    // Without a name it is called as its folder is.
+    void addFolder(const std::string& directory, frontend::SystemKind kind, const std::string& name);
 
     SystemRows rows_;
     Tongue tongue_;
@@ -64,6 +65,7 @@ private:
     wxWindow* empty_ = nullptr;
     wxStaticBitmap* warning_ = nullptr;
     wxStaticText* problem_ = nullptr;
+    wxButton* sample_ = nullptr;
     wxButton* open_ = nullptr;
 };
 

@@ -28,12 +28,14 @@ std::string createSampleByDialog(wxWindow* owner, Tongue tongue, const std::stri
     about->Wrap(dialog.FromDIP(kTextWidth));
     auto* label = new wxStaticText(&dialog, wxID_ANY, say(Word::SampleFolder));
     auto* folder = new wxTextCtrl(&dialog, wxID_ANY, toNative(proposed));
-    folder->SetMinSize(dialog.FromDIP(wxSize(kTextWidth / 2, -1)));
+    folder->SetMinSize(dialog.FromDIP(wxSize(kTextWidth * 2 / 3, -1)));
     nameForReaders(folder, word(tongue, Word::SampleFolder));
     auto* browse = new wxButton(&dialog, wxID_ANY, say(Word::Browse));
     browse->SetBitmap(icon("folder", wxSize(16, 16)));
     auto* cancel = new wxButton(&dialog, wxID_CANCEL, say(Word::Cancel));
     auto* make = new wxButton(&dialog, wxID_OK, say(Word::Create));
+    cancel->SetBitmap(icon("cancel", wxSize(16, 16)));
+    make->SetBitmap(icon("ok", wxSize(16, 16)));
     make->SetDefault();
     dialog.SetAffirmativeId(wxID_OK);
     dialog.SetEscapeId(wxID_CANCEL);

@@ -7,8 +7,8 @@ namespace tidvane::view {
 
 using frontend::FoundSystem;
 
-SystemRows::SystemRows(std::vector<FoundSystem> systems, Tongue tongue, Describe describe)
-    : tongue_(tongue), describe_(std::move(describe)) {
+SystemRows::SystemRows(std::vector<FoundSystem> systems, Tongue tongue, std::string home, Describe describe)
+    : tongue_(tongue), home_(std::move(home)), describe_(std::move(describe)) {
     for (FoundSystem& system : systems) rows_.push_back({std::move(system), {}, false});
 }
 
@@ -30,7 +30,9 @@ std::string SystemRows::cell(int row, SystemColumn column) const {
             return sizeWords(tongue_, details.freeBytes) + " " + word(tongue_, Word::Of) + " " +
                    sizeWords(tongue_, details.totalBytes);
         case SystemColumn::Folder:
-            return shown.system.directory;
+            return !home_.empty() && shown.system.directory.starts_with(home_ + "/")
+                       ? "~" + shown.system.directory.substr(home_.size())
+                       : shown.system.directory;
     }
     return {};
 }
@@ -47,7 +49,7 @@ int SystemRows::describeNext() {
     return static_cast<int>(next - rows_.begin());
 }
 
-int SystemRows::add(const std::string& directory) {
+int SystemRows::add(const std::string& directory, frontend::SystemKind kind, const std::string& name) {
     const auto known =
         std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.system.directory == directory; });
     if (known != rows_.end()) {
@@ -55,10 +57,8 @@ int SystemRows::add(const std::string& directory) {
         known->described = false;
         return static_cast<int>(known - rows_.begin());
     }
-    FoundSystem system;
-    system.directory = directory;
-    system.name = directory.substr(directory.find_last_of('/') + 1);
-    rows_.push_back({std::move(system), {}, false});
+    rows_.push_back(
+        {{kind, directory, name.empty() ? directory.substr(directory.find_last_of('/') + 1) : name}, {}, false});
     return count() - 1;
 }
 

@@ -17,7 +17,8 @@ class SystemRows {
 public:
     using Describe = std::function<frontend::SystemDetails(const frontend::FoundSystem&)>;
 
-    SystemRows(std::vector<frontend::FoundSystem> systems, Tongue tongue, Describe describe);
+    // `home`: the user's, whose folders are shown from "~" on; may be empty.
+    SystemRows(std::vector<frontend::FoundSystem> systems, Tongue tongue, std::string home, Describe describe);
 
     [[nodiscard]] int count() const { return static_cast<int>(rows_.size()); }
     [[nodiscard]] const frontend::FoundSystem& system(int row) const { return at(row).system; }
@@ -29,8 +30,9 @@ public:
 
     // Describes the first row that is not described yet and answers with it; -1: all of them are.
     int describeNext();
-    // A directory that was chosen by hand: its row, which is made where there is none.
-    int add(const std::string& directory);
+    // A directory that was chosen by hand: its row, which is made where there is none. Without a name it is called as
+    // its folder is.
+    int add(const std::string& directory, frontend::SystemKind kind, const std::string& name = {});
     // What is selected at the start: the directory chosen last, or else the first row that is offered. -1: none.
     [[nodiscard]] int suggested(const std::string& last) const;
 
@@ -44,6 +46,7 @@ private:
 
     std::vector<Row> rows_;
     Tongue tongue_;
+    std::string home_;
     Describe describe_;
 };
 

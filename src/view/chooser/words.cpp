@@ -42,6 +42,7 @@ constexpr std::array kWords{
     WordRow{Word::CreateSample, "Create a &sample machine...", "&Beispielmaschine anlegen..."},
     WordRow{Word::OtherFolder, "Other &folder...", "A&nderer Ordner..."},
     WordRow{Word::ChooseFolder, "Folder of a Wine prefix or of a machine of Tidvane", "Ordner eines Wine-Präfixes oder einer Maschine von Tidvane"},
+    WordRow{Word::Sample, "Sample machine", "Beispielmaschine"},
     WordRow{Word::SampleTitle, "Create a sample machine", "Beispielmaschine anlegen"},
     WordRow{Word::SampleAbout,
             "A small Windows system with traces of every kind is made in this folder, which has to be new or empty.",
@@ -49,6 +50,9 @@ constexpr std::array kWords{
     WordRow{Word::SampleFolder, "Folder:", "Ordner:"},
     WordRow{Word::Browse, "&Browse...", "&Durchsuchen..."},
     WordRow{Word::Create, "C&reate", "An&legen"},
+    WordRow{Word::Yes, "&Yes", "&Ja"},
+    WordRow{Word::No, "&No", "&Nein"},
+    WordRow{Word::Ok, "&OK", "&OK"},
 };
 
 struct KindRow {
@@ -59,7 +63,7 @@ struct KindRow {
 
 // Names of programs are the same in both.
 constexpr std::array kKinds{
-    KindRow{SystemKind::Embedded, "Tidvane", "Tidvane"},
+    KindRow{SystemKind::Embedded, "Own machine", "Eigene Maschine"},
     KindRow{SystemKind::Volume, "Windows volume", "Windows-Volume"},
 };
 // clang-format on

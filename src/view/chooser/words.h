@@ -33,11 +33,15 @@ enum class Word {
     CreateSample,
     OtherFolder,
     ChooseFolder,
+    Sample,
     SampleTitle,
     SampleAbout,
     SampleFolder,
     Browse,
     Create,
+    Yes,
+    No,
+    Ok,
 };
 
 const char* word(Tongue tongue, Word which);
