@@ -9,6 +9,8 @@
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "forms/list_controls.h"
 #include "forms/simple_controls.h"
@@ -87,6 +89,11 @@ private:
     wxDataViewCtrl* widget_;
     wxObjectDataPtr<Rows> rows_;
     bool several_;
+    struct Width {
+        int common;  // pixels that widget and list had in common last
+        int seen;    // in the widget
+    };
+    std::vector<Width> widths_;  // of the columns
 };
 
 // Anything simpler.

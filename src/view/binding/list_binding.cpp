@@ -19,12 +19,29 @@ ListBinding::ListBinding(View& view, forms::ListBox& list, wxListBox* widget, bo
             if (view_.pulling()) return;
             const int row = event.GetInt();
             const bool ticked = ticks_->IsChecked(static_cast<unsigned>(row));
-            view_.act([this, row, ticked] {
-                list_.setSelected(row, ticked);
-                list_.ItemCheck();
-            });
+            // Tells of the tick by itself.
+            view_.act([this, row, ticked] { list_.setSelected(row, ticked); });
         });
     }
+    widget->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+        wxArrayInt rows;
+        const int row = widget_->GetSelections(rows) > 0 ? rows.front() : wxNOT_FOUND;
+        const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+        if (row == wxNOT_FOUND || event.HasAnyModifiers() || view_.pulling()) {
+            event.Skip();
+        } else if (ticks_ != nullptr && event.GetKeyCode() == WXK_SPACE) {
+            // Only the mouse ticks by itself.
+            view_.act([this, row] {
+                if (row < list_.ListCount()) list_.setSelected(row, !list_.Selected(row));
+            });
+        } else if (ticks_ == nullptr && enter) {
+            // As a double click. The toolkit would press the window's default button besides.
+            push();
+            view_.act([this] { list_.DblClick(); });
+        } else {
+            event.Skip();
+        }
+    });
 }
 
 void ListBinding::push() {

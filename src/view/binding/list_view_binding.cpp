@@ -63,6 +63,7 @@ ListViewBinding::ListViewBinding(View& view, forms::ListView& list, wxDataViewCt
                                      ? widget->AppendIconTextColumn(title, column, wxDATAVIEW_CELL_INERT, width)
                                      : widget->AppendTextColumn(title, column, wxDATAVIEW_CELL_INERT, width);
         made->SetResizeable(true);
+        widths_.push_back({width, 0});
     }
     widget->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { push(); });
 }
@@ -93,7 +94,10 @@ void ListViewBinding::pullSelection() {
             continue;
         }
         widget_->Select(item);
-        if (!several_) widget_->EnsureVisible(item);
+        if (several_) continue;
+        // The arrow keys go on from here.
+        widget_->SetCurrentItem(item);
+        widget_->EnsureVisible(item);
     }
 }
 
@@ -102,6 +106,12 @@ void ListViewBinding::pull() {
         wxDataViewColumn* native = widget_->GetColumn(column);
         const wxString title = toNative(list_.ColumnHeaders[column].text);
         if (native->GetTitle() != title) native->SetTitle(title);
+        // A width that the program has set since the widget's own was noted here.
+        const int width = toPixels(list_.ColumnHeaders[column].width, widget_);
+        if (column < widths_.size() && widths_[column].common != width) {
+            native->SetWidth(width);
+            widths_[column].common = width;
+        }
     }
     rows_->refresh();
     pullSelection();
@@ -112,7 +122,9 @@ void ListViewBinding::sample() {
     if (!widget_->IsShownOnScreen()) return;
     for (unsigned column = 0; column < list_.ColumnHeaders.size() && column < widget_->GetColumnCount(); ++column) {
         const int width = widget_->GetColumn(column)->GetWidth();
-        if (width <= 0) continue;
+        // A width that was set shows only once the widget is laid out.
+        if (width <= 0 || width == widths_[column].seen) continue;
+        widths_[column] = {width, width};
         forms::ColumnHeader& header = list_.ColumnHeaders[column];
         if (toPixels(header.width, widget_) != width) header.width = toTwips(width, widget_);
     }
