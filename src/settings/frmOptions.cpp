@@ -140,6 +140,7 @@ void frmOptions::Form_Load() {
 
     passOverErrors([&] { setOwnTexts(); });
     passOverErrors([&] { LoadAllLanguageFiles(program_); });
+    passOverErrors([&] { setTips(); });
     passOverErrors([&] { buildTaskPane(); });
     passOverErrors([&] {
         loadWindowNumbers(program_, kGeometrySection, rectangleOf(*this), State == forms::WindowState::Minimized);
@@ -173,11 +174,31 @@ void frmOptions::setOwnTexts() {
     cboAutoStart.setListIndex(0);
 }
 
+void frmOptions::setTips() {
+    const LangTable& text = program_.LangText;
+    cmdCancel.Caption = text(301);
+    for (forms::Image* found : {&ImgMozillaSuccess, &ImgOperaSuccess, &ImgChromeSuccess, &ImgSafariSuccess}) {
+        found->ToolTipText = text(880);
+    }
+    for (forms::Image* missing : {&ImgMozillaFail, &ImgOperaFail, &ImgChromeFail, &ImgSafariFail}) {
+        missing->ToolTipText = text(881);
+    }
+    chkVolumeCheck.Caption = text(886);
+    // Buttons whose caption is a sign.
+    cmdAlphabetizeStartMenuManual.ToolTipText = text(218) + ": " + text(882);
+    cmdAlphabetizeFavoritesManual.ToolTipText = text(219) + ": " + text(882);
+    cmdPurgeSound.ToolTipText = text(352);
+    cmdPurgeSoundTest.ToolTipText = text(883);
+    lstFolders.ToolTipText = text(884);
+    lstFiles.ToolTipText = text(885);
+}
+
 void frmOptions::buildTaskPane() {
     const LangTable& text = program_.LangText;
     ExplorerBar2.DeleteAllGroups();
     const auto item = [this](int group, const std::string& caption, const char* tag) {
-        ExplorerBar2.AddItem(group, caption, false, {}, false, {}, tag);
+        // Pictures are found by the tag too.
+        ExplorerBar2.AddItem(group, caption, false, tag, false, {}, tag);
     };
     const int settings = ExplorerBar2.AddSpecialGroup(text(320), {}, "special group");
     item(settings, text(173), "sConfiguration");
@@ -198,7 +219,6 @@ void frmOptions::buildTaskPane() {
 }
 
 void frmOptions::setTaskCaptions() {
-    cmdCancel.Caption = program_.LangText(301);
     for (const std::vector<TaskBox>& page : tasks_) {
         for (const TaskBox& task : page) {
             if (task.caption != 0) task.box->Caption = program_.LangText(task.caption) + task.suffix;

@@ -329,6 +329,7 @@ private:
     // frmOptions.cpp
     void designStates();
     void setOwnTexts();
+    void setTips();
     void buildTaskPane();
     void setTaskCaptions();
     void setMemoryModule();

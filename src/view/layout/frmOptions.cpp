@@ -12,12 +12,20 @@ namespace tidvane::view {
 
 namespace {
 
+constexpr int kSignButton = 40;  // width, device-independent pixels
+
 constexpr std::array kPages{layWindowsTasks, layBrowserTasks, layOfficeTasks, layOwnLists, layAddOns, laySettings};
 
 }  // namespace
 
 void fillPage(wxWindow* page, wxSizer* content) {
     fillWindow(page, content, kEdge);
+}
+
+wxWindow* signButton(FormWindow& window, wxWindow* parent, controls::isButton& button) {
+    wxWindow* made = window.button(parent, button);
+    made->SetInitialSize(parent->FromDIP(wxSize(kSignButton, -1)));
+    return made;
 }
 
 void layoutFrmOptions(FormWindow& window) {

@@ -70,7 +70,7 @@ struct PathList {
 };
 
 void layPathList(FormWindow& window, frmOptions& form, wxPanel* page, const PathList& paths) {
-    const FormWindow::Section section = window.section(page, paths.frame, false);
+    const FormWindow::Section section = window.section(page, paths.frame);
     wxPanel* panel = section.panel;
     const auto add = [&](wxSizer* line, int grow = 0) {
         section.content->Add(line, grow, wxEXPAND | wxTOP, panel->FromDIP(kGap));
@@ -88,7 +88,7 @@ void layPathList(FormWindow& window, frmOptions& form, wxPanel* page, const Path
 }
 
 void layMasks(FormWindow& window, frmOptions& form, wxPanel* page) {
-    const FormWindow::Section section = window.section(page, form.frmDefineSearchMasks, false);
+    const FormWindow::Section section = window.section(page, form.frmDefineSearchMasks);
     wxPanel* panel = section.panel;
     const auto add = [&](wxSizer* line, int grow = 0) {
         section.content->Add(line, grow, wxEXPAND | wxTOP, panel->FromDIP(kGap));

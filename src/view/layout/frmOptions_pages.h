@@ -12,6 +12,9 @@ inline constexpr int kTextWidth = 560;
 // A panel with the edge of a page around what `sizer` holds.
 void fillPage(wxWindow* page, wxSizer* content);
 
+// A button whose caption is a sign, no wider than that needs.
+wxWindow* signButton(FormWindow& window, wxWindow* parent, controls::isButton& button);
+
 void layWindowsTasks(FormWindow& window, settings::frmOptions& form, wxPanel* page);
 void layBrowserTasks(FormWindow& window, settings::frmOptions& form, wxPanel* page);
 void layOfficeTasks(FormWindow& window, settings::frmOptions& form, wxPanel* page);

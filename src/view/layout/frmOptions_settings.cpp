@@ -24,21 +24,22 @@ void layStart(FormWindow& window, frmOptions& form, wxPanel* page) {
     wxPanel* panel = section.panel;
     wxWindow* withWindows = window.check(panel, form.chkStartWindows);
     wxWindow* root = window.combo(panel, form.cboAutoStart, false, &form.chkStartWindows);
-    auto* start =
+    auto* left =
         column(panel, {cell(withWindows), indented(root), cell(window.check(panel, form.chkStartMinimized)),
-                       cell(window.check(panel, form.chkStartClean)), cell(window.check(panel, form.chkAutoUpdate)),
-                       cell(window.check(panel, form.chkEndClean))});
-    auto* look = column(
-        panel, {cell(window.check(panel, form.chkCloseAfterClean)), cell(window.check(panel, form.chkMinimizeSystray)),
-                cell(window.check(panel, form.chkLogBarOff)), cell(window.check(panel, form.chkHideColumnHeaders)),
-                cell(window.check(panel, form.chkSmallAppsFontSize))});
+                       cell(window.check(panel, form.chkLogBarOff)), cell(window.check(panel, form.chkStartClean)),
+                       cell(window.check(panel, form.chkAutoUpdate))});
+    auto* right =
+        column(panel, {cell(window.check(panel, form.chkEndClean)), cell(window.check(panel, form.chkCloseAfterClean)),
+                       cell(window.check(panel, form.chkMinimizeSystray)),
+                       cell(window.check(panel, form.chkHideColumnHeaders)),
+                       cell(window.check(panel, form.chkSmallAppsFontSize))});
     wxWindow* withSound = window.check(panel, form.chkPurgeSound);
     wxWindow* sound = window.entry(panel, form.txtPurgeSound, &form.chkPurgeSound);
-    wxWindow* browse = window.button(panel, form.cmdPurgeSound);
-    wxWindow* play = window.button(panel, form.cmdPurgeSoundTest);
+    wxWindow* browse = signButton(window, panel, form.cmdPurgeSound);
+    wxWindow* play = signButton(window, panel, form.cmdPurgeSoundTest);
     auto* columns = new wxFlexGridSizer(2, 0, panel->FromDIP(3 * kGap));
-    columns->Add(start);
-    columns->Add(look);
+    columns->Add(left);
+    columns->Add(right);
     section.content->Add(
         column(panel, {cell(columns), gap(kGap), cell(withSound),
                        Cell{nullptr, row(panel, {fill(sound), cell(browse), cell(play)}), 0, true, 0, 22}, gap(kGap),

@@ -1,13 +1,12 @@
 #include "view/painters/link_label.h"
 
-#include <wx/dcbuffer.h>
+#include <wx/dcclient.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
 
 namespace tidvane::view {
 
 LinkLabel::LinkLabel(wxWindow* parent) {
-    SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxWANTS_CHARS);
     SetCursor(wxCursor(wxCURSOR_HAND));
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { paint(); });
@@ -61,9 +60,8 @@ void LinkLabel::press() {
 }
 
 void LinkLabel::paint() {
-    wxAutoBufferedPaintDC dc(this);
-    dc.SetBackground(GetParent()->GetBackgroundColour());
-    dc.Clear();
+    // What lies behind it, the page of a book for one, stays seen.
+    wxPaintDC dc(this);
     wxFont font = GetFont();
     font.SetUnderlined(hot_ || HasFocus());
     dc.SetFont(font);
