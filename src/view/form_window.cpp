@@ -6,9 +6,12 @@
 #include <wx/frame.h>
 #include <wx/timer.h>
 
+#include <algorithm>
+#include <cctype>
 #include <utility>
 
 #include "view/icons.h"
+#include "view/painters/themed_button.h"
 #include "view/text.h"
 
 namespace tidvane::view {
@@ -21,7 +24,8 @@ public:
         wxTopLevelWindow* native = window_.native_;
         const forms::Form& form = window_.form_;
         native->SetTitle(toNative(form.Caption.get()));
-        if (!window_.finished_) return;
+        // While the window is being noted the form is half of what it was and half of what it will be.
+        if (!window_.finished_ || window_.noting_) return;
         const bool small = form.State == forms::WindowState::Minimized;
         if (native->IsIconized() != small) native->Iconize(small);
         if (small) return;
@@ -89,6 +93,14 @@ private:
     forms::Timer& timer_;
     wxTimer clock_;
 };
+
+// Whether a caption says anything when it is read out: "..." and ">" do not.
+bool isWord(const std::string& caption) {
+    return std::any_of(caption.begin(), caption.end(), [](char sign) {
+        const auto byte = static_cast<unsigned char>(sign);
+        return byte >= 0x80 || std::isalnum(byte) != 0;
+    });
+}
 
 // What the widgets of a window that is going away still hear must not reach the controls of a form that is gone.
 void deafen(wxWindow* window) {
@@ -175,6 +187,7 @@ void FormWindow::bindTimer(forms::Timer& timer) {
 
 wxWindow* FormWindow::adopt(forms::Control& control, wxWindow* widget, const forms::Control* label) {
     widgets_[&control] = widget;
+    made_.emplace_back(&control, widget);
     widget->SetName(control.Index ? control.Name + "(" + std::to_string(*control.Index) + ")" : control.Name);
     whenever(control, [this, &control, widget, label] {
         if (widget->IsThisEnabled() != control.Enabled.get()) widget->Enable(control.Enabled);
@@ -192,7 +205,8 @@ wxWindow* FormWindow::adopt(forms::Control& control, wxWindow* widget, const for
         }
         const std::string& caption =
             control.Caption.get().empty() && label != nullptr ? label->Caption.get() : control.Caption.get();
-        nameForReaders(widget, caption.empty() ? control.ToolTipText.get() : caption);
+        const std::string& tipText = control.ToolTipText.get();
+        nameForReaders(widget, isWord(caption) || tipText.empty() ? caption : tipText);
     });
     return widget;
 }
@@ -263,6 +277,7 @@ void FormWindow::noteRectangle() {
         const wxPoint place = native_->GetPosition();
         // The size inside the window manager's frame: what is stored is what comes back.
         const wxSize size = native_->GetClientSize();
+        noting_ = true;
         form.Left = toTwips(place.x, native_);
         form.Top = toTwips(place.y, native_);
         form.Width = toTwips(size.x, native_);
@@ -270,7 +285,42 @@ void FormWindow::noteRectangle() {
         for (const auto& binding : bindings_) {
             if (auto* rectangle = dynamic_cast<RectangleBinding*>(binding.get())) rectangle->remember();
         }
+        noting_ = false;
         if (onResize_) onResize_();
+    });
+}
+
+// Check boxes and native buttons are the toolkit's business once their captions are marked; the program's own buttons
+// are pressed here.
+void FormWindow::chooseMnemonics() {
+    std::vector<std::pair<const forms::Control*, wxWindow*>> pressed;
+    for (const auto& [control, widget] : made_) {
+        switch (control->kind) {
+            case forms::ControlKind::CheckBox:
+            case forms::ControlKind::OptionButton:
+            case forms::ControlKind::CommandButton:
+            case forms::ControlKind::ThemedButton:
+                pressed.emplace_back(control, widget);
+                break;
+            default:
+                break;
+        }
+    }
+    auto* frame = dynamic_cast<wxFrame*>(native_);
+    mnemonics_.choose(pressed, frame == nullptr ? nullptr : frame->GetMenuBar());
+    for (const auto& binding : bindings_) binding->touched();
+    view_.settle();
+    native_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        wxWindow* widget = event.AltDown() && !event.ControlDown() ? mnemonics_.widgetOf(event.GetKeyCode()) : nullptr;
+        auto* button = dynamic_cast<ThemedButton*>(widget);
+        if (button == nullptr) {
+            event.Skip();
+            return;
+        }
+        button->SetFocus();
+        wxCommandEvent press(wxEVT_BUTTON, button->GetId());
+        press.SetEventObject(button);
+        button->ProcessWindowEvent(press);
     });
 }
 
@@ -280,6 +330,7 @@ void FormWindow::finish() {
     }
     // Everything shows what it is before it is measured.
     view_.settle();
+    chooseMnemonics();
     // Measured inside the frame of the window manager, whose size nobody knows before the window is shown.
     wxSize least = native_->GetSizer()->CalcMin();
     least.IncTo({toPixels(style_.minWidth, native_), toPixels(style_.minHeight, native_)});

@@ -25,6 +25,7 @@
 #include "forms/simple_controls.h"
 #include "forms/text_box.h"
 #include "view/measures.h"
+#include "view/mnemonics.h"
 #include "view/view.h"
 
 class wxBookCtrlBase;
@@ -175,6 +176,10 @@ private:
         wxMenu* menu;
     };
     std::vector<BarMenu> barMenus_;
+    void chooseMnemonics();
+    Mnemonics mnemonics_;
+    std::vector<std::pair<const forms::Control*, wxWindow*>> made_;  // in the order of making
+    bool noting_ = false;  // the rectangle, value by value
     bool layoutPending_ = false;
     bool finished_ = false;
     bool modal_ = false;

@@ -27,9 +27,11 @@ namespace {
 
 constexpr unsigned kWindowText = 0x80000008u;
 
-void setLabel(wxWindow* widget, const std::string& caption) {
-    const wxString text = toNative(caption);
-    if (widget->GetLabel() != text) widget->SetLabel(text);
+// True: the label has changed.
+bool setLabel(wxWindow* widget, const wxString& caption) {
+    if (widget->GetLabel() == caption) return false;
+    widget->SetLabel(caption);
+    return true;
 }
 
 // Colours of the design are the toolkit's own; others are the program's word.
@@ -38,6 +40,11 @@ void setForeColour(wxWindow* widget, unsigned colour) {
     if (widget->GetForegroundColour() == wanted) return;
     widget->SetForegroundColour(wanted);
     widget->Refresh();
+}
+
+// Until a bold text is on the screen GTK measures it as a thin one, and its last word would be cut off.
+void roomForText(wxStaticText* widget) {
+    widget->SetMinSize({widget->GetTextExtent(widget->GetLabelText()).x + widget->FromDIP(2), -1});
 }
 
 // The tabs that are on offer, as pages of a native book. Pages of the others are kept aside.
@@ -125,8 +132,8 @@ wxWindow* FormWindow::check(wxWindow* parent, forms::CheckBox& box) {
         view_.act([widget, &box] { box.Value = widget->Get3StateValue() == wxCHK_CHECKED ? 1 : 0; });
     });
     adopt(box, widget);
-    whenever(box, [widget, &box] {
-        setLabel(widget, box.Caption);
+    whenever(box, [this, widget, &box] {
+        if (setLabel(widget, mnemonics_.marked(box))) layoutSoon();
         const wxCheckBoxState state = box.Value == 0   ? wxCHK_UNCHECKED
                                       : box.Value == 1 ? wxCHK_CHECKED
                                                        : wxCHK_UNDETERMINED;
@@ -147,8 +154,8 @@ wxWindow* FormWindow::option(wxWindow* parent, forms::OptionButton& button) {
     widget->Bind(wxEVT_RADIOBUTTON,
                  [this, &button](wxCommandEvent&) { view_.act([&button] { button.setValue(-1); }); });
     adopt(button, widget);
-    whenever(button, [widget, &button] {
-        setLabel(widget, button.Caption);
+    whenever(button, [this, widget, &button] {
+        if (setLabel(widget, mnemonics_.marked(button))) layoutSoon();
         if (button.selected() && !widget->GetValue()) widget->SetValue(true);
     });
     return widget;
@@ -239,7 +246,11 @@ wxStaticText* FormWindow::label(wxWindow* parent, forms::Label& label, int wrapA
         *shown = label.Caption;
         // A label is no place for mnemonics: a sign of the text stays what it is.
         widget->SetLabelText(linesToNative(label.Caption.get()));
-        if (wrapAt > 0) widget->Wrap(widget->FromDIP(wrapAt));
+        if (wrapAt > 0) {
+            widget->Wrap(widget->FromDIP(wrapAt));
+        } else {
+            roomForText(widget);
+        }
         layoutSoon();
     });
     return widget;
@@ -269,6 +280,7 @@ FormWindow::Section FormWindow::section(wxWindow* parent, forms::Frame& frame, b
         whenever(frame, [this, title, &frame] {
             if (title->GetLabelText() == toNative(frame.Caption.get())) return;
             title->SetLabelText(toNative(frame.Caption.get()));
+            roomForText(title);
             layoutSoon();
         });
     }
@@ -297,8 +309,8 @@ wxWindow* FormWindow::button(wxWindow* parent, controls::isButton& button, const
     auto* widget =
         new ThemedButton(parent, button, name, [this](const std::function<void()>& what) { view_.act(what); });
     adopt(button, widget);
-    whenever(button, [this, widget] {
-        if (widget->update()) layoutSoon();
+    whenever(button, [this, widget, &button] {
+        if (widget->update(mnemonics_.marked(button))) layoutSoon();
     });
     return widget;
 }
@@ -309,9 +321,7 @@ wxWindow* FormWindow::button(wxWindow* parent, forms::CommandButton& button, con
     pressed(*this, widget, button);
     adopt(button, widget);
     whenever(button, [this, widget, &button] {
-        if (widget->GetLabel() == toNative(button.Caption.get())) return;
-        setLabel(widget, button.Caption);
-        layoutSoon();
+        if (setLabel(widget, mnemonics_.marked(button))) layoutSoon();
     });
     return widget;
 }
@@ -323,7 +333,7 @@ wxWindow* FormWindow::button(wxWindow* parent, forms::Menu& entry, const std::st
     adopt(entry, widget);
     whenever(entry, [this, widget, &entry] {
         if (widget->GetLabel() == toNative(entry.Caption.get())) return;
-        setLabel(widget, entry.Caption);
+        setLabel(widget, toNative(entry.Caption.get()));
         layoutSoon();
     });
     return widget;

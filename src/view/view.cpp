@@ -129,7 +129,7 @@ void View::settle() {
 }
 
 void View::breathe() {
-    if (breathing_ || pulling_) return;
+    if (breathing_ || pulling_ || still_ > 0) return;
     const Clock::time_point now = Clock::now();
     if (now - lastPaint_ < kFrame) return;
     const Raised raised(breathing_);

@@ -66,6 +66,18 @@ public:
     // Lets events in, all of them.
     void letEventsIn();
 
+    // While one of these lives nothing is painted between: for a window that is being made.
+    class Still {
+    public:
+        explicit Still(View& view) : view_(view) { ++view_.still_; }
+        ~Still() { --view_.still_; }
+        Still(const Still&) = delete;
+        Still& operator=(const Still&) = delete;
+
+    private:
+        View& view_;
+    };
+
     // A window's bindings are known from here on; they are forgotten by themselves when the window goes.
     void add(const std::shared_ptr<Binding>& binding);
     void mark(Binding& binding);
@@ -98,6 +110,7 @@ private:
     std::vector<Poll> polls_;
     std::vector<std::function<void()>> relayouts_;
     int depth_ = 0;
+    int still_ = 0;
     bool pulling_ = false;
     bool breathing_ = false;
     bool changed_ = false;

@@ -5,13 +5,13 @@
 #include <wx/dirdlg.h>
 #include <wx/filedlg.h>
 #include <wx/fontdlg.h>
-#include <wx/msgdlg.h>
 #include <wx/utils.h>
 
 #include <utility>
 
 #include "view/binding/bindings.h"
 #include "view/layouts.h"
+#include "view/message_box.h"
 #include "view/sounds.h"
 #include "view/text.h"
 
@@ -41,6 +41,7 @@ FormWindow* WxDisplay::windowOf(forms::Form& form) {
     if (found != open_.end()) return found->second.get();
     const WindowLayout* layout = layoutOf(form.Name);
     if (layout == nullptr) return nullptr;
+    const View::Still still(view_);
     wxWindow* owner = layout->style.frame || layout->style.bare ? nullptr : topWindow();
     auto made = std::make_unique<FormWindow>(view_, form, layout->style, owner);
     FormWindow* window = made.get();
@@ -99,36 +100,8 @@ void WxDisplay::SetFocus(forms::Form& form, const std::string& control) {
 }
 
 int WxDisplay::MsgBox(const std::string& text, int style, const std::string& title) {
-    namespace msgbox = forms::msgbox;
-    constexpr int kButtons = 0x0F;
-    constexpr int kIcons = 0xF0;
-    const bool question = (style & kButtons) == msgbox::YesNo;
-    long look = question ? wxYES_NO : wxOK;
-    if (question && (style & msgbox::DefaultButton2) != 0) look |= wxNO_DEFAULT;
-    switch (style & kIcons) {
-        case msgbox::Critical:
-            look |= wxICON_ERROR;
-            break;
-        case msgbox::Question:
-            look |= wxICON_QUESTION;
-            break;
-        case msgbox::Exclamation:
-            look |= wxICON_WARNING;
-            break;
-        default:
-            look |= wxICON_INFORMATION;
-    }
     view_.settle();
-    wxMessageDialog box(topWindow(), linesToNative(text), toNative(title), look);
-    switch (box.ShowModal()) {
-        case wxID_YES:
-            return msgbox::Yes;
-        case wxID_NO:
-        case wxID_CANCEL:
-            return question ? msgbox::No : msgbox::Ok;
-        default:
-            return msgbox::Ok;
-    }
+    return showMessageBox(topWindow(), text, style, title);
 }
 
 std::string WxDisplay::askFile(const forms::FileQuestion& question) {

@@ -2,12 +2,13 @@
 
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
-#include <wx/renderer.h>
-#include <wx/richtooltip.h>
+#include <wx/eventfilter.h>
 #include <wx/settings.h>
 #include <wx/toplevel.h>
 
 #include <algorithm>
+#include <memory>
+#include <set>
 #include <utility>
 
 #include "view/binding/bindings.h"
@@ -25,6 +26,32 @@ constexpr int kIconOnly = 34;
 using controls::ButtonLook;
 using controls::ButtonState;
 
+// Letters are underlined while Alt is held, as the toolkit does it for its own widgets.
+class AltWatch final : public wxEventFilter {
+public:
+    AltWatch() { wxEvtHandler::AddFilter(this); }
+    ~AltWatch() override { wxEvtHandler::RemoveFilter(this); }
+    void add(wxWindow* button) { buttons_.insert(button); }
+    void remove(wxWindow* button) { buttons_.erase(button); }
+    int FilterEvent(wxEvent& event) override {
+        const wxEventType type = event.GetEventType();
+        if (type != wxEVT_CHAR_HOOK && type != wxEVT_KEY_DOWN && type != wxEVT_KEY_UP) return Event_Skip;
+        if (static_cast<wxKeyEvent&>(event).GetKeyCode() != WXK_ALT) return Event_Skip;
+        for (wxWindow* button : buttons_) {
+            if (button->IsShownOnScreen()) button->Refresh();
+        }
+        return Event_Skip;
+    }
+
+private:
+    std::set<wxWindow*> buttons_;
+};
+
+AltWatch& altWatch() {
+    static AltWatch watch;
+    return watch;
+}
+
 }  // namespace
 
 ThemedButton::ThemedButton(wxWindow* parent, controls::isButton& button, std::string iconName, Act act)
@@ -36,7 +63,12 @@ ThemedButton::ThemedButton(wxWindow* parent, controls::isButton& button, std::st
     Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { act_([this] { button_.press(); }); });
     bindMouse();
     bindKeys();
-    update();
+    update(toNative(button_.Caption.get()));
+    altWatch().add(this);
+}
+
+ThemedButton::~ThemedButton() {
+    altWatch().remove(this);
 }
 
 void ThemedButton::bindMouse() {
@@ -112,12 +144,12 @@ bool ThemedButton::isDefault() const {
     return top != nullptr && top->GetDefaultItem() == this;
 }
 
-bool ThemedButton::update() {
+bool ThemedButton::update(const wxString& label) {
+    label_ = label;
     showTip();
     Refresh();
     if (caption() == measured_) return false;
     measured_ = caption();
-    SetLabel(toNative(button_.Caption.get()));
     InvalidateBestSize();
     return true;
 }
@@ -153,22 +185,32 @@ void ThemedButton::paint() {
     }
     paintIcon(dc);
     const controls::ButtonPlaces places = button_.places(toLogical(box.GetSize(), this), captionSize());
-    if (!caption().empty()) {
-        wxRect line = toWindow(places.caption, this);
-        dc.SetFont(GetFont());
-        const unsigned wish = button_.captionColour();
-        constexpr unsigned kDesignedText = 0x80000012u;
-        wxColour colour = wish == kDesignedText ? wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT) : toColour(wish);
-        if (!IsEnabled()) colour = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
-        dc.SetTextForeground(colour);
-        // The measured box is rounded; the text stands in its middle.
-        const wxSize text = dc.GetTextExtent(caption());
-        dc.DrawText(caption(), line.x + (line.width - text.x) / 2, line.y + (line.height - text.y) / 2);
-    }
+    if (!caption().empty()) paintCaption(dc, places.caption);
     if (HasFocus() && button_.showsFocus()) {
         const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
         if (context) focusRing(*context, box, FromDIP(5));
     }
+}
+
+void ThemedButton::paintCaption(wxDC& dc, const controls::Rect& place) {
+    const wxRect line = toWindow(place, this);
+    dc.SetFont(GetFont());
+    const unsigned wish = button_.captionColour();
+    constexpr unsigned kDesignedText = 0x80000012u;
+    wxColour colour = wish == kDesignedText ? wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT) : toColour(wish);
+    if (!IsEnabled()) colour = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
+    dc.SetTextForeground(colour);
+    // The measured box is rounded; the text stands in its middle.
+    const wxString words = caption();
+    const wxSize text = dc.GetTextExtent(words);
+    const wxPoint at(line.x + (line.width - text.x) / 2, line.y + (line.height - text.y) / 2);
+    dc.DrawText(words, at);
+    const int letter = FindAccelIndex(label_);
+    if (letter == wxNOT_FOUND || !wxGetKeyState(WXK_ALT)) return;
+    const int from = dc.GetTextExtent(words.substr(0, static_cast<std::size_t>(letter))).x;
+    const int to = dc.GetTextExtent(words.substr(0, static_cast<std::size_t>(letter) + 1)).x;
+    dc.SetPen(wxPen(colour));
+    dc.DrawLine(at.x + from, at.y + text.y - 1, at.x + to, at.y + text.y - 1);
 }
 
 void ThemedButton::paintBody(wxDC& dc, wxGraphicsContext& context, const wxRect& box) {

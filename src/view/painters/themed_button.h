@@ -17,8 +17,10 @@ namespace tidvane::view {
 class ThemedButton final : public wxControl {
 public:
     ThemedButton(wxWindow* parent, controls::isButton& button, std::string iconName, Act act);
-    // The button becomes what the model is. True: its best size may have changed.
-    bool update();
+    ~ThemedButton() override;
+    // The button becomes what the model is, with the letter that is marked in `label`, its caption. True: its best size
+    // may have changed.
+    bool update(const wxString& label);
 
 protected:
     wxSize DoGetBestClientSize() const override;
@@ -29,6 +31,7 @@ private:
     void paint();
     void paintBody(wxDC& dc, wxGraphicsContext& context, const wxRect& box);
     void paintIcon(wxDC& dc);
+    void paintCaption(wxDC& dc, const controls::Rect& place);
     void showTip();
     [[nodiscard]] controls::Size captionSize() const;
     [[nodiscard]] wxString caption() const;
@@ -37,6 +40,7 @@ private:
     controls::isButton& button_;
     const std::string iconName_;
     const Act act_;
+    wxString label_;  // with its letter marked
     wxString measured_;
 };
 
