@@ -67,6 +67,12 @@ void assign(forms::Control& control, const CaptionRow& row, const std::string& t
     }
 }
 
+template <class What>
+void eachRow(What what) {
+    for (const CaptionRow& row : kCaptionRows) what(row);
+    for (const CaptionRow& row : kFurtherCaptionRows) what(row);
+}
+
 }  // namespace
 
 std::span<const CaptionRow> captionRows() {
@@ -74,20 +80,20 @@ std::span<const CaptionRow> captionRows() {
 }
 
 void ApplyLanguage(Program& program) {
-    for (const CaptionRow& row : kCaptionRows) {
+    eachRow([&program](const CaptionRow& row) {
         // A window whose load handler is running is found as it is. The options window loads the files again in its own
         // handler and so comes here a second time, inside the first: both passes run whole.
         forms::Form* form = program.windows.get(row.window);
-        if (form == nullptr) continue;
+        if (form == nullptr) return;
         if (forms::Control* control = form->control(row.control)) assign(*control, row, program.LangText(row.text));
-    }
+    });
 }
 
 void captionWindow(const Program& program, forms::Form& form) {
-    for (const CaptionRow& row : kCaptionRows) {
-        if (form.Name != row.window) continue;
+    eachRow([&](const CaptionRow& row) {
+        if (form.Name != row.window) return;
         if (forms::Control* control = form.control(row.control)) assign(*control, row, program.LangText(row.text));
-    }
+    });
 }
 
 int LoadLanguageFile(Program& program, const std::string& path) {

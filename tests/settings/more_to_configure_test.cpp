@@ -268,5 +268,23 @@ TEST_F(MoreToConfigure, CaptionsComeFromTheTable) {
     EXPECT_EQ(window().cboCommunityMenu.rows(), (std::vector<std::string>{"Like", "Homepage", "Community", ""}));
 }
 
+TEST_F(MoreToConfigure, TheNamesOfTheThreeColoursStandBesideTheirBoxes) {
+    auto& form = window();
+    for (const char* theme : {"Custom", "Blue", "Custom"}) {
+        form.cboTheme.setText(theme);
+        for (const forms::Label* label : {&form.lblThemeR, &form.lblThemeG, &form.lblThemeB}) {
+            EXPECT_EQ(label->Visible, form.CustomThemeR.Visible) << label->Name << " " << theme;
+        }
+    }
+    EXPECT_TRUE(form.lblThemeR.Visible);
+}
+
+TEST_F(MoreToConfigure, ItsBoxesHaveWordsBesideThem) {
+    program.LangText.set(860, "Colours:");
+    program.LangText.set(352, "Browse");
+    EXPECT_EQ(window().lblTheme.Caption.get(), "Colours:");
+    EXPECT_EQ(window().cmdCustomApp.Caption.get(), "Browse");
+}
+
 }  // namespace
 }  // namespace tidvane::tests

@@ -439,5 +439,16 @@ TEST_F(SmallWindow, TheTranslatorsPageFillsInTwoTicks) {
     EXPECT_FALSE(form.Timer2.Enabled);
 }
 
+TEST_F(SmallWindow, AStartPageThatIsOpenedAgainHasItsWordsAgain) {
+    program.LangText.set(177, "Rate it");
+    program.LangText.set(870, "To:");
+    auto* first = &program.get<frmStarter>();
+    EXPECT_EQ(first->lblRateTidvane.Caption.get(), "Rate it");
+    EXPECT_EQ(first->lblBackUpFolder.Caption.get(), "To:");
+    program.windows.unload(*first);
+    EXPECT_EQ(program.get<frmStarter>().lblRateTidvane.Caption.get(), "Rate it");
+    EXPECT_EQ(program.get<frmStarter>().lblBackUpFolder.Caption.get(), "To:");
+}
+
 }  // namespace
 }  // namespace tidvane::tests
