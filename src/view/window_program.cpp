@@ -5,6 +5,7 @@
 #include "app/all_windows.h"
 #include "app/frmMain.h"
 #include "base/text.h"
+#include "settings/frmStarter.h"
 #include "view/tray/model_tray.h"
 
 namespace tidvane::view {
@@ -82,7 +83,11 @@ bool WindowProgram::start() {
     view_.act([this] {
         auto& main = program_.get<app::frmMain>();
         if (program_.ended() || main.secondInstance()) return;
-        if (!display_.wasHidden(main)) display_.Show(main, nullptr, false);
+        if (display_.wasHidden(main)) return;
+        display_.Show(main, nullptr, false);
+        // The start page of a first start stands in front of it, and has the keyboard.
+        FormWindow* starter = display_.ifOpen(settings::frmStarter::kName);
+        if (starter != nullptr && starter->isShown()) starter->show(true);
     });
     return !program_.ended();
 }
