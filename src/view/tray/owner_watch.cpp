@@ -32,10 +32,15 @@ OwnerWatch::OwnerWatch(std::function<void()> onGone) : onGone_(std::move(onGone)
     const Atom selection = gdk_x11_get_xatom_by_name_for_display(display, "_NET_SYSTEM_TRAY_S0");
     const Window owner = XGetSelectionOwner(gdk_x11_display_get_xdisplay(display), selection);
     if (owner == None) return;
+    // It may go at any moment; unwatched, the error would end the program.
+    gdk_x11_display_error_trap_push(display);
     owner_ = gdk_x11_window_foreign_new_for_display(display, owner);
-    if (owner_ == nullptr) return;
-    gdk_window_set_events(owner_, GDK_STRUCTURE_MASK);
-    gdk_window_add_filter(owner_, onEvent, this);
+    if (owner_ != nullptr) {
+        // What the toolkit itself listens to on that window stays.
+        gdk_window_set_events(owner_, static_cast<GdkEventMask>(gdk_window_get_events(owner_) | GDK_STRUCTURE_MASK));
+        gdk_window_add_filter(owner_, onEvent, this);
+    }
+    if (gdk_x11_display_error_trap_pop(display) != 0) ownerGone();
 }
 
 OwnerWatch::~OwnerWatch() {
