@@ -1,7 +1,10 @@
 // Shows one window of the program and stays: for looking at it, and for pictures of it.
-//   show_window MACHINE PROGRAM-FOLDER FORM [TAB-CONTROL=TAB]...
+//   show_window MACHINE PROGRAM-FOLDER FORM [run] [COMMAND] [TAB-CONTROL=TAB]...
+// "run": the machine is cleaned first. COMMAND: an entry of a menu of the main window, which is chosen before the form
+// is shown. Prints "shown" once everything stands there.
 #include <wx/app.h>
 
+#include <iostream>
 #include <memory>
 #include <string>
 
@@ -22,7 +25,10 @@ public:
         if (argc < 4) return false;
         const auto word = [this](int at) { return tidvane::view::fromNative(argv[at]); };
         std::string error;
-        auto opened = machine::Machine::open(word(1), machine::Machine::Access::Read, error);
+        bool run = false;
+        for (int at = 4; at < argc; ++at) run = run || word(at) == "run";
+        auto opened = machine::Machine::open(
+            word(1), run ? machine::Machine::Access::Write : machine::Machine::Access::Read, error);
         if (opened == nullptr ||
             !tidvane::frontend::fillProgramFolder(word(2), tidvane::frontend::deliveredData(), error)) {
             wxLogError("%s", tidvane::view::toNative(error));
@@ -41,23 +47,14 @@ public:
                 ExitMainLoop();
                 return;
             }
+            for (int at = 4; at < argc; ++at) before(word(at));
             program_->view().act([this, &form, &word] {
                 tidvane::forms::Form* shown = program_->program().windows.get(form);
                 if (shown == nullptr) return;
                 if (form != "frmMain") program_->display().Show(*shown, nullptr, false);
-                for (int at = 4; at < argc; ++at) {
-                    const std::string choice = word(at);
-                    const std::size_t equals = choice.find('=');
-                    auto* strip = dynamic_cast<tidvane::forms::TabStrip*>(shown->control(choice.substr(0, equals)));
-                    if (strip == nullptr) continue;
-                    const int tab = std::stoi(choice.substr(equals + 1));
-                    if (form == "frmMain") {
-                        strip->offerOnly(tab);
-                    } else {
-                        strip->Tab = tab;
-                    }
-                }
+                for (int at = 4; at < argc; ++at) turnPage(*shown, word(at));
             });
+            CallAfter([] { std::cout << "shown" << std::endl; });
         });
         SetExitOnFrameDelete(false);
         return true;
@@ -68,6 +65,30 @@ public:
     }
 
 private:
+    // What is done in the main window before the form is shown.
+    void before(const std::string& word) {
+        auto& main = program_->program().get<tidvane::app::frmMain>();
+        if (word == "run") {
+            program_->view().act([&main] { main.cmdClean.press(); });
+        } else if (auto* entry = dynamic_cast<tidvane::forms::Menu*>(main.control(word))) {
+            program_->view().act([&main, entry] {
+                if (main.LstPlugs.ListCount() > 0) main.LstPlugs.setListIndex(0);
+                entry->Click();
+            });
+        }
+    }
+    static void turnPage(tidvane::forms::Form& form, const std::string& choice) {
+        const std::size_t equals = choice.find('=');
+        auto* strip = dynamic_cast<tidvane::forms::TabStrip*>(form.control(choice.substr(0, equals)));
+        if (strip == nullptr || equals == std::string::npos) return;
+        const int tab = std::stoi(choice.substr(equals + 1));
+        if (form.Name == "frmMain") {
+            strip->offerOnly(tab);
+        } else {
+            strip->Tab = tab;
+        }
+    }
+
     std::unique_ptr<machine::MachinePlatform> platform_;
     std::unique_ptr<tidvane::view::WindowProgram> program_;
 };

@@ -1,0 +1,170 @@
+// A person at the desktop: the real program with its windows, driven by keys and clicks, read by a screen reader.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <thread>
+
+#include "view/drive/gui_run.h"
+#include "view/x_tray.h"
+
+namespace tidvane::tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kMain = "^Tidvane";
+constexpr const char* kOptions = "^Options";
+constexpr const char* kTask = "Temporary folder of the user";
+constexpr const char* kLog = "Log";
+constexpr const char* kClean = "Clean";
+constexpr const char* kStop = "Stop";
+
+void pause(int milliseconds) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+class Drive : public testing::Test {
+protected:
+    // Without pauses between the lines of a log.
+    Drive() { gui.set({"txtPurgeSpeed=0"}); }
+
+    void fillTemp(int files) const {
+        for (int file = 0; file < files; ++file) {
+            gui.places().putMachineFile(std::string(kUserTemp) + "/trace" + std::to_string(file) + ".tmp", "x");
+        }
+    }
+    [[nodiscard]] int filesInTemp() const {
+        int count = 0;
+        for (const auto& entry : fs::directory_iterator(gui.places().drive() + kUserTemp)) {
+            count += entry.is_regular_file() ? 1 : 0;
+        }
+        return count;
+    }
+    void leave() {
+        gui.inWindow(kMain);
+        gui.key({"ctrl+q"});
+        EXPECT_EQ(gui.waitForEnd(), 0);
+    }
+
+    GuiRun gui;
+};
+
+TEST_F(Drive, aPersonTicksATaskRunsItReadsTheLogAndLeaves) {
+    fillTemp(3);
+    gui.start();
+    gui.key({"ctrl+t"});
+    gui.inWindow(kOptions);
+    gui.reader().focus(kTask);
+    ASSERT_FALSE(gui.reader().isTicked(kTask));
+    gui.key({"space"});
+    ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.reader().isTicked(kTask); }));
+    gui.key({"Return"});
+    ASSERT_TRUE(gui.waitForNoWindow(kOptions));
+    ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.setting("chkUserTemp") == "1"; }));
+
+    gui.inWindow(kMain);
+    gui.click(kClean);
+    ASSERT_TRUE(GuiRun::waitUntil([this] { return filesInTemp() == 0; }));
+    ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.reader().isEnabled(kClean); })) << "the run ends";
+    const std::string log = gui.reader().textOf(kLog);
+    EXPECT_NE(log.find("trace0.tmp"), std::string::npos) << log;
+    leave();
+}
+
+TEST_F(Drive, cancelledOptionsLeaveTheTaskUnticked) {
+    gui.start();
+    gui.key({"ctrl+t"});
+    gui.inWindow(kOptions);
+    gui.reader().focus(kTask);
+    gui.key({"space"});
+    ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.reader().isTicked(kTask); }));
+    gui.key({"Escape"});
+    ASSERT_TRUE(gui.waitForNoWindow(kOptions));
+    gui.inWindow(kMain);
+    gui.key({"ctrl+t"});
+    gui.inWindow(kOptions);
+    EXPECT_FALSE(gui.reader().isTicked(kTask));
+    gui.key({"Escape"});
+    leave();
+}
+
+TEST_F(Drive, aStopInTheMiddleOfASweepIsHeardAndTheRestStays) {
+    constexpr int kFiles = 3000;
+    fillTemp(kFiles);
+    gui.set({"chkUserTemp=1", "txtPurgeSpeed=10"});
+    gui.start();
+    gui.key({"F9"});
+    ASSERT_TRUE(GuiRun::waitUntil([this] { return filesInTemp() < kFiles; })) << "the sweep begins";
+    gui.click(kStop);
+    ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.reader().isEnabled(kClean); })) << "the run ends";
+    const int left = filesInTemp();
+    EXPECT_GT(left, 0) << "stopped in the middle";
+    EXPECT_LT(left, kFiles);
+    pause(500);
+    EXPECT_EQ(filesInTemp(), left) << "nothing goes behind the stop";
+    leave();
+}
+
+TEST_F(Drive, theCloseBoxPutsTheProgramIntoTheTrayAndADoubleClickBringsItBack) {
+    XTray tray;
+    gui.start();
+    gui.closeBox(kMain);
+    ASSERT_TRUE(gui.waitForNoWindow(kMain));
+    ASSERT_TRUE(GuiRun::waitUntil([&tray] { return tray.icons() == 1; }));
+    EXPECT_TRUE(gui.isRunning());
+    pause(300);
+    tray.doubleClick();
+    ASSERT_TRUE(gui.waitForWindow(kMain));
+    EXPECT_TRUE(GuiRun::waitUntil([&tray] { return tray.icons() == 0; })) << "the icon goes when the window comes";
+    leave();
+}
+
+TEST_F(Drive, whereThereIsNoTrayTheCloseBoxMinimises) {
+    gui.start();
+    gui.closeBox(kMain);
+    ASSERT_TRUE(gui.waitForNoWindow(kMain));
+    EXPECT_TRUE(gui.isRunning());
+    // The task bar still has it.
+    const std::string window = gui.xdotool({"search", "--name", kMain});
+    gui.xdotool({"windowactivate", window.substr(window.rfind('\n') + 1)});
+    EXPECT_TRUE(gui.waitForWindow(kMain));
+    leave();
+}
+
+TEST_F(Drive, aRestartFindsWindowColumnsAndTicksAsTheyWereLeft) {
+    gui.start();
+    gui.key({"ctrl+t"});
+    gui.inWindow(kOptions);
+    gui.reader().focus(kTask);
+    gui.key({"space"});
+    gui.key({"Return"});
+    ASSERT_TRUE(gui.waitForNoWindow(kOptions));
+    gui.inWindow(kMain);
+    gui.xdotool({"windowsize", gui.window(kMain), "1100", "700"});
+    gui.xdotool({"windowmove", gui.window(kMain), "160", "120"});
+    pause(500);
+    const Reader::Place title = gui.reader().columnTitle(0);
+    gui.drag(title.x + title.width - 1, title.y + title.height / 2, title.x + title.width + 59,
+             title.y + title.height / 2);
+    pause(300);
+    const int column = gui.reader().columnTitle(0).width;
+    EXPECT_NEAR(column, title.width + 60, 4) << "the column was drawn wider";
+    const std::vector<int> place = gui.placeOf(kMain);
+    leave();
+
+    gui.start();
+    pause(500);
+    const std::vector<int> again = gui.placeOf(kMain);
+    for (std::size_t at = 0; at < place.size(); ++at) {
+        EXPECT_NEAR(again[at], place[at], 2) << "of x, y, width, height the " << at;
+    }
+    EXPECT_NEAR(gui.reader().columnTitle(0).width, column, 2);
+    gui.key({"ctrl+t"});
+    gui.inWindow(kOptions);
+    EXPECT_TRUE(gui.reader().isTicked(kTask));
+    gui.key({"Escape"});
+    leave();
+}
+
+}  // namespace
+}  // namespace tidvane::tests
