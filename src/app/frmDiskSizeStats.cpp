@@ -11,8 +11,8 @@ namespace tidvane::app {
 namespace {
 constexpr const char* kSection = "WindowStateDiskSize";
 constexpr int kLogHeight = 3600;  // twips that the window grows by when the log is shown
-constexpr unsigned kLinkColour = 0x00FF0000u;
-constexpr unsigned kHoverColour = 0x000000FFu;
+constexpr unsigned kLinkColour = 0x00C8661Bu;  // blue, green, red
+constexpr unsigned kHoverColour = 0x00A0890Fu;
 }  // namespace
 
 frmDiskSizeStats::frmDiskSizeStats(settings::Program& program) : forms::Form(kName), program_(program) {

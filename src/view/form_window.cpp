@@ -221,6 +221,15 @@ void FormWindow::layoutSoon() {
             const wxSize least = native_->GetSizer()->CalcMin();
             native_->SetMinClientSize(least);
             native_->SetClientSize(least);
+        } else if (!native_->IsMaximized()) {
+            // What has grown is not cut, and what has gone needs no room.
+            wxSize least = native_->GetSizer()->CalcMin();
+            least.IncTo({toPixels(style_.minWidth, native_), toPixels(style_.minHeight, native_)});
+            native_->SetMinClientSize(least);
+            wxSize size = native_->GetClientSize();
+            if (style_.keepsModelSize) size = {toPixels(form_.Width, native_), toPixels(form_.Height, native_)};
+            size.IncTo(least);
+            if (size != native_->GetClientSize()) native_->SetClientSize(size);
         }
         // A hidden page is laid out when it shows; all levels between have to place their children anew.
         for (const auto& [control, widget] : widgets_) {

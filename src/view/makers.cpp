@@ -34,9 +34,24 @@ bool setLabel(wxWindow* widget, const wxString& caption) {
     return true;
 }
 
+// The program's colours were chosen for light windows: on a dark one they become lighter until they can be read.
+wxColour readableOn(const wxColour& colour, const wxColour& ground) {
+    constexpr double kFarEnough = 0.45;  // of the way from black to white
+    constexpr int kStep = 10;            // in hundredths
+    constexpr int kWhite = 200;
+    if (ground.GetLuminance() > 0.5) return colour;
+    wxColour made = colour;
+    for (int lightness = 100 + kStep; lightness <= kWhite; lightness += kStep) {
+        if (made.GetLuminance() - ground.GetLuminance() >= kFarEnough) break;
+        made = colour.ChangeLightness(lightness);
+    }
+    return made;
+}
+
 // Colours of the design are the toolkit's own; others are the program's word.
 void setForeColour(wxWindow* widget, unsigned colour) {
-    const wxColour wanted = colour == kWindowText ? wxNullColour : toColour(colour);
+    const wxColour wanted =
+        colour == kWindowText ? wxNullColour : readableOn(toColour(colour), widget->GetParent()->GetBackgroundColour());
     if (widget->GetForegroundColour() == wanted) return;
     widget->SetForegroundColour(wanted);
     widget->Refresh();
@@ -261,6 +276,7 @@ wxWindow* FormWindow::link(wxWindow* parent, forms::Label& label) {
     widget->Bind(wxEVT_BUTTON, [this, &label](wxCommandEvent&) { view_.act([&label] { label.Click(); }); });
     adopt(label, widget);
     whenever(label, [this, widget, &label] {
+        setForeColour(widget, label.ForeColor);
         if (widget->GetLabel() == toNative(label.Caption.get())) return;
         widget->SetLabel(toNative(label.Caption.get()));
         layoutSoon();

@@ -8,8 +8,9 @@
 namespace tidvane::view {
 
 namespace {
-constexpr double kGainSize = 1.3;  // of the usual letters
-}
+constexpr double kGainSize = 1.25;  // of the usual letters
+constexpr int kLogShare = 1000;     // of the room that is left: all of it, while the log is shown
+}  // namespace
 
 void layoutFrmDiskSizeStats(FormWindow& window) {
     auto& form = static_cast<app::frmDiskSizeStats&>(window.form());
@@ -49,7 +50,7 @@ void layoutFrmDiskSizeStats(FormWindow& window) {
     auto* pictures = column(body, {cell(gained), cell(clean)}, 0);
     auto* content =
         column(body,
-               {cell(row(body, {cell(pictures), fill(grid)}, 2 * kGap)), fill(log), rest(),
+               {cell(row(body, {cell(pictures), fill(grid)}, 2 * kGap)), fill(log, kLogShare), rest(),
                 cell(row(body, {cell(mark), cell(community)})),
                 cell(row(body, {cell(leave), cell(background), gap(2 * kGap), rest(), cell(again), cell(ok)}))},
                2 * kGap);
@@ -71,6 +72,7 @@ void layoutFrmDiskSizeStats(FormWindow& window) {
     }
     window.onResize([&form] { form.resized(); });
     window.defaultButton(ok);
+    ok->SetFocus();
     window.onEscape([&form] { form.cmdOK.press(); });
 }
 

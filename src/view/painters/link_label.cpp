@@ -65,8 +65,9 @@ void LinkLabel::paint() {
     wxFont font = GetFont();
     font.SetUnderlined(hot_ || HasFocus());
     dc.SetFont(font);
-    const wxColour colour = !IsEnabled() ? wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT)
-                                         : wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT);
+    const wxColour colour = !IsEnabled()            ? wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT)
+                            : UseForegroundColour() ? GetForegroundColour()
+                                                    : wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT);
     dc.SetTextForeground(colour);
     dc.DrawText(GetLabelText(), FromDIP(2), FromDIP(2));
     if (HasFocus()) wxRendererNative::Get().DrawFocusRect(this, dc, GetClientRect());
