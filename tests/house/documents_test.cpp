@@ -45,6 +45,14 @@ bool isThere(const std::string& name) {
     return false;
 }
 
+// It is shown on the start page, with the line ends of Windows.
+TEST(Documents, TheDeliveredLicenseIsThatOfTheSources) {
+    std::string delivered = contentOf(kRoot / "data" / "License.txt");
+    ASSERT_NE(delivered.find("\r\n"), std::string::npos);
+    std::erase(delivered, '\r');
+    EXPECT_EQ(delivered, contentOf(kRoot / "LICENSE"));
+}
+
 TEST(Documents, NameFilesThatExist) {
     // Files that a run makes, or that others write.
     const std::set<std::string> kOfOthers{"td_log.txt"};
