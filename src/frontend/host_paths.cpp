@@ -48,6 +48,18 @@ HostPaths::HostPaths(const platform::machine::Machine& machine, const std::strin
 }
 
 std::string HostPaths::hostPathOf(const std::string& machinePath) const {
+    bool missing = false;
+    return find(machinePath, missing);
+}
+
+std::string HostPaths::hostFolderOf(const std::string& machinePath) const {
+    bool missing = false;
+    std::string host = find(machinePath, missing);
+    std::error_code problem;
+    return missing || !fs::is_directory(host, problem) ? std::string() : host;
+}
+
+std::string HostPaths::find(const std::string& machinePath, bool& missing) const {
     const auto place = std::find_if(places_.begin(), places_.end(), [&](const Place& known) {
         return isIn(machinePath, known.onMachine, '\\',
                     [](const std::string& a, const std::string& b) { return base::equalNoCase(a, b); });
@@ -61,7 +73,10 @@ std::string HostPaths::hostPathOf(const std::string& machinePath) const {
         at = end;
         if (name.empty()) continue;
         const fs::path entry = entryIn(host, name);
-        if (entry.empty()) break;
+        if (entry.empty()) {
+            missing = true;
+            break;
+        }
         host = entry;
     }
     return host.string();

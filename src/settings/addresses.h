@@ -6,6 +6,7 @@
 
 namespace tidvane::settings::address {
 
+inline constexpr const char* kHomepage = "https://tidvane.example/";
 inline constexpr const char* kApps = "https://tidvane.example/plugins";
 inline constexpr const char* kAddOns = "https://tidvane.example/addons";
 inline constexpr const char* kLanguages = "https://tidvane.example/languages";

@@ -35,6 +35,8 @@ frmStarter::frmStarter(settings::Program& program) : Form(kName), program_(progr
              &cmdBackUpFolderPath, &cmdBackUpSettings, &cmdOptimizeSettings, &cmdResetSettings}) {
         forms::designedOff(*control);
     }
+    lblHomepage.Click.connect([this] { open(address::kHomepage); });
+    lblTranslatorHomepage.Click.connect([this] { open(program_.LangText(997)); });
     Timer2.Tick.connect([this] { Timer2_Timer(); });
 }
 
@@ -66,6 +68,10 @@ void frmStarter::Form_Load() {
 
 void frmStarter::Form_Unload() {
     saveWindowNumbers(program_, kSection, rectangleOf(*this));
+}
+
+void frmStarter::open(const std::string& page) {
+    (void)program_.platform.shell.ShellExecuteA("open", page, "", "", 1);
 }
 
 void frmStarter::ShowLangLine(const std::string& text) {

@@ -97,6 +97,7 @@ public:
     forms::Timer Timer2{*this, "Timer2", 500, true};
 
 private:
+    void open(const std::string& page);
     void loadLicense();
     void Timer2_Timer();
 

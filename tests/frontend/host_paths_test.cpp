@@ -38,6 +38,13 @@ TEST_F(HostPathsTest, AMissingFolderLeadsToTheNearestAboveIt) {
     EXPECT_EQ(paths->hostPathOf("C:\\Users\\Anna\\gone\\deeper"), here / "m/drive_c/Users/Anna");
 }
 
+TEST_F(HostPathsTest, AFolderToShowHasToBeThere) {
+    EXPECT_EQ(paths->hostFolderOf("c:\\users\\anna"), here / "m/drive_c/Users/Anna");
+    EXPECT_EQ(paths->hostFolderOf("C:\\Users\\Anna\\gone"), "");
+    EXPECT_EQ(paths->hostFolderOf("C:\\Program Files\\Tidvane\\td_config.ini"), "") << "a file";
+    EXPECT_EQ(paths->hostFolderOf("https://tidvane.example"), "");
+}
+
 TEST_F(HostPathsTest, AnUnknownDriveLeadsNowhere) {
     EXPECT_EQ(paths->hostPathOf("Q:\\x"), "");
     EXPECT_EQ(paths->hostPathOf("Users"), "");

@@ -450,5 +450,15 @@ TEST_F(SmallWindow, AStartPageThatIsOpenedAgainHasItsWordsAgain) {
     EXPECT_EQ(program.get<frmStarter>().lblBackUpFolder.Caption.get(), "To:");
 }
 
+TEST_F(SmallWindow, TheTwoLinksOfTheStartPageOpenTheirPages) {
+    program.LangText.set(997, "https://translator.example");
+    auto& starter = program.get<frmStarter>();
+    starter.lblHomepage.Click();
+    starter.lblTranslatorHomepage.Click();
+    ASSERT_EQ(machine.shell.started.size(), 2U);
+    EXPECT_EQ(machine.shell.started[0].file, settings::address::kHomepage);
+    EXPECT_EQ(machine.shell.started[1].file, "https://translator.example");
+}
+
 }  // namespace
 }  // namespace tidvane::tests

@@ -6,7 +6,7 @@
 namespace tidvane::view {
 
 namespace {
-constexpr int kPathWidth = 460;  // device-independent pixels
+constexpr int kPathWidth = 540;  // device-independent pixels
 }  // namespace
 
 void layoutBrowserDirs(FormWindow& window) {
