@@ -2,8 +2,12 @@
 
 #include <wx/accel.h>
 #include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
 #include <wx/dialog.h>
 #include <wx/frame.h>
+#include <wx/radiobut.h>
+#include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #include <algorithm>
@@ -135,7 +139,7 @@ FormWindow::FormWindow(View& view, forms::Form& form, const WindowStyle& style, 
     native_->SetSizer(sizer);
     native_->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
         event.Veto();
-        if (onClose) view_.act(onClose);
+        if (onClose) view_.actSoon(alive_, onClose);
     });
 }
 
@@ -152,8 +156,7 @@ void FormWindow::destroy() {
     if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
     gone->Hide();
     deafen(gone);
-    // Handlers of its widgets may stand on the stack: the toolkit frees it when none does any more.
-    gone->Destroy();
+    view_.bury(gone);
 }
 
 void FormWindow::bind(forms::Control& control, const std::shared_ptr<Binding>& binding) {
@@ -185,11 +188,25 @@ void FormWindow::bindTimer(forms::Timer& timer) {
     }
 }
 
+// A widget that is switched off or goes must not keep the focus: no key would reach the window any more.
+void FormWindow::leaveFocus(wxWindow* widget) {
+    for (const wxWindow* at = wxWindow::FindFocus(); at != nullptr; at = at->GetParent()) {
+        if (at != widget) continue;
+        widget->Navigate();
+        // Nothing else takes it now; perhaps something will once all has changed.
+        native_->CallAfter([this, weak = std::weak_ptr<bool>(alive_)] {
+            if (!weak.expired() && native_ != nullptr) focusSomething();
+        });
+        return;
+    }
+}
+
 wxWindow* FormWindow::adopt(forms::Control& control, wxWindow* widget, const forms::Control* label) {
     widgets_[&control] = widget;
     made_.emplace_back(&control, widget);
     widget->SetName(control.Index ? control.Name + "(" + std::to_string(*control.Index) + ")" : control.Name);
     whenever(control, [this, &control, widget, label] {
+        if (!control.Enabled || !control.Visible) leaveFocus(widget);
         if (widget->IsThisEnabled() != control.Enabled.get()) widget->Enable(control.Enabled);
         if (widget->IsShown() != control.Visible.get()) {
             widget->Show(control.Visible);
@@ -254,6 +271,25 @@ void FormWindow::setFocus(const std::string& name) {
 void FormWindow::defaultButton(wxWindow* button) {
     if (auto* native = dynamic_cast<wxButton*>(button)) native->SetDefault();
     native_->SetDefaultItem(button);
+    button->Refresh();
+    // Enter presses it from everywhere but where Enter has a meaning of its own.
+    native_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+        wxWindow* usual = native_ == nullptr ? nullptr : native_->GetDefaultItem();
+        wxWindow* focus = wxWindow::FindFocus();
+        const auto* text = dynamic_cast<wxTextCtrl*>(focus);
+        const bool simple = dynamic_cast<wxCheckBox*>(focus) != nullptr ||
+                            dynamic_cast<wxRadioButton*>(focus) != nullptr ||
+                            dynamic_cast<wxChoice*>(focus) != nullptr || focus == nullptr || focus == body_;
+        if (!enter || event.HasAnyModifiers() || usual == nullptr || text != nullptr || !simple ||
+            !usual->IsEnabled() || !usual->IsShownOnScreen()) {
+            event.Skip();
+            return;
+        }
+        wxCommandEvent press(wxEVT_BUTTON, usual->GetId());
+        press.SetEventObject(usual);
+        usual->ProcessWindowEvent(press);
+    });
 }
 
 void FormWindow::onEscape(std::function<void()> what) {
@@ -377,15 +413,26 @@ void FormWindow::finish() {
     });
 }
 
+// A window that opens without a focus hears no key.
+void FormWindow::focusSomething() {
+    const wxWindow* focus = wxWindow::FindFocus();
+    for (const wxWindow* at = focus; at != nullptr; at = at->GetParent()) {
+        if (at == native_) return;
+    }
+    body_->SetFocus();
+}
+
 void FormWindow::show(bool visible) {
     if (native_ == nullptr) return;
     if (!visible) {
         auto* dialog = dynamic_cast<wxDialog*>(native_);
         if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
     }
+    if (visible) focusSomething();
     native_->Show(visible);
     if (visible) {
-        if (native_->IsIconized() && form_.State != forms::WindowState::Minimized) native_->Restore();
+        if (form_.State == forms::WindowState::Minimized) return;
+        if (native_->IsIconized()) native_->Restore();
         native_->Raise();
     }
 }
@@ -399,6 +446,7 @@ void FormWindow::showModal() {
     if (dialog->IsShown()) dialog->Hide();
     modal_ = true;
     view_.settle();
+    focusSomething();
     // The form may be unloaded, and this window with it, while the loop runs.
     const std::weak_ptr<bool> alive = alive_;
     dialog->ShowModal();

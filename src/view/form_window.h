@@ -133,8 +133,9 @@ public:
     void whenever(const forms::Signal<>& changed, std::function<void()> what);
     // Files and folders dropped on the widget from outside come as paths of the machine.
     void onFilesDropped(wxWindow* widget, std::function<void(const std::vector<std::string>&)> what);
-    // From a path of the host to one of the machine; set by the display. Empty: they are the same.
-    std::function<std::string(const std::string&)> machinePathOf;
+    // From paths of the host to those of the machine, without what lies outside of it; set by the display. Empty: they
+    // are the same.
+    std::function<std::vector<std::string>(const std::vector<std::string>&)> machinePathsOf;
     // The widget of a control that a maker has made; null for none.
     wxWindow* widgetOf(const forms::Control& control) const;
     void setFocus(const std::string& control);
@@ -177,9 +178,11 @@ private:
     };
     std::vector<BarMenu> barMenus_;
     void chooseMnemonics();
+    void focusSomething();
+    void leaveFocus(wxWindow* widget);
     Mnemonics mnemonics_;
     std::vector<std::pair<const forms::Control*, wxWindow*>> made_;  // in the order of making
-    bool noting_ = false;  // the rectangle, value by value
+    bool noting_ = false;                                            // the rectangle, value by value
     bool layoutPending_ = false;
     bool finished_ = false;
     bool modal_ = false;

@@ -365,7 +365,9 @@ wxWindow* FormWindow::pane(wxWindow* parent, controls::ExplorerBar& pane) {
 wxBookCtrlBase* FormWindow::tabs(wxWindow* parent, forms::TabStrip& strip, bool showTabs) {
     wxBookCtrlBase* book = nullptr;
     if (showTabs) {
-        book = new wxNotebook(parent, wxID_ANY);
+        // Born large: what is laid out in too small a book is complained about by GTK, and nobody sees it anyway.
+        book = new wxNotebook(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(600, 400)));
+        book->SetMinSize(wxDefaultSize);
     } else {
         book = new wxSimplebook(parent, wxID_ANY);
     }

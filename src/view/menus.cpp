@@ -1,6 +1,7 @@
 // Menus: their entries are controls of the model too.
 #include <wx/control.h>
 #include <wx/menu.h>
+#include <wx/utils.h>
 
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
@@ -128,7 +129,14 @@ void FormWindow::popUp(const std::string& name) {
     fillingPopup_ = true;
     found->second(&menu);
     fillingPopup_ = false;
-    native_->PopupMenu(&menu);
+    // By the menu key it comes up at what has the focus, wherever the pointer rests.
+    wxPoint place = wxDefaultPosition;
+    wxWindow* focus = wxWindow::FindFocus();
+    if (native_->IsShown() && focus != nullptr && wxGetTopLevelParent(focus) == native_ &&
+        !focus->GetScreenRect().Contains(wxGetMousePosition())) {
+        place = native_->ScreenToClient(focus->GetScreenPosition()) + native_->FromDIP(wxPoint(2 * kGap, 2 * kGap));
+    }
+    native_->PopupMenu(&menu, place);
 }
 
 }  // namespace tidvane::view

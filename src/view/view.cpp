@@ -4,6 +4,7 @@
 #include <wx/evtloop.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/runtime_error.h"
 #include "forms/simple_controls.h"
@@ -52,6 +53,18 @@ void View::act(const std::function<void()>& what) {
     --depth_;
     settle();
     wake();
+}
+
+void View::actSoon(std::weak_ptr<bool> alive, std::function<void()> what) {
+    if (!breathing_) return act(what);
+    soon_.emplace_back(std::move(alive), std::move(what));
+    wake();
+}
+
+void View::catchUp() {
+    for (const auto& [alive, what] : std::exchange(soon_, {})) {
+        if (!alive.expired()) act(what);
+    }
 }
 
 void View::add(const std::shared_ptr<Binding>& binding) {
@@ -117,6 +130,24 @@ bool View::firePolls() {
     return true;
 }
 
+void View::bury(wxWindow* window) {
+    buried_.push_back(window);
+    wake();
+}
+
+void View::beQuiet() {
+    for (wxWindow* window : std::exchange(buried_, {})) {
+        going_.emplace_back(window);
+        window->Destroy();
+    }
+    std::erase_if(going_, [](const wxWeakRef<wxWindow>& window) { return !window; });
+    if (!going_.empty()) {
+        wake();
+    } else if (whenQuiet) {
+        whenQuiet();
+    }
+}
+
 void View::settle() {
     if (pulling_ || breathing_) return;
     ++depth_;
@@ -125,7 +156,9 @@ void View::settle() {
         if (!firePolls()) break;
     }
     --depth_;
-    if (depth_ == 0 && whenQuiet) whenQuiet();
+    if (depth_ > 0) return;
+    if (soon_.empty()) return beQuiet();
+    catchUp();
 }
 
 void View::breathe() {
@@ -141,6 +174,7 @@ void View::breathe() {
 void View::letEventsIn() {
     const Clock::time_point now = Clock::now();
     if (now - lastEvents_ < kBetweenEvents || breathing_ || pulling_) return;
+    catchUp();
     settle();
     if (auto* loop = wxEventLoopBase::GetActive(); loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_ALL);
     settle();

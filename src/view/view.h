@@ -5,9 +5,16 @@
 // through `act`.
 #pragma once
 
+#include <type_traits>
+
+#include <wx/window.h>
+
+#include <wx/weakref.h>
+
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "view/notices.h"
@@ -54,6 +61,9 @@ public:
     // Runs a user's act. What runs while a widget is being set is none, and is dropped. An error that a handler lets
     // out ends that handler and nothing else.
     void act(const std::function<void()>& what);
+    // The same for what must not be lost when it comes while the windows are only painted: it then runs as soon as
+    // events get in.
+    void actSoon(std::weak_ptr<bool> alive, std::function<void()> what);
     // True while a handler of the program runs, whatever let it in.
     [[nodiscard]] bool busy() const { return depth_ > 0; }
     [[nodiscard]] bool pulling() const { return pulling_; }
@@ -89,7 +99,10 @@ public:
 
     // What the front end tells beside the log; the main window shows it.
     Notices notices;
-    // Called when nothing runs: what was unloaded may be freed.
+    // A native window goes: once nothing runs, for handlers of its widgets and loops of its own may stand on the stack.
+    void bury(wxWindow* window);
+
+    // Called when nothing runs and no buried window is left: what was unloaded may be freed.
     std::function<void()> whenQuiet;
     // An error that left a handler: its text.
     std::function<void(const std::string&)> onError;
@@ -102,13 +115,18 @@ private:
     };
 
     void pullMarked();
+    void catchUp();
+    void beQuiet();
     bool firePolls();
     void wake();
 
     std::vector<std::weak_ptr<Binding>> bindings_;
     std::vector<std::weak_ptr<Binding>> marked_;
     std::vector<Poll> polls_;
+    std::vector<std::pair<std::weak_ptr<bool>, std::function<void()>>> soon_;
     std::vector<std::function<void()>> relayouts_;
+    std::vector<wxWindow*> buried_;           // to be destroyed
+    std::vector<wxWeakRef<wxWindow>> going_;  // destroyed, but the toolkit still has them
     int depth_ = 0;
     int still_ = 0;
     bool pulling_ = false;

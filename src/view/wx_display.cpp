@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "view/binding/bindings.h"
+#include "view/chooser/words.h"
 #include "view/layouts.h"
 #include "view/message_box.h"
 #include "view/sounds.h"
@@ -28,28 +29,32 @@ FormWindow* WxDisplay::ifOpen(const std::string& name) const {
 }
 
 wxWindow* WxDisplay::topWindow() const {
-    wxWindow* active = wxGetActiveWindow();
-    if (active != nullptr) return active;
+    wxWindow* active = wxGetTopLevelParent(wxGetActiveWindow());
+    if (active != nullptr && active->IsShown()) return active;
     for (const auto& [form, window] : open_) {
         if (window->isShown()) return window->native();
     }
     return nullptr;
 }
 
-FormWindow* WxDisplay::windowOf(forms::Form& form) {
+FormWindow* WxDisplay::windowOf(forms::Form& form, const forms::Form* ownedBy) {
     const auto found = open_.find(&form);
     if (found != open_.end()) return found->second.get();
     const WindowLayout* layout = layoutOf(form.Name);
     if (layout == nullptr) return nullptr;
     const View::Still still(view_);
-    wxWindow* owner = layout->style.frame || layout->style.bare ? nullptr : topWindow();
+    wxWindow* owner = nullptr;
+    if (!layout->style.frame && !layout->style.bare) {
+        const auto above = ownedBy == nullptr ? open_.end() : open_.find(ownedBy);
+        owner = above != open_.end() && above->second->isShown() ? above->second->native() : topWindow();
+    }
     auto made = std::make_unique<FormWindow>(view_, form, layout->style, owner);
     FormWindow* window = made.get();
     open_[&form] = std::move(made);
     window->onClose = [this, &form] {
         if (windows_ != nullptr) windows_->unload(form, forms::UnloadMode::ControlMenu);
     };
-    window->machinePathOf = [this](const std::string& path) { return machinePathOf ? machinePathOf(path) : path; };
+    window->machinePathsOf = [this](const std::vector<std::string>& paths) { return droppedPlaces(paths); };
     layout->layout(*window);
     window->finish();
     applyTopmost(form, *window);
@@ -61,9 +66,9 @@ bool WxDisplay::wasHidden(const forms::Form& form) const {
     return found != hidden_.end() && found->second;
 }
 
-void WxDisplay::Show(forms::Form& form, forms::Form*, bool modal) {
+void WxDisplay::Show(forms::Form& form, forms::Form* owner, bool modal) {
     hidden_[&form] = false;
-    FormWindow* window = windowOf(form);
+    FormWindow* window = windowOf(form, owner);
     if (window == nullptr) return;
     form.Visible = true;
     shownOnce_ = true;
@@ -104,25 +109,59 @@ int WxDisplay::MsgBox(const std::string& text, int style, const std::string& tit
     return showMessageBox(topWindow(), text, style, title);
 }
 
+std::string WxDisplay::hostFolder(const std::string& folder) const {
+    if (!hostPathOf) return folder;
+    const std::string host = folder.empty() ? std::string() : hostPathOf(folder);
+    return host.empty() ? hostPathOf("C:\\") : host;
+}
+
+// What was chosen as the machine names it. Nothing: it lies outside of the machine, which is told.
+std::optional<std::string> WxDisplay::chosenPlace(const wxString& path) {
+    const std::string chosen = fromNative(path);
+    if (!machinePathOf) return chosen;
+    std::string place = machinePathOf(chosen);
+    if (!place.empty()) return place;
+    tellOfPlaceOutside();
+    return std::nullopt;
+}
+
+std::vector<std::string> WxDisplay::droppedPlaces(const std::vector<std::string>& paths) {
+    if (!machinePathOf) return paths;
+    std::vector<std::string> places;
+    for (const std::string& path : paths) {
+        if (std::string place = machinePathOf(path); !place.empty()) places.push_back(std::move(place));
+    }
+    if (places.size() < paths.size()) tellOfPlaceOutside();
+    return places;
+}
+
+void WxDisplay::tellOfPlaceOutside() {
+    const Tongue tongue = tongueOfHost();
+    (void)MsgBox(word(tongue, Word::OutsideTheSystem), forms::msgbox::Exclamation, word(tongue, Word::Title));
+}
+
 std::string WxDisplay::askFile(const forms::FileQuestion& question) {
-    const std::string folder = hostPathOf ? hostPathOf(question.initialFolder) : question.initialFolder;
     wxString filter = toNative(question.filter);
     // On this side of the world "*.*" is a mask like any other and would hide names without a dot.
     if (hostPathOf) filter.Replace("|*.*", "|*");
-    wxFileDialog dialog(topWindow(), toNative(question.title), toNative(folder), {},
+    const wxString title = question.title.empty()
+                               ? toNative(word(tongueOfHost(), question.save ? Word::SaveAs : Word::ChooseFile))
+                               : toNative(question.title);
+    wxFileDialog dialog(topWindow(), title, toNative(hostFolder(question.initialFolder)), {},
                         filter.empty() ? wxString("*") : filter,
                         question.save ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-    if (dialog.ShowModal() != wxID_OK) return {};
-    const std::string chosen = fromNative(dialog.GetPath());
-    return machinePathOf ? machinePathOf(chosen) : chosen;
+    while (dialog.ShowModal() == wxID_OK) {
+        if (const auto place = chosenPlace(dialog.GetPath())) return *place;
+    }
+    return {};
 }
 
 std::string WxDisplay::askFolder(forms::Form*, const std::string& title) {
-    wxDirDialog dialog(topWindow(), toNative(title), hostPathOf ? toNative(hostPathOf("C:\\")) : wxString(),
-                       wxDD_DIR_MUST_EXIST);
-    if (dialog.ShowModal() != wxID_OK) return {};
-    const std::string chosen = fromNative(dialog.GetPath());
-    return machinePathOf ? machinePathOf(chosen) : chosen;
+    wxDirDialog dialog(topWindow(), toNative(title), toNative(hostFolder({})), wxDD_DIR_MUST_EXIST);
+    while (dialog.ShowModal() == wxID_OK) {
+        if (const auto place = chosenPlace(dialog.GetPath())) return *place;
+    }
+    return {};
 }
 
 std::optional<forms::FontChoice> WxDisplay::askFont(const forms::FontChoice& current) {

@@ -23,7 +23,7 @@ public:
     // The list of windows that closes them; told once, before anything is shown.
     void setWindows(forms::Windows& windows) { windows_ = &windows; }
     // The native window of a form, made at its first use. Null for a form without a layout.
-    FormWindow* windowOf(forms::Form& form);
+    FormWindow* windowOf(forms::Form& form, const forms::Form* ownedBy = nullptr);
     FormWindow* ifOpen(const std::string& form) const;
     // True once a window is or was on the screen.
     [[nodiscard]] bool shownOnce() const { return shownOnce_; }
@@ -69,6 +69,11 @@ public:
 
 private:
     wxWindow* topWindow() const;
+    [[nodiscard]] std::string hostFolder(const std::string& folder) const;
+    std::optional<std::string> chosenPlace(const wxString& path);
+    // The same of what was dropped: what lies inside, and one word about the rest.
+    std::vector<std::string> droppedPlaces(const std::vector<std::string>& paths);
+    void tellOfPlaceOutside();
     void applyTopmost(const forms::Form& form, FormWindow& window);
 
     View& view_;

@@ -70,6 +70,7 @@ private:
     wxListBox* widget_;
     wxCheckListBox* ticks_;
     bool several_;
+    int shownIndex_ = -1;  // the current row that was scrolled to last
 };
 
 // Rows straight from the model; the widget asks for what it shows and nothing else.

@@ -96,6 +96,10 @@ void ListBinding::pull() {
         widget_->SetSelection(list_.ListIndex());
         if (list_.ListIndex() >= 0) widget_->EnsureVisible(list_.ListIndex());
     }
+    if (several_ && list_.ListIndex() != shownIndex_) {
+        shownIndex_ = list_.ListIndex();
+        if (shownIndex_ >= 0 && shownIndex_ < count) widget_->EnsureVisible(shownIndex_);
+    }
     const double size = wxNORMAL_FONT->GetFractionalPointSize() * list_.FontSize.get() / 8.25;
     if (widget_->GetFont().GetFractionalPointSize() != size) {
         wxFont font = widget_->GetFont();

@@ -9,7 +9,9 @@ TextBinding::TextBinding(View& view, forms::TextBox& box, wxTextCtrl* widget, bo
     widget->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { push(); });
     widget->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         event.Skip();
-        if (!view_.pulling()) view_.act([this] { box_.GotFocus(); });
+        // Coming back from another program, or from a box of the desktop, is no entering.
+        if (event.GetWindow() == nullptr || event.GetWindow() == widget_ || view_.pulling()) return;
+        view_.act([this] { box_.GotFocus(); });
     });
     // The filter of the box decides about keys that make text; all others are the widget's.
     widget->Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {

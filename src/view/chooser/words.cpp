@@ -53,6 +53,11 @@ constexpr std::array kWords{
     WordRow{Word::Yes, "&Yes", "&Ja"},
     WordRow{Word::No, "&No", "&Nein"},
     WordRow{Word::Ok, "&OK", "&OK"},
+    WordRow{Word::ChooseFile, "Choose a file", "Datei auswählen"},
+    WordRow{Word::SaveAs, "Save as", "Speichern unter"},
+    WordRow{Word::OutsideTheSystem,
+            "This place lies outside the Windows system that is open. Choose one on its drives.",
+            "Dieser Ort liegt außerhalb des geöffneten Windows-Systems. Wählen Sie einen auf dessen Laufwerken."},
 };
 
 struct KindRow {

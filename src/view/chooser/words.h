@@ -42,6 +42,10 @@ enum class Word {
     Yes,
     No,
     Ok,
+    // of the dialogs that ask for files and folders
+    ChooseFile,
+    SaveAs,
+    OutsideTheSystem,
 };
 
 const char* word(Tongue tongue, Word which);

@@ -92,13 +92,21 @@ void ThemedButton::bindMouse() {
         if (!IsEnabled()) return;
         SetFocus();
         if (!HasCapture()) CaptureMouse();
-        act_([this] { button_.mouseDown(); });
+        // The pointer may have come while the button was off, or while nobody listened.
+        act_([this] {
+            button_.mouseEnter();
+            button_.mouseDown();
+        });
     };
     Bind(wxEVT_LEFT_DOWN, down);
     Bind(wxEVT_LEFT_DCLICK, down);
-    Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) {
+    Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
         if (HasCapture()) ReleaseMouse();
-        act_([this] { button_.mouseUp(); });
+        const bool inside = GetClientRect().Contains(event.GetPosition());
+        act_([this, inside] {
+            if (!inside) button_.mouseLeave();
+            button_.mouseUp();
+        });
     });
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { act_([this] { button_.cancelMode(); }); });
 }
