@@ -15,7 +15,7 @@
 namespace tidvane::view {
 
 namespace {
-constexpr int kPaneWidth = 210;  // device-independent pixels
+constexpr int kPaneWidth = 224;  // device-independent pixels
 constexpr int kPanels = 3;
 }  // namespace
 

@@ -18,6 +18,7 @@ namespace tidvane::view {
 
 namespace {
 
+constexpr unsigned kWindowText = 0x80000008u;  // of the design: the toolkit's own
 constexpr int kWelcome = 150;
 constexpr int kDrive = 319;
 constexpr int kLeastLog = 60;  // device-independent pixels
@@ -82,6 +83,7 @@ private:
     wxWindow* list_ = nullptr;
     wxPanel* listHolder_ = nullptr;
     wxWindow* log_ = nullptr;
+    unsigned logColour_ = kWindowText;
     wxPanel* words_ = nullptr;
     wxPanel* pictures_ = nullptr;
     wxSizer* buttons_ = nullptr;
@@ -148,6 +150,13 @@ void CleaningPage::make() {
     fillWindow(listHolder_, column(listHolder_, {fill(list_)}), 0);
     log_ = window_.lines(page_, form_.txtLog, {.readOnly = true, .selection = true}, &form_.menu("mnuOptionsLog"));
     log_->SetMinSize(page_->FromDIP(wxSize(200, kLeastLog)));
+    window_.whenever(form_.txtLog, [this] {
+        const unsigned colour = form_.txtLog.ForeColor;
+        if (colour == logColour_) return;
+        logColour_ = colour;
+        log_->SetForegroundColour(colour == kWindowText ? wxNullColour : toColour(colour));
+        log_->Refresh();
+    });
     makeButtons();
     wxStaticText* driveName = makeText(window_, page_, form_, kDrive, form_.menu("mnuCleaner"), ":");
     wxWindow* drive = window_.drives(page_, form_.drvDiskSizeDrive);

@@ -88,8 +88,17 @@ void makeMainKeys(FormWindow& window, app::frmMain& form) {
             window.act([&key] { key.button->press(); });
             return;
         }
-        if (event.GetKeyCode() == WXK_F5 && modifiers == 0 && form.SSTab1.Tab == app::frmMain::kPlugInsTab) {
+        const bool onPlugIns = form.SSTab1.Tab == app::frmMain::kPlugInsTab;
+        if (onPlugIns && event.GetKeyCode() == WXK_F5 && modifiers == 0) {
             window.act([&form] { form.plugListKeyDown(kKeyF5); });
+            return;
+        }
+        // The click into the search box, for who has no mouse at hand.
+        if (onPlugIns && event.GetKeyCode() == 'F' && modifiers == wxACCEL_CTRL) {
+            window.act([&window, &form] {
+                window.setFocus(form.txtSearchPlugs.Name);
+                form.searchBoxClick();
+            });
             return;
         }
         event.Skip();
