@@ -3,6 +3,7 @@
 #include <gtk/gtk.h>
 #include <unistd.h>
 #include <wx/app.h>
+#include <wx/dialog.h>
 #include <wx/init.h>
 #include <wx/msgdlg.h>
 
@@ -24,6 +25,7 @@
 #include "frontend/last_machine.h"
 #include "frontend/last_words.h"
 #include "frontend/open_machine.h"
+#include "frontend/own_list_watch.h"
 #include "frontend/places.h"
 #include "frontend/removal_gate.h"
 #include "frontend/removed.h"
@@ -99,6 +101,11 @@ void dismissBoxes() {
         }
     }
     g_list_free(windows);
+    // The innermost first: each loop ends only behind those within it.
+    for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
+        auto* dialog = dynamic_cast<wxDialog*>(node->GetData());
+        if (dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+    }
 }
 
 bool App::OnInit() {
@@ -175,6 +182,8 @@ bool App::open(const std::string& directory, std::string& error) {
     display.hostPathOf = [this](const std::string& path) { return paths_->hostPathOf(path); };
     display.machinePathOf = [this](const std::string& path) { return paths_->machinePathOf(path); };
     display.onEnd = [this] { end(); };
+    program_->shell().show = tidvane::view::showOnDesktop;
+    program_->shell().hostFolderOf = [this](const std::string& folder) { return paths_->hostFolderOf(folder); };
     machine_->platform().setWarningSink(
         [&display](const tidvane::platform::Warning& warning) { display.warn(warning.text); });
     // What the end of a session asks for is heard at the points where events get in, as everything is.
@@ -186,6 +195,7 @@ bool App::open(const std::string& directory, std::string& error) {
         std::string problem;
         if (!machine_->settle(problem) && !problem.empty()) display.warn(problem);
     };
+    tidvane::frontend::watchOwnLists(program_->program());
     tidvane::frontend::connectRemovalGate(program_->program(), *machine_);
     CallAfter([this] { guarded([this] { start(); }); });
     return true;
@@ -214,18 +224,25 @@ void App::end() {
 
 void App::noteEndOfSession() {
     sessionEnds_ = true;
+    if (program_) program_->hurry();
     wxWakeUpIdle();
 }
 
 // The end of Windows, or of this desktop: nobody is asked anything any more.
 void App::endOfSession() {
-    if (!std::exchange(sessionEnds_, false) || ended_) return;
+    if (!sessionEnds_ || ended_) return;
     if (!program_) return end();
     tidvane::settings::Program& program = program_->program();
     program.unattended = true;
     dismissBoxes();
-    program_->view().act([&program] {
-        auto* main = program.windows.ifLoaded<tidvane::app::frmMain>();
+    auto* main = program.windows.ifLoaded<tidvane::app::frmMain>();
+    if (program.windows.isLoading(tidvane::app::frmMain::kName)) {
+        // What cannot be unloaded yet comes to an end first: a box is away by now, a run of the start is stopped.
+        if (main != nullptr) program_->view().act([main] { main->cmdStop.press(); });
+        return;
+    }
+    sessionEnds_ = false;
+    program_->view().act([&program, main] {
         if (main == nullptr || !program.windows.unload(*main, tidvane::forms::UnloadMode::WindowsShutdown)) {
             program.UnloadAllForms();
         }

@@ -12,13 +12,13 @@ namespace tidvane::view {
 
 namespace {
 
-// The services with the windows' own clock, pump and processes in the place of the platform's.
+// The services with the windows' own clock, pump, shell and processes in the place of the platform's.
 platform::Platform withOwn(const platform::Platform& platform, platform::Clock& clock, platform::EventPump& events,
-                           platform::Processes& processes) {
+                           platform::Shell& shell, platform::Processes& processes) {
     return {platform.files,
             platform.profiles,
             platform.registry,
-            platform.shell,
+            shell,
             processes,
             platform.session,
             platform.environment,
@@ -54,7 +54,7 @@ std::unique_ptr<platform::Process> WindowProcesses::CreateProcessA(const std::st
 
 void PaintingClock::Sleep(int milliseconds) {
     if (!display_.shownOnce()) return;
-    while (milliseconds > 0) {
+    while (milliseconds > 0 && !hurries_) {
         const int part = std::min(milliseconds, kLongestStill);
         clock_.Sleep(part);
         view_.breathe();
@@ -66,8 +66,9 @@ WindowProgram::WindowProgram(const platform::Platform& platform)
     : display_(view_),
       clock_(platform.clock, view_, display_),
       pump_(platform.events, view_),
+      shell_(platform.shell),
       processes_(platform.processes, platform.system),
-      program_(withOwn(platform, clock_, pump_, processes_), display_) {
+      program_(withOwn(platform, clock_, pump_, shell_, processes_), display_) {
     app::offerAllWindows(program_);
     display_.setWindows(program_.windows);
     connectTray(display_, program_);

@@ -8,6 +8,7 @@
 #include "platform/platform.h"
 #include "settings/program.h"
 #include "view/view.h"
+#include "view/window_shell.h"
 #include "view/wx_display.h"
 
 namespace tidvane::view {
@@ -21,11 +22,14 @@ public:
     base::DateTime now() override { return clock_.now(); }
     double timer() override { return clock_.timer(); }
     void Sleep(int milliseconds) override;
+    // From here on there are none.
+    void hurry() { hurries_ = true; }
 
 private:
     platform::Clock& clock_;
     View& view_;
     const WxDisplay& display_;
+    bool hurries_ = false;
 };
 
 // The points at which the program lets events in.
@@ -68,6 +72,9 @@ public:
     settings::Program& program() { return program_; }
     WxDisplay& display() { return display_; }
     View& view() { return view_; }
+    WindowShell& shell() { return shell_; }
+    // Nobody reads along any more: pauses are over at once. May be called at any time.
+    void hurry() { clock_.hurry(); }
     // Behind the end: the user wants the program to begin anew.
     [[nodiscard]] bool restartWanted() const { return processes_.restartWanted(); }
 
@@ -82,6 +89,7 @@ private:
     WxDisplay display_;
     PaintingClock clock_;
     WindowPump pump_;
+    WindowShell shell_;
     WindowProcesses processes_;
     settings::Program program_;
 };

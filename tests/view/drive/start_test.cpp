@@ -163,10 +163,10 @@ TEST_F(WindowsStart, LeavingTheFirstWindowLeavesNothingBehind) {
 }
 
 TEST_F(WindowsStart, TheEndOfTheSessionIsHeardAlsoWhileARunIsUnderWay) {
-    // Three tasks with a pause each, while which nothing gets in.
+    // Every step has its pause, while which nothing gets in: all of them would take longer than the test waits.
     here.file("program/td_config.ini",
               "[frmOptions]\r\nchkStartClean=1\r\nchkRecentDocuments=1\r\nchkSearchList=1\r\nchkRunList=1\r\n"
-              "txtPurgeSpeed=700\r\n");
+              "txtPurgeSpeed=5000\r\n");
     const auto process = startOnMachine();
     ASSERT_TRUE(shows(*process, 1));
     process->send(SIGTERM);
