@@ -1,5 +1,7 @@
 #include "tools/frmManualSearch.h"
 
+#include <utility>
+
 #include "view/form_window.h"
 #include "view/layout/all.h"
 #include "view/painters/banner.h"
@@ -67,6 +69,21 @@ void layoutFrmManualSearch(FormWindow& window) {
     };
     window.whenever(form.cmdNext, usual);
     window.whenever(form.cmdSearch, usual);
+    // A new page begins where its user goes on: in the folder, and at the button that stops the walk.
+    window.whenever(form.frmWizardStep2, [&form, folder, all, seen = false]() mutable {
+        if (std::exchange(seen, form.frmWizardStep2.Visible.get()) || !seen) return;
+        (form.txtFolderScanPath.Enabled ? folder : all)->SetFocus();
+    });
+    window.whenever(form.cmdStop, [&form, stop, seen = false]() mutable {
+        if (std::exchange(seen, form.cmdStop.Enabled.get()) || !seen) return;
+        stop->Enable();
+        stop->SetFocus();
+    });
+    window.whenever(form.cmdOK, [&form, close, seen = false]() mutable {
+        if (std::exchange(seen, form.cmdOK.Enabled.get()) || !seen) return;
+        close->Enable();
+        close->SetFocus();
+    });
     // A walk under way is stopped first; the window stays to show what it did.
     window.onEscape([&window, &form] {
         if (form.isSearching()) {
