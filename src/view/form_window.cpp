@@ -154,8 +154,8 @@ void FormWindow::destroy() {
     wxTopLevelWindow* gone = std::exchange(native_, nullptr);
     auto* dialog = dynamic_cast<wxDialog*>(gone);
     if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
-    gone->Hide();
     deafen(gone);
+    gone->Hide();
     view_.bury(gone);
 }
 

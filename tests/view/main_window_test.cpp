@@ -1,0 +1,177 @@
+// The main window on the screen: what its menus, its bars and its buttons do that no model decides.
+#include <gtest/gtest.h>
+#include <wx/button.h>
+#include <wx/frame.h>
+#include <wx/menu.h>
+#include <wx/statusbr.h>
+#include <wx/textctrl.h>
+
+#include "app/frmMain.h"
+#include "platform/memory/memory_platform.h"
+#include "support/app_fixture.h"
+#include "view/display_fixture.h"
+#include "view/text.h"
+#include "view/window_program.h"
+
+namespace tidvane::tests {
+namespace {
+
+using view::fromNative;
+
+class MainWindow : public testing::Test {
+protected:
+    MainWindow() {
+        machine_.files.putFile(AppFixture::inFolder("English.lng"), englishLanguageFile());
+        machine_.files.putFile(AppFixture::inFolder("td_last.dat"), "#2009-11-02#\r\n#07:05:09#\r\n");
+        program_ = std::make_unique<view::WindowProgram>(machine_.platform());
+        whenIdle([this] {
+            if (program_ && !program_->view().busy()) program_->view().settle();
+        });
+        if (!program_->start()) throw std::runtime_error("the program does not start");
+        letRun(100);
+    }
+    ~MainWindow() override {
+        whenIdle({});
+        program_.reset();
+        letRun(5);
+    }
+
+    app::frmMain& form() { return program_->program().get<app::frmMain>(); }
+    wxFrame* frame() { return dynamic_cast<wxFrame*>(program_->display().ifOpen("frmMain")->native()); }
+    void act(const std::function<void()>& what) {
+        program_->view().act(what);
+        letRun(50);
+    }
+    std::string bar() {
+        std::string titles;
+        const wxMenuBar* bar = frame()->GetMenuBar();
+        for (std::size_t at = 0; at < bar->GetMenuCount(); ++at) {
+            titles += (at == 0 ? "" : " | ") + fromNative(bar->GetMenuLabelText(at));
+        }
+        return titles;
+    }
+    // On the screen, by name.
+    wxWindow* shown(const std::string& name) {
+        wxWindow* found = nullptr;
+        const std::function<void(wxWindow*)> look = [&](wxWindow* from) {
+            for (wxWindow* child : from->GetChildren()) {
+                if (child->IsShownOnScreen() && child->GetName() == view::toNative(name)) found = child;
+                look(child);
+            }
+        };
+        look(frame());
+        return found;
+    }
+    void resize(int width, int height) {
+        frame()->SetClientSize(frame()->FromDIP(wxSize(width, height)));
+        letRun(200);
+    }
+
+    platform::MemoryPlatform machine_;
+    std::unique_ptr<view::WindowProgram> program_;
+};
+
+TEST_F(MainWindow, HasThePagesMenuInFrontOfTheCommunity) {
+    EXPECT_EQ(bar(), "File | View | Tools | Options | Help | Like Tidvane");
+    act([this] { form().menu("mnuApps").Click(); });
+    EXPECT_EQ(bar(), "File | View | Tools | Options | Help | Applications (Plug-ins) | Like Tidvane");
+    act([this] { form().menu("mnuAddOns").Click(); });
+    EXPECT_EQ(bar(), "File | View | Tools | Options | Help | Extensions (Add-ons) | Like Tidvane");
+    act([this] { form().menu("mnuCleaner").Click(); });
+    EXPECT_EQ(bar(), "File | View | Tools | Options | Help | Like Tidvane");
+}
+
+TEST_F(MainWindow, ShowsTheKeysOfAnEntryAndTheFoldersOfTheSystem) {
+    const wxMenuBar* bar = frame()->GetMenuBar();
+    const wxMenu* file = bar->GetMenu(0);
+    EXPECT_NE(file->FindItem(view::toNative(form().menu("mnuExit").Caption.get())), wxNOT_FOUND);
+    const wxMenuItem* exit = file->GetMenuItems().GetLast()->GetData();
+    EXPECT_EQ(fromNative(exit->GetItemLabel()), form().menu("mnuExit").Caption.get() + "\tCtrl+Q");
+    const wxMenuItem* folders = bar->GetMenu(2)->GetMenuItems().GetLast()->GetData();
+    ASSERT_TRUE(folders->IsSubMenu());
+    EXPECT_EQ(folders->GetSubMenu()->GetMenuItemCount(), 19u);
+}
+
+TEST_F(MainWindow, GivesItsCountsTheirWords) {
+    EXPECT_EQ(fromNative(frame()->GetStatusBar()->GetStatusText(1)), "Cleaning tasks: 0");
+    EXPECT_EQ(fromNative(frame()->GetStatusBar()->GetStatusText(2)), "Plug-ins: 0");
+}
+
+TEST_F(MainWindow, TellsHowAnEmptyListIsFilled) {
+    EXPECT_NE(shown("mnuManageCleaningJobs"), nullptr) << "the way to the tasks";
+    EXPECT_EQ(shown("lstTasks"), nullptr);
+    act([this] { form().lstTasks.Add(0, "a", "A task", 2); });
+    EXPECT_EQ(shown("mnuManageCleaningJobs"), nullptr);
+    EXPECT_NE(shown("lstTasks"), nullptr);
+}
+
+TEST_F(MainWindow, ShowsWhatTheFrontEndTellsUntilItIsPutAway) {
+    EXPECT_EQ(shown("notices"), nullptr);
+    act([this] {
+        program_->display().warn("A place is protected.");
+        program_->display().warn("Another one, too.");
+    });
+    auto* box = dynamic_cast<wxTextCtrl*>(shown("notices"));
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(fromNative(box->GetValue()), "A place is protected.\nAnother one, too.");
+    wxWindow* close = shown("closeNotices");
+    ASSERT_NE(close, nullptr);
+    clickMiddle(close);
+    EXPECT_TRUE(letRunUntil([this] { return shown("notices") == nullptr; }));
+    EXPECT_TRUE(program_->view().notices.empty());
+}
+
+TEST_F(MainWindow, PutsNoticesAwayWithEscapeAndStays) {
+    act([this] { program_->display().warn("A place is protected."); });
+    bringToFront(frame());
+    shown("closeNotices")->SetFocus();
+    letRun(100);
+    typeKey(WXK_ESCAPE);
+    EXPECT_TRUE(letRunUntil([this] { return shown("notices") == nullptr; }));
+    typeKey(WXK_ESCAPE);
+    EXPECT_TRUE(frame()->IsShown());
+    EXPECT_FALSE(program_->program().ended());
+}
+
+TEST_F(MainWindow, TakesTheWordsOffTheLogsButtonsWhereThereIsNoRoom) {
+    const auto words = [this] { return shown("cmdCopyLog")->GetSize().x > frame()->FromDIP(60); };
+    resize(1300, 700);
+    ASSERT_NE(shown("cmdCopyLog"), nullptr);
+    EXPECT_TRUE(words());
+    resize(764, 420);
+    ASSERT_NE(shown("cmdCopyLog"), nullptr);
+    EXPECT_FALSE(words());
+    EXPECT_FALSE(shown("cmdCopyLog")->GetToolTipText().empty()) << "its words are found somewhere";
+    resize(1300, 700);
+    EXPECT_TRUE(words());
+}
+
+TEST_F(MainWindow, GivesTheLogItsHeightAndInALowWindowTheListItsRoom) {
+    act([this] { form().lstTasks.Add(0, "a", "A task", 2); });
+    resize(900, 700);
+    EXPECT_EQ(shown("txtLog")->GetSize().y, frame()->FromDIP(212));
+    resize(900, 380);
+    EXPECT_LT(shown("txtLog")->GetSize().y, frame()->FromDIP(212));
+    EXPECT_GE(shown("txtLog")->GetSize().y, frame()->FromDIP(60));
+    EXPECT_GE(shown("lstTasks")->GetSize().y, frame()->FromDIP(80));
+}
+
+TEST_F(MainWindow, HidesAndShowsTheLogByItsKeys) {
+    bringToFront(frame());
+    ASSERT_NE(shown("txtLog"), nullptr);
+    typeKey('L', wxMOD_CONTROL);
+    EXPECT_TRUE(letRunUntil([this] { return shown("txtLog") == nullptr; }));
+    EXPECT_FALSE(form().LogVisible());
+    typeKey('L', wxMOD_CONTROL);
+    EXPECT_TRUE(letRunUntil([this] { return shown("txtLog") != nullptr; }));
+}
+
+TEST_F(MainWindow, KeepsTheColourThatWasChosenForTheLog) {
+    forms::FontChoice font = form().logFont();
+    font.colour = 0x0000FF;  // red
+    act([&] { form().setLogFont(font); });
+    EXPECT_EQ(shown("txtLog")->GetForegroundColour(), wxColour(0xFF, 0, 0));
+}
+
+}  // namespace
+}  // namespace tidvane::tests
