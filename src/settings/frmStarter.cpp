@@ -91,6 +91,8 @@ void frmStarter::loadLicense() {
         txtLicense.setSelText(program_.codePage().toUtf8(std::string_view(bytes).substr(done, kLicenseBlock)));
         program_.platform.events.DoEvents();
     }
+    // It is read from its beginning.
+    txtLicense.select(0, 0);
 }
 
 void frmStarter::Timer2_Timer() {
