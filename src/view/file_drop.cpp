@@ -27,12 +27,9 @@ private:
 void FormWindow::onFilesDropped(wxWindow* widget, std::function<void(const std::vector<std::string>&)> what) {
     widget->SetDropTarget(new FileDrop([this, widget, what = std::move(what)](const wxArrayString& names) {
         std::vector<std::string> paths;
-        for (const wxString& name : names) {
-            const std::string host = fromNative(name);
-            paths.push_back(machinePathOf ? machinePathOf(host) : host);
-        }
+        for (const wxString& name : names) paths.push_back(fromNative(name));
         // Behind the end of the drop: a question would hold up the file manager until it is answered.
-        widget->CallAfter([this, what, paths] { act([&] { what(paths); }); });
+        widget->CallAfter([this, what, paths] { act([&] { what(machinePathsOf ? machinePathsOf(paths) : paths); }); });
     }));
 }
 

@@ -32,6 +32,39 @@ TEST(OptionsOk, WorksInItsOrder) {
     EXPECT_EQ(machine.display.forgotten, (Calls{"frmOptions"}));
 }
 
+TEST(OptionsCancel, ClosesAndStoresNothing) {
+    OptionsFixture machine;
+    machine.options().chkRunList.Value = 1;
+    EXPECT_EQ(machine.options().cmdCancel.Caption.get(), "L301");
+    machine.options().cmdCancel.press();
+    EXPECT_EQ(machine.program.windows.ifLoaded(frmOptions::kName), nullptr);
+    EXPECT_NE(machine.stored("chkRunList"), "1");
+    EXPECT_TRUE(machine.report.calls.empty());
+}
+
+TEST(OptionsTips, SayWhatSignsAndPicturesStandFor) {
+    OptionsFixture machine;
+    frmOptions& options = machine.options();
+    EXPECT_EQ(options.cmdAlphabetizeStartMenuManual.ToolTipText.get(), "L218: L882");
+    EXPECT_EQ(options.cmdAlphabetizeFavoritesManual.ToolTipText.get(), "L219: L882");
+    EXPECT_EQ(options.cmdPurgeSound.ToolTipText.get(), "L352");
+    EXPECT_EQ(options.cmdPurgeSoundTest.ToolTipText.get(), "L883");
+    EXPECT_EQ(options.ImgOperaSuccess.ToolTipText.get(), "L880");
+    EXPECT_EQ(options.ImgOperaFail.ToolTipText.get(), "L881");
+}
+
+TEST(OptionsPane, FindsThePicturesOfItsItemsByTheirTags) {
+    OptionsFixture machine;
+    const controls::ExplorerBar& pane = machine.options().ExplorerBar2;
+    ASSERT_EQ(pane.GetGroupsCount(), 2);
+    for (int group = 0; group < 2; ++group) {
+        for (int item = 0; item < pane.GetItemsCount(group); ++item) {
+            EXPECT_FALSE(pane.GetItemIcon(group, item).empty());
+            EXPECT_EQ(pane.GetItemIcon(group, item), pane.GetItemTag(group, item));
+        }
+    }
+}
+
 // --- the entry that starts the program with Windows
 
 struct AutostartByOk : ::testing::Test {
