@@ -87,21 +87,19 @@ void layoutFrmWidget(FormWindow& window) {
         return wxPoint(toTwips(at.x, native) - form.Left, toTwips(at.y, native) - form.Top);
     };
     for (wxWindow* part : std::initializer_list<wxWindow*>{body, mark, name}) {
-        window.on(part, wxEVT_LEFT_DOWN, [part, pointer, &form](wxMouseEvent& event) {
+        window.on(part, wxEVT_LEFT_DOWN, [part, pointer, native, &form](wxMouseEvent& event) {
             event.Skip();
+            // Nobody has told the form where the window manager has put the window.
+            form.Left = toTwips(native->GetPosition().x, native);
+            form.Top = toTwips(native->GetPosition().y, native);
             const wxPoint at = pointer(part, event);
             form.mouseDown(at.x, at.y);
-            if (!part->HasCapture()) part->CaptureMouse();
         });
         window.on(part, wxEVT_MOTION, [part, pointer, native, &form](wxMouseEvent& event) {
             const wxPoint at = pointer(part, event);
             const wxSize screen = screenInTwips(native);
-            form.mouseMove(event.LeftIsDown() && part->HasCapture(), at.x, at.y, screen.x, screen.y);
+            form.mouseMove(event.LeftIsDown(), at.x, at.y, screen.x, screen.y);
         });
-        window.on(part, wxEVT_LEFT_UP, [part](wxMouseEvent&) {
-            if (part->HasCapture()) part->ReleaseMouse();
-        });
-        part->Bind(wxEVT_MOUSE_CAPTURE_LOST, [](wxMouseCaptureLostEvent&) {});
     }
     window.onEscape([&form] { form.cmdClose.press(); });
 }
