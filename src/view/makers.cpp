@@ -375,6 +375,18 @@ wxBookCtrlBase* FormWindow::tabs(wxWindow* parent, forms::TabStrip& strip, bool 
     book->SetClientObject(new BookData(binding));
     adopt(strip, book);
     bind(strip, binding);
+    // What its pages are about stands on the tab of the book around it, or above the window.
+    const auto name = [this, book] {
+        const wxWindow* inside = book;
+        for (wxWindow* at = book->GetParent(); at != nullptr; inside = at, at = at->GetParent()) {
+            const auto* around = dynamic_cast<const wxBookCtrlBase*>(at);
+            const int page = around == nullptr ? wxNOT_FOUND : around->FindPage(inside);
+            if (page != wxNOT_FOUND) return fromNative(around->GetPageText(static_cast<std::size_t>(page)));
+        }
+        return form_.Caption.get();
+    };
+    whenever(strip, [book, name] { nameForReaders(book, name()); });
+    whenever(form_.viewChanged, [book, name] { nameForReaders(book, name()); });
     return book;
 }
 
