@@ -194,9 +194,7 @@ void FormWindow::leaveFocus(wxWindow* widget) {
         if (at != widget) continue;
         widget->Navigate();
         // Nothing else takes it now; perhaps something will once all has changed.
-        native_->CallAfter([this, weak = std::weak_ptr<bool>(alive_)] {
-            if (!weak.expired() && native_ != nullptr) focusSomething();
-        });
+        focusSoon();
         return;
     }
 }
@@ -223,7 +221,9 @@ wxWindow* FormWindow::adopt(forms::Control& control, wxWindow* widget, const for
         const std::string& caption =
             control.Caption.get().empty() && label != nullptr ? label->Caption.get() : control.Caption.get();
         const std::string& tipText = control.ToolTipText.get();
-        nameForReaders(widget, isWord(caption) || tipText.empty() ? caption : tipText);
+        const std::string& name = isWord(caption) || tipText.empty() ? caption : tipText;
+        // Panes and books have none and name themselves.
+        if (!name.empty()) nameForReaders(widget, name);
     });
     return widget;
 }
@@ -416,10 +416,28 @@ void FormWindow::finish() {
 // A window that opens without a focus hears no key.
 void FormWindow::focusSomething() {
     const wxWindow* focus = wxWindow::FindFocus();
-    for (const wxWindow* at = focus; at != nullptr; at = at->GetParent()) {
-        if (at == native_) return;
+    if (focus != nullptr && wxGetTopLevelParent(const_cast<wxWindow*>(focus)) == native_ && focus->IsShownOnScreen() &&
+        focus->IsEnabled()) {
+        return;
     }
-    body_->SetFocus();
+    for (const auto& [control, widget] : made_) {
+        const bool fits = control->kind != forms::ControlKind::TabStrip && widget->IsShownOnScreen() &&
+                          widget->CanAcceptFocusFromKeyboard();
+        if (!fits) continue;
+        widget->SetFocus();
+        return;
+    }
+    // Words alone: Escape and Tab are heard all the same.
+    body_->SetFocusIgnoringChildren();
+}
+
+// Once the window is seen: the toolkit would give the focus to the first widget of a page that nobody sees.
+// Of several windows that come up together the last one has the keyboard.
+void FormWindow::focusSoon() {
+    view_.newest = this;
+    native_->CallAfter([this, weak = std::weak_ptr<bool>(alive_)] {
+        if (!weak.expired() && native_ != nullptr && view_.newest == this) focusSomething();
+    });
 }
 
 void FormWindow::show(bool visible) {
@@ -428,7 +446,7 @@ void FormWindow::show(bool visible) {
         auto* dialog = dynamic_cast<wxDialog*>(native_);
         if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
     }
-    if (visible) focusSomething();
+    if (visible) focusSoon();
     native_->Show(visible);
     if (visible) {
         if (form_.State == forms::WindowState::Minimized) return;
@@ -446,7 +464,7 @@ void FormWindow::showModal() {
     if (dialog->IsShown()) dialog->Hide();
     modal_ = true;
     view_.settle();
-    focusSomething();
+    focusSoon();
     // The form may be unloaded, and this window with it, while the loop runs.
     const std::weak_ptr<bool> alive = alive_;
     dialog->ShowModal();

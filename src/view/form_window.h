@@ -179,6 +179,7 @@ private:
     std::vector<BarMenu> barMenus_;
     void chooseMnemonics();
     void focusSomething();
+    void focusSoon();
     void leaveFocus(wxWindow* widget);
     Mnemonics mnemonics_;
     std::vector<std::pair<const forms::Control*, wxWindow*>> made_;  // in the order of making

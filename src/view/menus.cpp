@@ -46,7 +46,15 @@ wxMenuItem* FormWindow::menuItem(wxMenu* menu, forms::Menu& entry) {
     };
     wxMenuItem* item = menu->Append(wxID_ANY, labelOf());
     menu->Bind(
-        wxEVT_MENU, [this, &entry](wxCommandEvent&) { view_.act([&entry] { entry.Click(); }); }, item->GetId());
+        wxEVT_MENU,
+        [this, &entry](wxCommandEvent&) {
+            // Behind the key that chose it: its event would stay open while a window that it opens has its own loop,
+            // and that window would hear no key.
+            native_->CallAfter([this, &entry, weak = std::weak_ptr<bool>(alive_)] {
+                if (!weak.expired()) view_.actSoon(weak, [&entry] { entry.Click(); });
+            });
+        },
+        item->GetId());
     item->Enable(entry.Enabled);
     if (fillingPopup_) {
         if (entry.isDefault) setBold(item);

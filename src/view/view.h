@@ -97,6 +97,8 @@ public:
     // A window whose controls came, went or grew.
     void relayout(const std::function<void()>& what);
 
+    // The window that has asked for the keyboard last; only compared.
+    const void* newest = nullptr;
     // What the front end tells beside the log; the main window shows it.
     Notices notices;
     // A native window goes: once nothing runs, for handlers of its widgets and loops of its own may stand on the stack.
