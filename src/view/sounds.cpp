@@ -4,13 +4,47 @@
 #include <wx/log.h>
 #include <wx/sound.h>
 
+#ifdef __WXGTK__
+#include <glib.h>
+#endif
+
 #include <algorithm>
+#include <array>
 #include <map>
 
 #include "view/embedded.h"
 #include "view/text.h"
 
 namespace tidvane::view {
+
+namespace {
+
+#ifdef __WXGTK__
+// The toolkit of most distributions knows a single kind of device, which today's systems do not have. Their sound
+// servers bring programs that play a file.
+constexpr std::array kPlayers{"pw-play", "paplay", "aplay"};
+
+// Runs on its own and says nothing. False: there is none.
+bool startPlayer(const std::string& path) {
+    constexpr auto kQuiet = static_cast<GSpawnFlags>(G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
+    return std::any_of(kPlayers.begin(), kPlayers.end(), [&](const char* player) {
+        char* program = g_find_program_in_path(player);
+        if (program == nullptr) return false;
+        std::string file = path;
+        std::array<char*, 3> command{program, file.data(), nullptr};
+        const bool started =
+            g_spawn_async(nullptr, command.data(), nullptr, kQuiet, nullptr, nullptr, nullptr, nullptr) != FALSE;
+        g_free(program);
+        return started;
+    });
+}
+#else
+bool startPlayer(const std::string&) {
+    return false;
+}
+#endif
+
+}  // namespace
 
 void playEmbeddedSound(const std::string& name) {
     const auto sounds = embeddedSounds();
@@ -32,7 +66,7 @@ void playSoundFile(const std::string& path) {
     const wxULongLong size = wxFileName::GetSize(toNative(path));
     if (!wxFileExists(toNative(path)) || size == wxInvalidSize || size > kLongest) return;
     wxSound sound(toNative(path));
-    if (sound.IsOk()) sound.Play(wxSOUND_ASYNC);
+    if (sound.IsOk() && !startPlayer(path)) sound.Play(wxSOUND_ASYNC);
 }
 
 }  // namespace tidvane::view

@@ -68,5 +68,27 @@ TEST_F(Sounds, OfAFileThatIsNoneAreSilent) {
     EXPECT_LT(play(fileWith(std::string(100000, 'x'))), kNoticed);
 }
 
+// A player of the host takes half a second and writes down what it is to play.
+TEST_F(Sounds, OfAFileAreLeftToAPlayerOfTheHost) {
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::temp_directory_path() / ("tidvane-players-" + std::to_string(wxGetProcessId()));
+    fs::create_directory(folder);
+    const fs::path heard = folder / "heard";
+    std::ofstream(folder / "paplay") << "#!/bin/sh\n/bin/sleep 0.5\necho \"$1\" > '" << heard.string()
+                                     << "'\necho noise\n";
+    fs::permissions(folder / "paplay", fs::perms::owner_all);
+    const std::string before = std::getenv("PATH");
+    ::setenv("PATH", folder.c_str(), 1);
+    const char* file = TIDVANE_SOURCE_DIR "/data/sounds/group.wav";
+    EXPECT_LT(play(file), kNoticed);
+    EXPECT_FALSE(fs::exists(heard));
+    letRunUntil([&] { return fs::exists(heard) && fs::file_size(heard) > 0; });
+    std::string line;
+    std::getline(std::ifstream(heard) >> std::ws, line);
+    EXPECT_EQ(line, file);
+    ::setenv("PATH", before.c_str(), 1);
+    fs::remove_all(folder);
+}
+
 }  // namespace
 }  // namespace tidvane::tests
