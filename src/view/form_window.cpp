@@ -411,6 +411,11 @@ void FormWindow::finish() {
         event.Skip();
         noteRectangle();
     });
+    // One that comes to the front again is as good as opened, where the toolkit remembers no focus of it.
+    native_->Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        event.Skip();
+        if (event.GetActive() && isShown()) focusSoon();
+    });
 }
 
 // A window that opens without a focus hears no key.
@@ -420,12 +425,15 @@ void FormWindow::focusSomething() {
         focus->IsEnabled()) {
         return;
     }
-    for (const auto& [control, widget] : made_) {
-        const bool fits = control->kind != forms::ControlKind::TabStrip && widget->IsShownOnScreen() &&
-                          widget->CanAcceptFocusFromKeyboard();
-        if (!fits) continue;
-        widget->SetFocus();
-        return;
+    // Tabs where there is nothing else: a page of words alone would lose the keyboard to nobody with the next window.
+    for (const bool tabs : {false, true}) {
+        for (const auto& [control, widget] : made_) {
+            const bool fits = (control->kind == forms::ControlKind::TabStrip) == tabs && widget->IsShownOnScreen() &&
+                              widget->CanAcceptFocusFromKeyboard();
+            if (!fits) continue;
+            widget->SetFocus();
+            return;
+        }
     }
     // Words alone: Escape and Tab are heard all the same.
     body_->SetFocusIgnoringChildren();
