@@ -18,6 +18,7 @@ namespace {
 
 std::function<void()> idleWork;
 std::vector<std::string> complaints;
+std::vector<std::function<void()>> lastThings;
 
 class TestApp final : public wxApp {
 public:
@@ -82,12 +83,17 @@ void DisplayEnvironment::SetUp() {
 void DisplayEnvironment::TearDown() {
     if (wxTheApp == nullptr) return;
     idleWork = {};
+    for (const auto& what : std::exchange(lastThings, {})) what();
     letRun(10);
     state_->active.reset();
     state_->outer.reset();
     wxTheApp->OnExit();
     wxEntryCleanup();
     state_->screen.reset();
+}
+
+void beforeTheEnd(std::function<void()> what) {
+    lastThings.push_back(std::move(what));
 }
 
 void letRun(int milliseconds) {
@@ -164,6 +170,10 @@ void bringToFront(wxWindow* window) {
     GtkWidget* native = window->GetHandle();
     if (gtk_widget_get_window(native) == nullptr) return;
     gtk_window_present_with_time(GTK_WINDOW(native), gdk_x11_get_server_time(gtk_widget_get_window(native)));
+}
+
+bool isActive(wxWindow* window) {
+    return gtk_window_is_active(GTK_WINDOW(window->GetHandle())) != 0;
 }
 
 std::vector<std::string> takeComplaints() {

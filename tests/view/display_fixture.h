@@ -27,6 +27,9 @@ private:
     std::unique_ptr<State> state_;
 };
 
+// Done behind the last test, while the toolkit is still there: for windows that several tests share.
+void beforeTheEnd(std::function<void()> what);
+
 // Lets the toolkit's own loop run: events, timers, idle work.
 void letRun(int milliseconds);
 // Until it holds, at most this long. False: it never did.
@@ -49,6 +52,7 @@ void doubleClick(wxWindow* window, wxPoint at);
 
 // As a click of the user on its title would: a window manager keeps windows behind that nobody has asked for.
 void bringToFront(wxWindow* window);
+bool isActive(wxWindow* window);
 
 // What the toolkit and the library below it have complained about since the last call: a widget used wrongly.
 std::vector<std::string> takeComplaints();

@@ -22,6 +22,7 @@
 #include <map>
 #include <set>
 
+#include "app/frmMain.h"
 #include "frontend/sample/sample_machine.h"
 #include "platform/machine/machine_platform.h"
 #include "support/host_directory.h"
@@ -63,7 +64,9 @@ public:
         program_->view().onError = [](const std::string& text) {
             ADD_FAILURE() << "an error left a handler: " << text;
         };
-        makeCurrent();
+        whenIdle([this] {
+            if (program_ && !program_->view().busy()) program_->view().settle();
+        });
         if (!program_->start()) throw std::runtime_error("the program does not start");
     }
     ~RunningProgram() { whenIdle({}); }
@@ -71,12 +74,6 @@ public:
     RunningProgram& operator=(const RunningProgram&) = delete;
 
     view::WindowProgram& operator*() { return *program_; }
-    // The one whose view looks when the loop is idle.
-    void makeCurrent() {
-        whenIdle([this] {
-            if (program_ && !program_->view().busy()) program_->view().settle();
-        });
-    }
 
 private:
     HostDirectory directory_;
@@ -84,13 +81,19 @@ private:
     std::unique_ptr<view::WindowProgram> program_;
 };
 
-// Started at the first use and shared by the windows: each of them is opened and closed again.
+// Started at the first use and shared by the windows, each of which is opened and closed again. One at a time: two
+// programs would take the keyboard from one another.
 RunningProgram& programIn(const Language& language) {
-    static std::map<std::string, std::unique_ptr<RunningProgram>> running;
-    std::unique_ptr<RunningProgram>& program = running[language.name];
-    if (program == nullptr) program = std::make_unique<RunningProgram>(language);
-    program->makeCurrent();
-    return *program;
+    static std::unique_ptr<RunningProgram> running;
+    static const Language* spoken = nullptr;
+    if (running == nullptr) beforeTheEnd([] { running.reset(); });
+    if (spoken != &language) {
+        running.reset();
+        letRun(20);
+        running = std::make_unique<RunningProgram>(language);
+        spoken = &language;
+    }
+    return *running;
 }
 
 // ---------------------------------------------------------------- what stands in a window
@@ -161,6 +164,7 @@ protected:
         view::WindowProgram& program = **program_;
         const std::string name = std::get<0>(GetParam());
         program.view().act([&] {
+            if (name == "frmPlugsInfo") showPlugIn(program.program());
             form_ = program.program().windows.get(name);
             if (form_ != nullptr && name != "frmMain") program.display().Show(*form_, nullptr, false);
         });
@@ -170,7 +174,7 @@ protected:
         native_ = window_->native();
         letRun(20);
         bringToFront(native_);
-        letRunUntil([this] { return native_->IsActive(); });
+        letRunUntil([this] { return isActive(native_); });
         letRun(60);
     }
     void TearDown() override {
@@ -181,6 +185,14 @@ protected:
         letRun(10);
         for (const std::string& complaint : takeComplaints()) ADD_FAILURE() << where() << complaint;
         EXPECT_EQ(view::unknownIcons(), std::vector<std::string>{});
+    }
+
+    // The page of a plug-in is nothing without one.
+    static void showPlugIn(settings::Program& program) {
+        auto& main = program.get<app::frmMain>();
+        ASSERT_GT(main.LstPlugs.ListCount(), 0);
+        main.LstPlugs.setListIndex(0);
+        main.menu("mnuPlugInfo").Click();
     }
 
     // In front of every finding.
@@ -372,7 +384,8 @@ TEST_P(EveryWindow, isReachedByTabEverywhereAndByShiftTabBack) {
     onEveryPage([this] {
         const std::vector<wxWindow*> controls = controlsOf(native_);
         if (controls.empty()) return;
-        ASSERT_TRUE(native_->IsActive()) << where() << "the window gets no focus";
+        bringToFront(native_);
+        ASSERT_TRUE(letRunUntil([this] { return isActive(native_); })) << where() << "the window gets no focus";
         for (const int modifiers : {0, static_cast<int>(wxMOD_SHIFT)}) {
             const std::set<wxWindow*> reached = round(native_, controls, modifiers);
             for (wxWindow* control : controls) {
@@ -390,10 +403,16 @@ TEST_P(EveryWindow, isReachedByTabEverywhereAndByShiftTabBack) {
 
 // ---------------------------------------------------------------- what a screen reader is told
 
-// The widget's name in the layout, or that of the next one around it.
+// The widget's name in the layout, or else its type.
 std::string ownerOf(AtkObject* object) {
     GtkWidget* widget = GTK_IS_ACCESSIBLE(object) ? gtk_accessible_get_widget(GTK_ACCESSIBLE(object)) : nullptr;
-    return widget == nullptr ? std::string("?") : std::string(G_OBJECT_TYPE_NAME(widget));
+    if (widget == nullptr) return "?";
+    for (wxWindow* top : wxTopLevelWindows) {
+        for (wxWindow* candidate : shownBelow(top)) {
+            if (candidate->GetHandle() == widget) return nameOf(candidate);
+        }
+    }
+    return G_OBJECT_TYPE_NAME(widget);
 }
 
 void nameless(AtkObject* object, const std::string& around, std::vector<std::string>& found) {

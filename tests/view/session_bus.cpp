@@ -45,8 +45,12 @@ GVariant* onProperty(GDBusConnection*, const char*, const char*, const char*, co
 }  // namespace
 
 SessionBus::SessionBus() {
+    ProcessOptions options;
+    options.environment = {"XDG_RUNTIME_DIR=" + runtime_.path(), "HOME=" + runtime_.path()};
+    options.limit = std::chrono::hours(1);
+    if (const char* display = std::getenv("DISPLAY")) options.environment.push_back(std::string("DISPLAY=") + display);
     daemon_ = std::make_unique<Process>(
-        std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"});
+        std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"}, options);
     if (!daemon_->waitForOutput("\n")) throw std::runtime_error("dbus-daemon does not start: " + daemon_->err());
     address_ = daemon_->out();
     address_.resize(address_.find('\n'));

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "e2e/process.h"
+#include "support/host_directory.h"
 
 namespace tidvane::tests {
 
@@ -26,6 +27,7 @@ public:
     [[nodiscard]] const std::string& address() const { return address_; }
 
 private:
+    HostDirectory runtime_;  // where the services that it starts put their sockets
     std::unique_ptr<Process> daemon_;
     std::string address_;
     std::string before_;

@@ -8,6 +8,7 @@ namespace tidvane::view {
 
 LinkLabel::LinkLabel(wxWindow* parent) {
     Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxWANTS_CHARS);
+    SetCanFocus(false);
     SetCursor(wxCursor(wxCURSOR_HAND));
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { paint(); });
     Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) { press(); });
@@ -42,6 +43,7 @@ LinkLabel::LinkLabel(wxWindow* parent) {
 
 void LinkLabel::SetLabel(const wxString& label) {
     wxControl::SetLabel(label);
+    SetCanFocus(!label.empty());
     InvalidateBestSize();
     Refresh();
 }

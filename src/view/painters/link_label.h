@@ -10,6 +10,8 @@ class LinkLabel final : public wxControl {
 public:
     explicit LinkLabel(wxWindow* parent);
     void SetLabel(const wxString& label) override;
+    // Without words there is nothing to click.
+    bool AcceptsFocus() const override { return !GetLabel().empty() && wxControl::AcceptsFocus(); }
 
 protected:
     wxSize DoGetBestClientSize() const override;

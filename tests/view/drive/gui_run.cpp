@@ -8,6 +8,11 @@
 
 namespace tidvane::tests {
 
+namespace {
+constexpr const char* kTitle = "^Tidvane$";
+constexpr int kLeastWidth = 100;  // pixels; an icon in a tray is a window too
+}  // namespace
+
 Desktop& Desktop::get() {
     static Desktop desktop;
     return desktop;
@@ -15,6 +20,7 @@ Desktop& Desktop::get() {
 
 Desktop::Desktop() {
     ::setenv("DISPLAY", screen_.name().c_str(), 1);
+    bus_ = std::make_unique<SessionBus>();
 }
 
 std::vector<std::string> Desktop::environment() const {
@@ -23,7 +29,7 @@ std::vector<std::string> Desktop::environment() const {
     std::erase_if(all, [](const std::string& variable) {
         return variable.starts_with("NO_AT_BRIDGE=") || variable.starts_with("DBUS_SESSION_BUS_ADDRESS=");
     });
-    all.push_back("DBUS_SESSION_BUS_ADDRESS=" + bus_.address());
+    all.push_back("DBUS_SESSION_BUS_ADDRESS=" + bus_->address());
     return all;
 }
 
@@ -44,7 +50,27 @@ void GuiRun::start(const std::vector<std::string>& words) {
     command.insert(command.end(), words.begin(), words.end());
     process_ = std::make_unique<Process>(command, options);
     reader_ = std::make_unique<Reader>(process_->id());
-    inWindow("^Tidvane");
+    inWindow(kTitle);
+    // The start page of the first start stands in front of it, under the same title: the smaller one.
+    if (waitUntil([this] { return windowsOf(kTitle).size() > 1; }, 3)) {
+        std::string smallest;
+        int least = 0;
+        for (const std::string& window : windowsOf(kTitle)) {
+            const int width = placeOfWindow(window)[2];
+            if (smallest.empty() || width < least) {
+                smallest = window;
+                least = width;
+            }
+        }
+        const bool closed = waitUntil([&] {
+            xdotool({"windowactivate", "--sync", smallest});
+            key({"Escape"});
+            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+            return windowsOf(kTitle).size() == 1;
+        });
+        if (!closed) throw std::runtime_error("Escape does not close the start page");
+        inWindow(kTitle);
+    }
 }
 
 int GuiRun::waitForEnd() {
@@ -65,9 +91,18 @@ std::string GuiRun::xdotool(const std::vector<std::string>& words) const {
     return out;
 }
 
+std::vector<std::string> GuiRun::windowsOf(const std::string& title) const {
+    std::istringstream found(xdotool({"search", "--onlyvisible", "--name", title}));
+    std::vector<std::string> windows;
+    for (std::string number; std::getline(found, number);) {
+        if (placeOfWindow(number)[2] >= kLeastWidth) windows.push_back(number);
+    }
+    return windows;
+}
+
 std::string GuiRun::window(const std::string& title) const {
-    const std::string found = xdotool({"search", "--onlyvisible", "--name", title});
-    return found.substr(found.rfind('\n') + 1);
+    const std::vector<std::string> found = windowsOf(title);
+    return found.empty() ? std::string() : found.back();
 }
 
 bool GuiRun::waitUntil(const std::function<bool()>& condition, int seconds) {
@@ -102,8 +137,12 @@ void GuiRun::inWindow(const std::string& title) const {
 }
 
 std::vector<int> GuiRun::placeOf(const std::string& title) const {
+    return placeOfWindow(window(title));
+}
+
+std::vector<int> GuiRun::placeOfWindow(const std::string& window) const {
     // "X=1", "Y=2", "WIDTH=3", "HEIGHT=4" among others
-    std::istringstream lines(xdotool({"getwindowgeometry", "--shell", window(title)}));
+    std::istringstream lines(xdotool({"getwindowgeometry", "--shell", window}));
     std::vector<int> place(4);
     for (std::string line; std::getline(lines, line);) {
         const std::size_t equals = line.find('=');

@@ -23,7 +23,7 @@ public:
 private:
     Desktop();
     Screen screen_;
-    SessionBus bus_;
+    std::unique_ptr<SessionBus> bus_;
 };
 
 class GuiRun {
@@ -35,7 +35,7 @@ public:
     [[nodiscard]] const ConsoleRun& places() const { return places_; }
     void set(const std::vector<std::string>& settings) const;
 
-    // Starts, and waits for the main window. Throws where none comes.
+    // Starts, waits for the main window and puts the start page of a first start away. Throws where none comes.
     void start(const std::vector<std::string>& words = {});
     [[nodiscard]] bool isRunning() { return process_ != nullptr && process_->isRunning(); }
     // Until it has ended by itself; its status.
@@ -44,6 +44,7 @@ public:
     [[nodiscard]] const Reader& reader() const { return *reader_; }
 
     // --- what is on the screen
+    [[nodiscard]] std::vector<std::string> windowsOf(const std::string& title) const;
     // The number of the visible window with this title; empty for none.
     [[nodiscard]] std::string window(const std::string& title) const;
     // Waits for it and gives it the focus. Throws a sentence where it does not come.
@@ -51,6 +52,7 @@ public:
     [[nodiscard]] bool waitForWindow(const std::string& title) const;
     [[nodiscard]] bool waitForNoWindow(const std::string& title) const;
     [[nodiscard]] std::vector<int> placeOf(const std::string& title) const;  // x, y, width, height
+    [[nodiscard]] std::vector<int> placeOfWindow(const std::string& window) const;
 
     // --- what the user does; keys as xdotool names them
     void key(const std::vector<std::string>& keys) const;

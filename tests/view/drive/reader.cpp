@@ -1,6 +1,6 @@
 #include "view/drive/reader.h"
 
-#include <atspi/atspi.h>
+#include <gio/gio.h>
 
 #include <chrono>
 #include <functional>
@@ -12,150 +12,198 @@ namespace tidvane::tests {
 
 namespace {
 
-struct Unref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-using Object = std::unique_ptr<AtspiAccessible, Unref>;
+using Value = std::unique_ptr<GVariant, decltype(&g_variant_unref)>;
 
-bool hasState(AtspiAccessible* object, AtspiStateType state) {
-    AtspiStateSet* states = atspi_accessible_get_state_set(object);
-    if (states == nullptr) return false;
-    const bool is = atspi_state_set_contains(states, state) != 0;
-    g_object_unref(states);
-    return is;
+constexpr int kPatience = 5000;  // milliseconds for one answer
+constexpr const char* kRegistry = "org.a11y.atspi.Registry";
+constexpr const char* kRoot = "/org/a11y/atspi/accessible/root";
+
+// Numbers of states and roles, as the accessibility bus counts them.
+namespace state {
+constexpr unsigned kChecked = 4;
+constexpr unsigned kEnabled = 8;
+constexpr unsigned kFocusable = 11;
+constexpr unsigned kSensitive = 24;
+constexpr unsigned kShowing = 25;
+}  // namespace state
+namespace role {
+constexpr unsigned kTable = 55;
+constexpr unsigned kTreeTable = 66;
+}  // namespace role
+
+GDBusConnection* connectTo(const char* address) {
+    constexpr auto kFlags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    GDBusConnection* made = g_dbus_connection_new_for_address_sync(address, kFlags, nullptr, nullptr, nullptr);
+    if (made == nullptr) throw std::runtime_error(std::string("nobody answers at ") + address);
+    g_dbus_connection_set_exit_on_close(made, FALSE);
+    return made;
 }
 
-std::string nameOf(AtspiAccessible* object) {
-    gchar* name = atspi_accessible_get_name(object, nullptr);
-    std::string text = name == nullptr ? "" : name;
-    g_free(name);
-    return text;
-}
-
-// Answers true to stop.
-bool walk(AtspiAccessible* object, const std::function<bool(AtspiAccessible*)>& visit) {
-    const bool showing = hasState(object, ATSPI_STATE_SHOWING);
-    if (showing && visit(object)) return true;
-    const AtspiRole role = atspi_accessible_get_role(object, nullptr);
-    // The rows of a list may be very many, and nobody asks for them.
-    if (role == ATSPI_ROLE_TREE_TABLE || role == ATSPI_ROLE_TABLE) return false;
-    const int count = atspi_accessible_get_child_count(object, nullptr);
-    for (int at = 0; at < count; ++at) {
-        const Object child(atspi_accessible_get_child_at_index(object, at, nullptr));
-        if (child != nullptr && walk(child.get(), visit)) return true;
-    }
-    return false;
-}
-
-void walkProgram(int process, const std::function<bool(AtspiAccessible*)>& visit) {
-    const Object desktop(atspi_get_desktop(0));
-    atspi_accessible_set_cache_mask(desktop.get(), ATSPI_CACHE_NONE);
-    const int programs = atspi_accessible_get_child_count(desktop.get(), nullptr);
-    for (int at = 0; at < programs; ++at) {
-        const Object program(atspi_accessible_get_child_at_index(desktop.get(), at, nullptr));
-        if (program == nullptr ||
-            static_cast<int>(atspi_accessible_get_process_id(program.get(), nullptr)) != process) {
-            continue;
-        }
-        const int windows = atspi_accessible_get_child_count(program.get(), nullptr);
-        for (int window = 0; window < windows; ++window) {
-            const Object top(atspi_accessible_get_child_at_index(program.get(), window, nullptr));
-            if (top != nullptr && walk(top.get(), visit)) return;
-        }
-    }
-}
-
-Reader::Place placeOnScreen(AtspiAccessible* object) {
-    AtspiComponent* component = atspi_accessible_get_component_iface(object);
-    AtspiRect* rect =
-        component == nullptr ? nullptr : atspi_component_get_extents(component, ATSPI_COORD_TYPE_SCREEN, nullptr);
-    const Reader::Place place =
-        rect == nullptr ? Reader::Place{0, 0, 0, 0} : Reader::Place{rect->x, rect->y, rect->width, rect->height};
-    g_free(rect);
-    if (component != nullptr) g_object_unref(component);
-    return place;
+// Null for an error: what was there a moment ago may be gone.
+Value call(GDBusConnection* bus, const char* name, const char* path, const char* interface, const char* method,
+           GVariant* arguments) {
+    return {g_dbus_connection_call_sync(bus, name, path, interface, method, arguments, nullptr, G_DBUS_CALL_FLAGS_NONE,
+                                        kPatience, nullptr, nullptr),
+            &g_variant_unref};
 }
 
 }  // namespace
 
-struct Reader::Found {
-    Object object;
+// One object on the accessibility bus.
+struct Reader::Object {
+    GDBusConnection* bus = nullptr;
+    std::string name;
+    std::string path;
+
+    [[nodiscard]] Value ask(const char* interface, const char* method, GVariant* arguments = nullptr) const {
+        return call(bus, name.c_str(), path.c_str(), interface, method, arguments);
+    }
+    [[nodiscard]] std::string caption() const {
+        const Value answer =
+            ask("org.freedesktop.DBus.Properties", "Get", g_variant_new("(ss)", "org.a11y.atspi.Accessible", "Name"));
+        if (answer == nullptr) return {};
+        GVariant* boxed = nullptr;
+        g_variant_get(answer.get(), "(v)", &boxed);
+        const Value inner(boxed, &g_variant_unref);
+        return g_variant_get_string(boxed, nullptr);
+    }
+    [[nodiscard]] bool is(unsigned state) const {
+        const Value answer = ask("org.a11y.atspi.Accessible", "GetState");
+        if (answer == nullptr) return false;
+        const Value words(g_variant_get_child_value(answer.get(), 0), &g_variant_unref);
+        guint32 word = 0;
+        g_variant_get_child(words.get(), state / 32, "u", &word);
+        return (word >> state % 32 & 1U) != 0;
+    }
+    [[nodiscard]] unsigned role() const {
+        const Value answer = ask("org.a11y.atspi.Accessible", "GetRole");
+        guint32 number = 0;
+        if (answer != nullptr) g_variant_get(answer.get(), "(u)", &number);
+        return number;
+    }
+    [[nodiscard]] std::vector<Object> children() const {
+        std::vector<Object> all;
+        const Value answer = ask("org.a11y.atspi.Accessible", "GetChildren");
+        if (answer == nullptr) return all;
+        const Value list(g_variant_get_child_value(answer.get(), 0), &g_variant_unref);
+        for (gsize at = 0; at < g_variant_n_children(list.get()); ++at) {
+            const char* owner = nullptr;
+            const char* place = nullptr;
+            g_variant_get_child(list.get(), at, "(&s&o)", &owner, &place);
+            all.push_back({bus, owner, place});
+        }
+        return all;
+    }
+    [[nodiscard]] Place place() const {
+        constexpr guint32 kOfTheScreen = 0;
+        const Value answer = ask("org.a11y.atspi.Component", "GetExtents", g_variant_new("(u)", kOfTheScreen));
+        Place found{0, 0, 0, 0};
+        if (answer != nullptr) g_variant_get(answer.get(), "((iiii))", &found.x, &found.y, &found.width, &found.height);
+        return found;
+    }
 };
 
 Reader::Reader(int process) : process_(process) {
-    atspi_init();
-    atspi_set_timeout(3000, 3000);
+    const char* session = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+    GDBusConnection* bus = connectTo(session == nullptr ? "" : session);
+    const Value answer = call(bus, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", nullptr);
+    g_object_unref(bus);
+    if (answer == nullptr) throw std::runtime_error("there is no accessibility bus (at-spi2-core)");
+    const char* address = nullptr;
+    g_variant_get(answer.get(), "(&s)", &address);
+    bus_ = connectTo(address);
 }
-Reader::~Reader() = default;
 
-Reader::Found Reader::find(const std::string& name) const {
-    Found found;
-    walkProgram(process_, [&](AtspiAccessible* object) {
-        const AtspiRole role = atspi_accessible_get_role(object, nullptr);
-        if (role == ATSPI_ROLE_LABEL || role == ATSPI_ROLE_PANEL || !nameOf(object).starts_with(name)) return false;
-        found.object.reset(ATSPI_ACCESSIBLE(g_object_ref(object)));
+Reader::~Reader() {
+    g_object_unref(bus_);
+}
+
+// All that is seen of the program, windows first. A visit answers true to stop.
+void Reader::walk(const std::function<bool(const Object&)>& visit) const {
+    const std::function<bool(const Object&)> into = [&](const Object& object) {
+        if (!object.is(state::kShowing)) return false;
+        if (visit(object)) return true;
+        // The rows of a list may be very many, and nobody asks for them.
+        const unsigned role = object.role();
+        if (role == role::kTable || role == role::kTreeTable) return false;
+        for (const Object& child : object.children()) {
+            if (into(child)) return true;
+        }
+        return false;
+    };
+    for (const Object& program : Object{bus_, kRegistry, kRoot}.children()) {
+        const Value answer = call(bus_, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                  "GetConnectionUnixProcessID", g_variant_new("(s)", program.name.c_str()));
+        guint32 process = 0;
+        if (answer != nullptr) g_variant_get(answer.get(), "(u)", &process);
+        if (static_cast<int>(process) != process_) continue;
+        for (const Object& window : program.children()) {
+            if (into(window)) return;
+        }
+    }
+}
+
+std::unique_ptr<Reader::Object> Reader::find(const std::string& name) const {
+    std::unique_ptr<Object> found;
+    walk([&](const Object& object) {
+        if (!object.caption().starts_with(name) || !object.is(state::kFocusable)) return false;
+        found = std::make_unique<Object>(object);
         return true;
     });
     return found;
 }
 
-std::vector<std::string> Reader::names() const {
-    std::vector<std::string> all;
-    walkProgram(process_, [&](AtspiAccessible* object) {
-        if (const std::string name = nameOf(object); !name.empty()) all.push_back(name);
+Reader::Object Reader::waitFor(const std::string& name) const {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(15);
+    do {
+        if (const auto found = find(name)) return *found;
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    } while (std::chrono::steady_clock::now() < end);
+    std::string there;
+    walk([&](const Object& object) {
+        const std::string caption = object.caption();
+        if (!caption.empty()) there += "\n  " + caption + (object.is(state::kFocusable) ? "" : " (takes no focus)");
         return false;
     });
-    return all;
-}
-
-Reader::Found Reader::waitFor(const std::string& name) const {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(15);
-    while (true) {
-        Found found = find(name);
-        if (found.object != nullptr) return found;
-        if (std::chrono::steady_clock::now() > end) break;
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    }
-    std::string there;
-    for (const std::string& other : names()) there += "\n  " + other;
     throw std::runtime_error("nothing is called " + name + "; there is:" + there);
 }
 
 void Reader::focus(const std::string& name) const {
-    const Found found = waitFor(name);
-    AtspiComponent* component = atspi_accessible_get_component_iface(found.object.get());
-    const bool done = component != nullptr && atspi_component_grab_focus(component, nullptr) != 0;
-    if (component != nullptr) g_object_unref(component);
-    if (!done) throw std::runtime_error(name + " takes no focus");
+    const Value answer = waitFor(name).ask("org.a11y.atspi.Component", "GrabFocus");
+    gboolean done = FALSE;
+    if (answer != nullptr) g_variant_get(answer.get(), "(b)", &done);
+    if (done == FALSE) throw std::runtime_error(name + " takes no focus");
 }
 
 bool Reader::isTicked(const std::string& name) const {
-    return hasState(waitFor(name).object.get(), ATSPI_STATE_CHECKED);
+    return waitFor(name).is(state::kChecked);
 }
 
 std::string Reader::textOf(const std::string& name) const {
-    const Found found = waitFor(name);
-    AtspiText* box = atspi_accessible_get_text_iface(found.object.get());
-    if (box == nullptr) throw std::runtime_error(name + " holds no text");
-    gchar* text = atspi_text_get_text(box, 0, atspi_text_get_character_count(box, nullptr), nullptr);
-    std::string result = text == nullptr ? "" : text;
-    g_free(text);
-    g_object_unref(box);
-    return result;
+    constexpr gint32 kToTheEnd = -1;
+    const Value answer = waitFor(name).ask("org.a11y.atspi.Text", "GetText", g_variant_new("(ii)", 0, kToTheEnd));
+    if (answer == nullptr) throw std::runtime_error(name + " holds no text");
+    const char* text = nullptr;
+    g_variant_get(answer.get(), "(&s)", &text);
+    return text;
 }
 
 Reader::Place Reader::placeOf(const std::string& name) const {
-    return placeOnScreen(waitFor(name).object.get());
+    return waitFor(name).place();
 }
 
 Reader::Place Reader::columnTitle(int column) const {
     Place place{0, 0, 0, 0};
-    walkProgram(process_, [&](AtspiAccessible* object) {
-        AtspiTable* table = atspi_accessible_get_table_iface(object);
-        if (table == nullptr) return false;
-        const Object title(atspi_table_get_column_header(table, column, nullptr));
-        g_object_unref(table);
-        if (title != nullptr) place = placeOnScreen(title.get());
+    walk([&](const Object& object) {
+        const unsigned role = object.role();
+        if (role != role::kTable && role != role::kTreeTable) return false;
+        const Value answer = object.ask("org.a11y.atspi.Table", "GetColumnHeader", g_variant_new("(i)", column));
+        if (answer == nullptr) return false;
+        const char* owner = nullptr;
+        const char* path = nullptr;
+        g_variant_get(answer.get(), "((&s&o))", &owner, &path);
+        place = Object{bus_, owner, path}.place();
         return place.width > 0;
     });
     if (place.width == 0) throw std::runtime_error("no list with titles is to be seen");
@@ -163,12 +211,12 @@ Reader::Place Reader::columnTitle(int column) const {
 }
 
 bool Reader::has(const std::string& name) const {
-    return find(name).object != nullptr;
+    return find(name) != nullptr;
 }
 
 bool Reader::isEnabled(const std::string& name) const {
-    const Found found = find(name);
-    return found.object != nullptr && hasState(found.object.get(), ATSPI_STATE_ENABLED);
+    const auto found = find(name);
+    return found != nullptr && found->is(state::kEnabled) && found->is(state::kSensitive);
 }
 
 }  // namespace tidvane::tests

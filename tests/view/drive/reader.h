@@ -1,8 +1,11 @@
 // What a screen reader knows of the program: the controls by the names it would read out.
 #pragma once
 
+#include <gio/gio.h>
+
+#include <functional>
+#include <memory>
 #include <string>
-#include <vector>
 
 namespace tidvane::tests {
 
@@ -33,12 +36,13 @@ public:
     [[nodiscard]] bool isEnabled(const std::string& name) const;
 
 private:
-    struct Found;
-    [[nodiscard]] Found find(const std::string& name) const;
-    [[nodiscard]] Found waitFor(const std::string& name) const;
-    [[nodiscard]] std::vector<std::string> names() const;
+    struct Object;
+    void walk(const std::function<bool(const Object&)>& visit) const;
+    [[nodiscard]] std::unique_ptr<Object> find(const std::string& name) const;
+    [[nodiscard]] Object waitFor(const std::string& name) const;
 
     int process_;
+    GDBusConnection* bus_;
 };
 
 }  // namespace tidvane::tests
