@@ -19,6 +19,7 @@ constexpr const char* kSearchQuery = "/search?hl=en&lr=&ie=ISO-8859-1&q=";
 }  // namespace
 
 frmPlugsInfo::frmPlugsInfo(settings::Program& program) : Form(kName), program_(program) {
+    Caption.design("Tidvane");  // until a plug-in gives it its title
     txtPlugEditor_g.Visible.design(false);
     chkEnableEnglishPlugsDesc.Click.connect([this] {
         chkEnableEnglishPlugsDesc.Caption = chkEnableEnglishPlugsDesc.ticked() ? kDisableEnglish : kEnableEnglish;

@@ -37,6 +37,10 @@ void layoutFrmDiskSizeStats(FormWindow& window) {
     wxWindow* gain = window.link(body, form.lblFreedSpace);
     gain->SetFont(gain->GetFont().Bold().Scaled(kGainSize));
     grid->Add(gain, 0, wxALIGN_CENTRE_VERTICAL);
+    // Before the first run it has no words of its own.
+    window.whenever(form.lblFreedSpace, [gain, &form] {
+        if (form.lblFreedSpace.Caption.get().empty()) nameForReaders(gain, form.lblDiskSizeFreed.Caption);
+    });
 
     wxWindow* log = window.lines(body, form.txtLog, {}, &form.lblDiskSizeFreed);
     log->SetMinSize(body->FromDIP(wxSize(200, 60)));
