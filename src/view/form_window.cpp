@@ -10,6 +10,10 @@
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 #include <algorithm>
 #include <cctype>
 #include <utility>
@@ -19,6 +23,22 @@
 #include "view/text.h"
 
 namespace tidvane::view {
+
+namespace {
+
+// Of the window manager's frame, which is what is moved. The toolkit's own answer is at times that of what lies inside.
+wxPoint placeOf(const wxTopLevelWindow* native) {
+#ifdef __WXGTK__
+    if (GdkWindow* drawn = gtk_widget_get_window(native->GetHandle())) {
+        GdkRectangle frame;
+        gdk_window_get_frame_extents(drawn, &frame);
+        return {frame.x, frame.y};
+    }
+#endif
+    return native->GetPosition();
+}
+
+}  // namespace
 
 // The window itself: its title, its rectangle, its state.
 class RectangleBinding final : public Binding {
@@ -47,7 +67,7 @@ public:
     void sample() override {
         if (!window_.isShown() || window_.rectangleIsNoted()) return;
         // Told once: a form that wants another size gets it from the window manager in a while.
-        const wxRect now(window_.native_->GetPosition(), window_.native_->GetClientSize());
+        const wxRect now(placeOf(window_.native_), window_.native_->GetClientSize());
         if (now == sampled_) return;
         sampled_ = now;
         window_.noteRectangle();
@@ -305,7 +325,7 @@ void FormWindow::onEscape(std::function<void()> what) {
 bool FormWindow::rectangleIsNoted() const {
     if (native_->IsIconized()) return form_.State == forms::WindowState::Minimized;
     if (native_->IsMaximized()) return form_.State == forms::WindowState::Maximized;
-    const wxPoint place = native_->GetPosition();
+    const wxPoint place = placeOf(native_);
     const wxSize size = native_->GetClientSize();
     return form_.Left == toTwips(place.x, native_) && form_.Top == toTwips(place.y, native_) &&
            form_.Width == toTwips(size.x, native_) && form_.Height == toTwips(size.y, native_);
@@ -319,7 +339,7 @@ void FormWindow::noteRectangle() {
                      : native_->IsMaximized() ? forms::WindowState::Maximized
                                               : forms::WindowState::Normal;
         if (form.State != forms::WindowState::Normal) return;
-        const wxPoint place = native_->GetPosition();
+        const wxPoint place = placeOf(native_);
         // The size inside the window manager's frame: what is stored is what comes back.
         const wxSize size = native_->GetClientSize();
         noting_ = true;

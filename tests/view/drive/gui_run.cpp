@@ -190,11 +190,13 @@ void GuiRun::closeBox(const std::string& title) const {
     key({"alt+F4"});
 }
 
-std::string GuiRun::setting(const std::string& key) const {
+std::string GuiRun::setting(const std::string& key, const std::string& section) const {
     std::istringstream lines(places_.programFile("td_config.ini"));
+    bool inside = false;
     for (std::string line; std::getline(lines, line);) {
         if (line.ends_with('\r')) line.pop_back();
-        if (line.starts_with(key + "=")) return line.substr(key.size() + 1);
+        if (line.starts_with('[')) inside = line == "[" + section + "]";
+        if (inside && line.starts_with(key + "=")) return line.substr(key.size() + 1);
     }
     return "<none>";
 }

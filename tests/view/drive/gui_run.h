@@ -64,7 +64,8 @@ public:
     std::string xdotool(const std::vector<std::string>& words) const;
 
     // --- what is left behind
-    [[nodiscard]] std::string setting(const std::string& key) const;  // of td_config.ini, "<none>" for none
+    // Of td_config.ini; "<none>" for none.
+    [[nodiscard]] std::string setting(const std::string& key, const std::string& section = "frmOptions") const;
     static bool waitUntil(const std::function<bool()>& condition, int seconds = 20);
 
 private:
