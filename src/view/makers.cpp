@@ -103,6 +103,8 @@ public:
         for (std::size_t at = 0; at < shown_.size(); ++at) {
             const wxString caption = toNative(strip_.TabCaption(shown_[at]));
             if (book_->GetPageText(at) != caption) book_->SetPageText(at, caption);
+            // A page that holds nothing to use is focused itself.
+            nameForReaders(pages_[static_cast<std::size_t>(shown_[at])], strip_.TabCaption(shown_[at]));
             if (strip_.Tab == shown_[at] && book_->GetSelection() != static_cast<int>(at)) book_->ChangeSelection(at);
         }
     }
