@@ -12,6 +12,8 @@ public:
     void SetLabel(const wxString& label) override;
     // Without words there is nothing to click.
     bool AcceptsFocus() const override { return !GetLabel().empty() && wxControl::AcceptsFocus(); }
+    // Its place in the order of the keyboard is found before it has its words, and stays.
+    bool AcceptsFocusFromKeyboard() const override { return wxControl::AcceptsFocus(); }
 
 protected:
     wxSize DoGetBestClientSize() const override;
