@@ -614,10 +614,11 @@ TEST_F(Bindings, theRowOfAListViewIsSelectedInBothDirections) {
     programDoes([this] { form.lsvOne.setSelected("c"); });
     auto* rows = dynamic_cast<wxDataViewVirtualListModel*>(list->GetModel());
     EXPECT_EQ(rows->GetRow(list->GetSelection()), 2u);
-    focus(form.lsvOne);
-    letRun(100);
-    typeKey(WXK_UP);
-    EXPECT_TRUE(form.lsvOne.item("b")->selected);
+    click(list, inRow(list, 0));
+    EXPECT_TRUE(form.lsvOne.item("a")->selected);
+    EXPECT_FALSE(form.lsvOne.item("c")->selected);
+    typeKey(WXK_DOWN);
+    EXPECT_TRUE(letRunUntil([this] { return form.lsvOne.item("b")->selected; }));
     EXPECT_FALSE(form.lsvOne.item("c")->selected);
 }
 

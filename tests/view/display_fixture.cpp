@@ -18,7 +18,6 @@ namespace {
 
 std::function<void()> idleWork;
 std::vector<std::string> complaints;
-std::vector<std::function<void()>> lastThings;
 
 class TestApp final : public wxApp {
 public:
@@ -83,17 +82,12 @@ void DisplayEnvironment::SetUp() {
 void DisplayEnvironment::TearDown() {
     if (wxTheApp == nullptr) return;
     idleWork = {};
-    for (const auto& what : std::exchange(lastThings, {})) what();
     letRun(10);
     state_->active.reset();
     state_->outer.reset();
     wxTheApp->OnExit();
     wxEntryCleanup();
     state_->screen.reset();
-}
-
-void beforeTheEnd(std::function<void()> what) {
-    lastThings.push_back(std::move(what));
 }
 
 void letRun(int milliseconds) {

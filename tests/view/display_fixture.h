@@ -27,9 +27,6 @@ private:
     std::unique_ptr<State> state_;
 };
 
-// Done behind the last test, while the toolkit is still there: for windows that several tests share.
-void beforeTheEnd(std::function<void()> what);
-
 // Lets the toolkit's own loop run: events, timers, idle work.
 void letRun(int milliseconds);
 // Until it holds, at most this long. False: it never did.

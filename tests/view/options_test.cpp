@@ -35,7 +35,8 @@ protected:
         layout->layout(*window);
         window->finish();
         window->show(true);
-        ASSERT_TRUE(letRunUntil([this] { return window->native()->IsActive(); })) << "the window gets no focus";
+        bringToFront(window->native());
+        ASSERT_TRUE(letRunUntil([this] { return isActive(window->native()); })) << "the window gets no focus";
         letRun(60);
     }
     void TearDown() override {
