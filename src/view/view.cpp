@@ -15,7 +15,9 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kFrame{33};         // between two paintings of a program that works
+constexpr milliseconds kFrame{33};  // between two paintings of a program that works
+constexpr milliseconds kLongestFrame{250};
+constexpr int kPaintingShare = 5;          // between two paintings lies as many times what the last one took
 constexpr milliseconds kBetweenEvents{5};  // a stop is heard at the next pump behind these
 constexpr int kRounds = 8;                 // of polling timers that change what other timers poll
 
@@ -34,7 +36,7 @@ void Binding::touched() {
     view_.mark(*this);
 }
 
-View::View() : lastPaint_(Clock::now()), lastEvents_(lastPaint_) {}
+View::View() : nextPaint_(Clock::now() + kFrame), lastEvents_(Clock::now()) {}
 View::~View() = default;
 
 void View::act(const std::function<void()>& what) {
@@ -164,21 +166,32 @@ void View::settle() {
 void View::breathe() {
     if (breathing_ || pulling_ || still_ > 0) return;
     const Clock::time_point now = Clock::now();
-    if (now - lastPaint_ < kFrame) return;
+    if (now < nextPaint_) return;
     const Raised raised(breathing_);
     pullMarked();
     if (auto* loop = wxEventLoopBase::GetActive(); loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_UI);
-    lastPaint_ = Clock::now();
+    painted(now);
+}
+
+// A log that grows by thousands of lines is laid out anew for each painting: the work goes before it.
+void View::painted(Clock::time_point begin) {
+    const Clock::time_point end = Clock::now();
+    const Clock::duration pause = kPaintingShare * (end - begin);
+    nextPaint_ = end + std::clamp<Clock::duration>(pause, kFrame, kLongestFrame);
 }
 
 void View::letEventsIn() {
     const Clock::time_point now = Clock::now();
     if (now - lastEvents_ < kBetweenEvents || breathing_ || pulling_) return;
     catchUp();
-    settle();
+    const bool paints = now >= nextPaint_;
+    if (paints) settle();
     if (auto* loop = wxEventLoopBase::GetActive(); loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_ALL);
-    settle();
-    lastEvents_ = lastPaint_ = Clock::now();
+    if (paints) {
+        settle();
+        painted(now);
+    }
+    lastEvents_ = Clock::now();
 }
 
 }  // namespace tidvane::view

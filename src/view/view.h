@@ -117,6 +117,7 @@ private:
     };
 
     void pullMarked();
+    void painted(Clock::time_point begin);
     void catchUp();
     void beQuiet();
     bool firePolls();
@@ -134,7 +135,7 @@ private:
     bool pulling_ = false;
     bool breathing_ = false;
     bool changed_ = false;
-    Clock::time_point lastPaint_;
+    Clock::time_point nextPaint_;  // not before
     Clock::time_point lastEvents_;
 };
 
