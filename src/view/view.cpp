@@ -44,6 +44,8 @@ void View::act(const std::function<void()>& what) {
     if (pulling_ || breathing_) return;
     ++depth_;
     changed_ = true;
+    // What a handler reads is what the user sees, also what no event has told of.
+    if (depth_ == 1) sample();
     try {
         what();
     } catch (const base::RuntimeError& error) {
@@ -116,13 +118,19 @@ void View::pullMarked() {
     for (const auto& layout : layouts) layout();
 }
 
+void View::sample() {
+    // A binding that is noted may close its window, and with it go bindings of this list.
+    const std::vector<std::weak_ptr<Binding>> now = bindings_;
+    for (const auto& weak : now) {
+        if (const auto binding = weak.lock()) binding->sample();
+    }
+}
+
 // False: nobody had to look.
 bool View::firePolls() {
     if (!changed_) return false;
     changed_ = false;
-    for (const auto& weak : bindings_) {
-        if (const auto binding = weak.lock()) binding->sample();
-    }
+    sample();
     std::erase_if(polls_, [](const Poll& poll) { return poll.alive.expired(); });
     // A timer's handler may close its window, and with it go timers of this list.
     const std::vector<Poll> now = polls_;

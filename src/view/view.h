@@ -117,6 +117,7 @@ private:
     };
 
     void pullMarked();
+    void sample();
     void painted(Clock::time_point begin);
     void catchUp();
     void beQuiet();

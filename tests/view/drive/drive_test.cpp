@@ -141,7 +141,7 @@ TEST_F(Drive, theCloseBoxPutsTheProgramIntoTheTrayAndADoubleClickBringsItBack) {
     ASSERT_TRUE(GuiRun::waitUntil([&tray] { return tray.icons() == 1; }));
     EXPECT_TRUE(gui.isRunning());
     pause(300);
-    gui.xdotool({"mousemove", "16", "16", "click", "--repeat", "2", "--delay", "80", "1"});
+    gui.xdotool({"mousemove", "16", "16", "sleep", "0.3", "click", "--repeat", "2", "--delay", "80", "1"});
     ASSERT_TRUE(gui.waitForWindow(kMain));
     EXPECT_TRUE(GuiRun::waitUntil([&tray] { return tray.icons() == 0; })) << "the icon goes when the window comes";
     leave();
