@@ -33,10 +33,10 @@ options-further       English frmOptions         SSTab1=4
 options-settings      English frmOptions         SSTab1=5
 options-log           English frmOptions         SSTab1=5 SSTab4=1
 options-safety        English frmOptions         SSTab1=5 SSTab4=3
-results               English frmDiskSizeStats
+results               English frmDiskSizeStats   run
 search                English frmManualSearch
 masks                 English frmSearchMasks
-plug-in               English frmPlugsInfo
+plug-in               English frmPlugsInfo       mnuPlugInfo
 cache                 English frmIECache
 cookies               English frmIECookies
 age                   English frmTempAge
@@ -47,6 +47,9 @@ start-page            English frmStarter
 addresses             English frmResources
 widget                English frmWidget
 '
+
+# What a run cleans in the pictures.
+ticks='chkActivateOwnFolder chkRecentDocuments chkRunList chkTempFolder chkUserTemp chkPrefetchFolder chkLastSaveOpen chkTrash chkIECache chkEnableEnglishPlugsDesc'
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/tidvane-pictures-XXXXXX")
 server= manager= shown=
@@ -70,14 +73,20 @@ until [ -e "$work/ready" ]; do sleep 0.1; done
 sample() { # a machine and a program folder in this language
     rm -rf "$work/machine" "$work/program"
     "$build/src/tidvane-console" --program "$work/program" machine create "$work/machine" --sample >/dev/null 2>&1
-    "$build/src/tidvane-console" --machine "$work/machine" --program "$work/program" \
-        settings --set txtPurgeSpeed=0 --save >/dev/null 2>&1
+    # shellcheck disable=SC2046
+    "$build/src/tidvane-console" --machine "$work/machine" --program "$work/program" settings \
+        $(printf -- '--set %s=1 ' $ticks) --set txtPurgeSpeed=0 --set chkDisksizeInfo=0 --save >/dev/null 2>&1
+    # No start page, as behind the first start.
+    printf '#2009-11-02#\r\n#07:05:09#\r\n' >"$work/program/td_last.dat"
     [ "$1" = English ] || { rm "$work"/program/*.lng; cp "$root"/data/languages/*"($1).lng" "$work/program"; }
 }
 
-picture() { # NAME: of the window that came last
+picture() { # NAME: of the smaller one where the main window lies behind it
     local window
-    window=$(xdotool search --onlyvisible --pid "$shown" | tail -n 1)
+    window=$(for window in $(xdotool search --onlyvisible --pid "$shown"); do
+        xdotool getwindowgeometry --shell "$window" | awk -F= -v id="$window" \
+            '$1 == "WIDTH" {w = $2} $1 == "HEIGHT" {h = $2} END {if (w > 60) print w * h, id}'
+    done | sort -n | awk 'NR == 1 {print $2}')
     import -window "$window" "$work/$1.png"
     convert "$work/$1.png" -strip -define png:compression-level=9 -define png:compression-filter=5 "$out/$1.png"
     printf '%s: %s\n' "$1" "$(identify -format '%wx%h, %b' "$out/$1.png")"
