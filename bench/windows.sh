@@ -27,7 +27,7 @@ for program in "$console" "$windows" "$paint"; do
 done
 [ -n "$work" ] || work=$(mktemp -d /var/tmp/tidvane-bench.XXXXXX)
 
-server= manager= program=
+server='' manager='' program=''
 finish() {
   for process in $program $manager $server; do kill "$process" 2>/dev/null || true; done
   [ -z "$server" ] || wait "$server" 2>/dev/null || true

@@ -52,7 +52,7 @@ widget                English frmWidget
 ticks='chkActivateOwnFolder chkRecentDocuments chkRunList chkTempFolder chkUserTemp chkPrefetchFolder chkLastSaveOpen chkTrash chkIECache chkEnableEnglishPlugsDesc'
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/tidvane-pictures-XXXXXX")
-server= manager= shown=
+server='' manager='' shown=''
 finish() {
     for process in $shown $manager $server; do kill "$process" 2>/dev/null || true; done
     rm -rf "$work"
@@ -73,7 +73,7 @@ until [ -e "$work/ready" ]; do sleep 0.1; done
 sample() { # a machine and a program folder in this language
     rm -rf "$work/machine" "$work/program"
     "$build/src/tidvane-console" --program "$work/program" machine create "$work/machine" --sample >/dev/null 2>&1
-    # shellcheck disable=SC2046
+    # shellcheck disable=SC2046,SC2086
     "$build/src/tidvane-console" --machine "$work/machine" --program "$work/program" settings \
         $(printf -- '--set %s=1 ' $ticks) --set txtPurgeSpeed=0 --set chkDisksizeInfo=0 --save >/dev/null 2>&1
     # No start page, as behind the first start.
