@@ -24,12 +24,6 @@ struct Session {
     bool preview = false;
 };
 
-// The services with others in the place of these.
-platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
-                           platform::EventPump& events);
-platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
-                           platform::EventPump& events, platform::Clock& clock);
-
 // The start, the settings of the options, the clean button, the end.
 int runCommand(Session& session, const Options& options);
 // One line a step: number, group, gate, tick, row, name. Nothing is started and nothing cleaned.

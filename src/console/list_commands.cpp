@@ -17,6 +17,7 @@
 #include "console/stored_windows.h"
 #include "console/watched_profiles.h"
 #include "frontend/guards.h"
+#include "frontend/own_services.h"
 #include "settings/modFormINI.h"
 
 namespace tidvane::console {
@@ -74,7 +75,7 @@ int settingsCommand(Session& session, const Options& options) {
     if (options.save && !lock.take()) return exit_status::MachineUnusable;
     ConsoleDisplay display(session.err, options.answerYes);
     WatchedProfiles profiles(session.platform.profiles);
-    settings::Program program(withOwn(session.platform, profiles, session.platform.events), display);
+    settings::Program program(frontend::withOwn(session.platform, {.profiles = &profiles}), display);
     app::offerWindowsWithoutMain(program);
     loadLanguages(program);
     frontend::warnOfMissingTexts(program, display);

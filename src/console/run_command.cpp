@@ -20,6 +20,7 @@
 #include "console/watched_profiles.h"
 #include "frontend/confirmations.h"
 #include "frontend/guards.h"
+#include "frontend/own_services.h"
 #include "frontend/removed.h"
 #include "settings/frmOptions.h"
 
@@ -37,7 +38,9 @@ public:
           noPauses_(session.platform.clock),
           pump_(session.platform.events),
           display_(session.err, options.answerYes, options.preview),
-          program_(withOwn(session.platform, profilesFor(options), pump_, clockFor(options)), display_),
+          program_(frontend::withOwn(session.platform,
+                                     {&profilesFor(options), nullptr, nullptr, &clockFor(options), &pump_}),
+                   display_),
           before_(session.platform.removed.totals),
           entries_(session.platform.removed, options.details) {
         session_.warn = [this](const std::string& line) { display_.warn(line); };
@@ -148,7 +151,7 @@ int Run::allow(settings::Program& program, const std::string& why) {
 int Run::rehearse() {
     std::ostream nowhere(nullptr);
     ConsoleDisplay unseen(nowhere, options_.answerYes);
-    settings::Program program(withOwn(session_.platform, unsaved_, session_.platform.events), unseen);
+    settings::Program program(frontend::withOwn(session_.platform, {.profiles = &unsaved_}), unseen);
     app::offerWindowsWithoutMain(program);
     loadLanguages(program);
     const std::vector<std::string> plugIns =
@@ -296,30 +299,6 @@ int Run::run() {
 }
 
 }  // namespace
-
-platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
-                           platform::EventPump& events) {
-    return withOwn(platform, profiles, events, platform.clock);
-}
-
-platform::Platform withOwn(const platform::Platform& platform, platform::ProfileFiles& profiles,
-                           platform::EventPump& events, platform::Clock& clock) {
-    return {platform.files,
-            profiles,
-            platform.registry,
-            platform.shell,
-            platform.processes,
-            platform.session,
-            platform.environment,
-            platform.browserCache,
-            platform.system,
-            platform.network,
-            platform.restorePoints,
-            platform.scriptHost,
-            clock,
-            events,
-            platform.removed};
-}
 
 int runCommand(Session& session, const Options& options) {
     // Before the settings are looked at: the program's own start would take it only behind most of its work.

@@ -3,6 +3,7 @@
 #include "app/all_windows.h"
 #include "console/stored_windows.h"
 #include "frontend/guards.h"
+#include "frontend/own_services.h"
 
 namespace tidvane::console {
 
@@ -14,8 +15,9 @@ ToolProgram::ToolProgram(Session& session, const Options& options, platform::Eve
       unsaved_(session.platform.profiles),
       noPauses_(session.platform.clock),
       display_(session.err, options.answerYes, options.preview),
-      program_(withOwn(session.platform, unsaved_, events,
-                       options.preview ? static_cast<platform::Clock&>(noPauses_) : session.platform.clock),
+      program_(frontend::withOwn(
+                   session.platform,
+                   {.profiles = &unsaved_, .clock = options.preview ? &noPauses_ : nullptr, .events = &events}),
                display_) {
     session_.warn = [this](const std::string& line) { display_.warn(line); };
     app::offerWindowsWithoutMain(program_);

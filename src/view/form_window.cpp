@@ -7,7 +7,6 @@
 #include <wx/dialog.h>
 #include <wx/frame.h>
 #include <wx/radiobut.h>
-#include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #ifdef __WXGTK__
@@ -297,18 +296,15 @@ void FormWindow::defaultButton(wxWindow* button) {
         const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
         wxWindow* usual = native_ == nullptr ? nullptr : native_->GetDefaultItem();
         wxWindow* focus = wxWindow::FindFocus();
-        const auto* text = dynamic_cast<wxTextCtrl*>(focus);
         const bool simple = dynamic_cast<wxCheckBox*>(focus) != nullptr ||
                             dynamic_cast<wxRadioButton*>(focus) != nullptr ||
                             dynamic_cast<wxChoice*>(focus) != nullptr || focus == nullptr || focus == body_;
-        if (!enter || event.HasAnyModifiers() || usual == nullptr || text != nullptr || !simple ||
-            !usual->IsEnabled() || !usual->IsShownOnScreen()) {
+        if (!enter || event.HasAnyModifiers() || usual == nullptr || !simple || !usual->IsEnabled() ||
+            !usual->IsShownOnScreen()) {
             event.Skip();
             return;
         }
-        wxCommandEvent press(wxEVT_BUTTON, usual->GetId());
-        press.SetEventObject(usual);
-        usual->ProcessWindowEvent(press);
+        pressButton(*usual);
     });
 }
 
@@ -383,9 +379,7 @@ void FormWindow::chooseMnemonics() {
             return;
         }
         button->SetFocus();
-        wxCommandEvent press(wxEVT_BUTTON, button->GetId());
-        press.SetEventObject(button);
-        button->ProcessWindowEvent(press);
+        pressButton(*button);
     });
 }
 

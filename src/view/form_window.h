@@ -232,6 +232,9 @@ wxBoxSizer* column(const wxWindow* scale, std::initializer_list<Cell> cells, int
 // Puts the sizer into the window with the edge around it.
 void fillWindow(wxWindow* window, wxSizer* content, int edge = kEdge);
 
+// As a click of its user does.
+void pressButton(wxWindow& button);
+
 // What screen readers say for a widget that has no caption of its own.
 void nameForReaders(wxWindow* widget, const std::string& name);
 

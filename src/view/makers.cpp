@@ -10,7 +10,6 @@
 #include <wx/settings.h>
 #include <wx/simplebook.h>
 #include <wx/statbmp.h>
-#include <wx/statline.h>
 #include <wx/statusbr.h>
 
 #include "view/binding/bindings.h"
@@ -130,6 +129,12 @@ void pressed(FormWindow& window, wxWindow* widget, Model& button) {
 
 }  // namespace
 
+void pressButton(wxWindow& button) {
+    wxCommandEvent press(wxEVT_BUTTON, button.GetId());
+    press.SetEventObject(&button);
+    button.ProcessWindowEvent(press);
+}
+
 wxColour toColour(unsigned colour) {
     constexpr unsigned kSystem = 0x80000000u;
     if (colour < kSystem) {
@@ -188,9 +193,7 @@ wxWindow* FormWindow::entry(wxWindow* parent, forms::TextBox& box, const forms::
             event.Skip();
             return;
         }
-        wxCommandEvent press(wxEVT_BUTTON, usual->GetId());
-        press.SetEventObject(usual);
-        usual->ProcessWindowEvent(press);
+        pressButton(*usual);
     });
     adopt(box, widget, label);
     bind(box, std::make_shared<TextBinding>(view_, box, widget, false));
@@ -350,9 +353,7 @@ wxWindow* FormWindow::button(wxWindow* parent, forms::Menu& entry, const std::st
     widget->Bind(wxEVT_BUTTON, [this, &entry](wxCommandEvent&) { view_.act([&entry] { entry.Click(); }); });
     adopt(entry, widget);
     whenever(entry, [this, widget, &entry] {
-        if (widget->GetLabel() == toNative(entry.Caption.get())) return;
-        setLabel(widget, toNative(entry.Caption.get()));
-        layoutSoon();
+        if (setLabel(widget, toNative(entry.Caption.get()))) layoutSoon();
     });
     return widget;
 }

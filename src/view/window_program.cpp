@@ -5,32 +5,13 @@
 #include "app/all_windows.h"
 #include "app/frmMain.h"
 #include "base/text.h"
+#include "frontend/own_services.h"
 #include "settings/frmStarter.h"
 #include "view/tray/model_tray.h"
 
 namespace tidvane::view {
 
 namespace {
-
-// The services with the windows' own clock, pump, shell and processes in the place of the platform's.
-platform::Platform withOwn(const platform::Platform& platform, platform::Clock& clock, platform::EventPump& events,
-                           platform::Shell& shell, platform::Processes& processes) {
-    return {platform.files,
-            platform.profiles,
-            platform.registry,
-            shell,
-            processes,
-            platform.session,
-            platform.environment,
-            platform.browserCache,
-            platform.system,
-            platform.network,
-            platform.restorePoints,
-            platform.scriptHost,
-            clock,
-            events,
-            platform.removed};
-}
 
 constexpr int kLongestStill = 33;  // milliseconds without a painting
 
@@ -68,7 +49,7 @@ WindowProgram::WindowProgram(const platform::Platform& platform)
       pump_(platform.events, view_),
       shell_(platform.shell),
       processes_(platform.processes, platform.system),
-      program_(withOwn(platform, clock_, pump_, shell_, processes_), display_) {
+      program_(frontend::withOwn(platform, {nullptr, &shell_, &processes_, &clock_, &pump_}), display_) {
     app::offerAllWindows(program_);
     display_.setWindows(program_.windows);
     connectTray(display_, program_);
@@ -83,8 +64,7 @@ WindowProgram::~WindowProgram() = default;
 bool WindowProgram::start() {
     view_.act([this] {
         auto& main = program_.get<app::frmMain>();
-        if (program_.ended() || main.secondInstance()) return;
-        if (display_.wasHidden(main)) return;
+        if (main.startsHidden()) return;
         display_.Show(main, nullptr, false);
         // The start page of a first start stands in front of it, and has the keyboard.
         FormWindow* starter = display_.ifOpen(settings::frmStarter::kName);

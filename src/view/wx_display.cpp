@@ -61,13 +61,7 @@ FormWindow* WxDisplay::windowOf(forms::Form& form, const forms::Form* ownedBy) {
     return window;
 }
 
-bool WxDisplay::wasHidden(const forms::Form& form) const {
-    const auto found = hidden_.find(&form);
-    return found != hidden_.end() && found->second;
-}
-
 void WxDisplay::Show(forms::Form& form, forms::Form* owner, bool modal) {
-    hidden_[&form] = false;
     FormWindow* window = windowOf(form, owner);
     if (window == nullptr) return;
     form.Visible = true;
@@ -81,14 +75,12 @@ void WxDisplay::Show(forms::Form& form, forms::Form* owner, bool modal) {
 }
 
 void WxDisplay::Hide(forms::Form& form) {
-    hidden_[&form] = true;
     form.Visible = false;
     const auto found = open_.find(&form);
     if (found != open_.end()) found->second->show(false);
 }
 
 void WxDisplay::Forget(forms::Form& form) {
-    hidden_.erase(&form);
     topmost_.erase(&form);
     const auto found = open_.find(&form);
     if (found == open_.end()) return;

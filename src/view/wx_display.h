@@ -27,8 +27,6 @@ public:
     FormWindow* ifOpen(const std::string& form) const;
     // True once a window is or was on the screen.
     [[nodiscard]] bool shownOnce() const { return shownOnce_; }
-    // True when the program has said that a form is not to be seen: it was hidden last, and not shown.
-    [[nodiscard]] bool wasHidden(const forms::Form& form) const;
     [[nodiscard]] bool ended() const { return ended_; }
     // Behind the end of the program.
     std::function<void()> onEnd;
@@ -79,7 +77,6 @@ private:
     View& view_;
     forms::Windows* windows_ = nullptr;
     std::map<const forms::Form*, std::unique_ptr<FormWindow>> open_;
-    std::map<const forms::Form*, bool> hidden_;
     std::map<const forms::Form*, bool> topmost_;
     std::unique_ptr<Tray> tray_;
     bool trayShown_ = false;

@@ -97,16 +97,6 @@ private:
     std::vector<Width> widths_;  // of the columns
 };
 
-// Anything simpler.
-class PullBinding final : public Binding {
-public:
-    PullBinding(View& view, std::function<void()> what) : Binding(view), what_(std::move(what)) {}
-    void pull() override { what_(); }
-
-private:
-    std::function<void()> what_;
-};
-
 // The toolkit's colour for a colour of the model: blue, green, red, or from 0x80000000 on one of the system's.
 wxColour toColour(unsigned colour);
 
