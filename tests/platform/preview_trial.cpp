@@ -130,8 +130,12 @@ PreviewTrial::PreviewTrial(const HostDirectory& host) : host_(host) {
     reset();
 }
 
+PreviewTrial::~PreviewTrial() {
+    unseal(host_.path());
+}
+
 void PreviewTrial::reset() {
-    unseal(caseFolder());
+    unseal(host_.path());
     std::error_code ignored;
     fs::remove_all(caseFolder(), ignored);
     fs::remove_all(host_ / "machine/drive_c/$Recycle.Bin", ignored);

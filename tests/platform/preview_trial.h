@@ -43,6 +43,10 @@ class PreviewTrial {
 public:
     // An embedded machine in the directory, and the program's folder beside it.
     explicit PreviewTrial(const HostDirectory& host);
+    // Takes the seals off wherever they went, for instance into the bin, so that the directory can be removed.
+    ~PreviewTrial();
+    PreviewTrial(const PreviewTrial&) = delete;
+    PreviewTrial& operator=(const PreviewTrial&) = delete;
 
     // Where the trees of a trial lie: "C:\Case" and its place on the host.
     static constexpr const char* kCase = "C:\\Case";
