@@ -17,6 +17,7 @@
 #include "view/icons.h"
 #include "view/painters/explorer_pane.h"
 #include "view/painters/link_label.h"
+#include "view/painters/painting.h"
 #include "view/painters/themed_button.h"
 #include "view/text.h"
 
@@ -25,6 +26,17 @@ namespace tidvane::view {
 namespace {
 
 constexpr unsigned kWindowText = 0x80000008u;
+
+// Behind tips. Desktops that show dark tips on light windows have no such colour for what lies in a window: there it is
+// the yellow that tips used to have.
+wxColour tipColour() {
+    const wxColour tip = wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK);
+    const bool fits = tip.Alpha() == wxALPHA_OPAQUE && (tip.GetLuminance() < 0.5) == darkDesktop();
+    if (fits) return tip;
+    const wxColour yellow(0xFF, 0xFF, 0xE1);
+    constexpr double kDimmed = 0.82;  // a dark desktop gets a shade of it
+    return darkDesktop() ? mixed(yellow, *wxBLACK, kDimmed) : yellow;
+}
 
 // True: the label has changed.
 bool setLabel(wxWindow* widget, const wxString& caption) {
@@ -143,6 +155,7 @@ wxColour toColour(unsigned colour) {
     }
     // The system's numbers and the toolkit's agree up to the last of the classic ones.
     const unsigned number = colour & 0xFFu;
+    if (number == wxSYS_COLOUR_INFOBK) return tipColour();
     return wxSystemSettings::GetColour(number <= wxSYS_COLOUR_MAX ? static_cast<wxSystemColour>(number)
                                                                   : wxSYS_COLOUR_WINDOW);
 }

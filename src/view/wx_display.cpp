@@ -158,8 +158,13 @@ std::string WxDisplay::askFolder(forms::Form*, const std::string& title) {
 
 std::optional<forms::FontChoice> WxDisplay::askFont(const forms::FontChoice& current) {
     wxFontData data;
-    data.SetInitialFont(
-        wxFontInfo(current.size).FaceName(toNative(current.name)).Bold(current.bold).Italic(current.italic));
+    // The one that is seen, also where the design names another.
+    wxFont seen = *wxNORMAL_FONT;
+    if (current.name != kDesignedFont) seen.SetFaceName(toNative(current.name));
+    seen.SetFractionalPointSize(shownPoints(current.size));
+    seen.SetWeight(current.bold ? wxFONTWEIGHT_BOLD : wxFONTWEIGHT_NORMAL);
+    seen.SetStyle(current.italic ? wxFONTSTYLE_ITALIC : wxFONTSTYLE_NORMAL);
+    data.SetInitialFont(seen);
     data.SetColour(toColour(current.colour));
     data.EnableEffects(true);
     wxFontDialog dialog(topWindow(), data);

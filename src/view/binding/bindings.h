@@ -30,6 +30,7 @@ private:
     void pushSelection();
     void pullText();
     void pullSelection();
+    void pullColour();
 
     forms::TextBox& box_;
     wxTextCtrl* widget_;
@@ -96,6 +97,12 @@ private:
     };
     std::vector<Width> widths_;  // of the columns
 };
+
+// The font that a box has before anybody has chosen one: it stands for the desktop's own.
+inline constexpr const char* kDesignedFont = "MS Sans Serif";
+inline constexpr double kDesignedPoints = 8.25;
+// How large letters of that many points are on the screen: any but the designed ones as large as they say.
+double shownPoints(double size);
 
 // The toolkit's colour for a colour of the model: blue, green, red, or from 0x80000000 on one of the system's.
 wxColour toColour(unsigned colour);

@@ -1,3 +1,7 @@
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 #include <algorithm>
 
 #include "view/binding/bindings.h"
@@ -8,8 +12,20 @@
 namespace tidvane::view {
 
 namespace {
+
 constexpr int kIconPixels = 16;
+
+// What the column was given by the program or by its user. The last one is drawn as wide as there is room, which is
+// nobody's choice.
+int givenWidth(const wxDataViewColumn& column) {
+#ifdef __WXGTK__
+    const int given = gtk_tree_view_column_get_fixed_width(GTK_TREE_VIEW_COLUMN(column.GetGtkHandle()));
+    if (given > 0) return given;
+#endif
+    return column.GetWidth();
 }
+
+}  // namespace
 
 class ListViewBinding::Rows final : public wxDataViewVirtualListModel {
 public:
@@ -117,11 +133,11 @@ void ListViewBinding::pull() {
     pullSelection();
 }
 
-// Nobody tells when the user has drawn a column wider. The last one takes what is left and tells nothing.
+// Nobody tells when the user has drawn a column wider.
 void ListViewBinding::sample() {
     if (!widget_->IsShownOnScreen()) return;
     for (unsigned column = 0; column < list_.ColumnHeaders.size() && column < widget_->GetColumnCount(); ++column) {
-        const int width = widget_->GetColumn(column)->GetWidth();
+        const int width = givenWidth(*widget_->GetColumn(column));
         // A width that was set shows only once the widget is laid out.
         if (width <= 0 || width == widths_[column].seen) continue;
         widths_[column] = {width, width};

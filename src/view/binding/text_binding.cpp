@@ -1,8 +1,30 @@
+#include <wx/settings.h>
+
 #include "view/binding/bindings.h"
 #include "view/measures.h"
+#include "view/painters/painting.h"
 #include "view/text.h"
 
 namespace tidvane::view {
+
+namespace {
+
+constexpr double kFaint = 0.45;  // how far the letters of a box that is off go towards their ground
+
+// What a box has behind its letters by itself: the face of buttons stands for "nothing was said", and white is what the
+// design knows as the colour of every box.
+bool isBoxColour(unsigned colour) {
+    constexpr unsigned kButtonFace = 0x8000000Fu;
+    constexpr unsigned kWindow = 0x80000005u;
+    constexpr unsigned kWhite = 0xFFFFFFu;
+    return colour == kButtonFace || colour == kWindow || colour == kWhite;
+}
+
+}  // namespace
+
+double shownPoints(double size) {
+    return size == kDesignedPoints ? wxNORMAL_FONT->GetFractionalPointSize() : size;
+}
 
 TextBinding::TextBinding(View& view, forms::TextBox& box, wxTextCtrl* widget, bool selection)
     : Binding(view), box_(box), widget_(widget), lines_(widget->IsMultiLine()), selection_(selection) {
@@ -81,7 +103,26 @@ void TextBinding::pullSelection() {
     widget_->ShowPosition(from);
 }
 
+// Letters of their own too: those of a dark desktop could not be read on a light colour, nor the other way round.
+void TextBinding::pullColour() {
+    const unsigned colour = box_.BackColor;
+    const bool own = !isBoxColour(colour);
+    const wxColour behind = own ? toColour(colour) : wxNullColour;
+    wxColour letters;
+    if (own) {
+        letters = readable(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT), behind);
+        if (!box_.Enabled) letters = mixed(letters, behind, kFaint);
+    }
+    const bool same = widget_->UseBackgroundColour() == own &&
+                      (!own || (widget_->GetBackgroundColour() == behind && widget_->GetForegroundColour() == letters));
+    if (same) return;
+    widget_->SetBackgroundColour(behind);
+    widget_->SetForegroundColour(letters);
+    widget_->Refresh();
+}
+
 void TextBinding::pull() {
+    pullColour();
     const bool other = box_.Text() != shown_;
     pullText();
     if (selection_) {
@@ -92,11 +133,8 @@ void TextBinding::pull() {
     if (selection_ || lines_) {
         const wxFont now = widget_->GetFont();
         wxFont font = now;
-        if (box_.FontName.get() != "MS Sans Serif") font.SetFaceName(toNative(box_.FontName.get()));
-        // The design's size is the system's own; others stand in their relation to it.
-        constexpr double kDesignSize = 8.25;
-        const double size = wxNORMAL_FONT->GetFractionalPointSize() * box_.FontSize.get() / kDesignSize;
-        font.SetFractionalPointSize(size);
+        if (box_.FontName.get() != kDesignedFont) font.SetFaceName(toNative(box_.FontName.get()));
+        font.SetFractionalPointSize(shownPoints(box_.FontSize));
         font.SetWeight(box_.FontBold ? wxFONTWEIGHT_BOLD : wxFONTWEIGHT_NORMAL);
         font.SetStyle(box_.FontItalic ? wxFONTSTYLE_ITALIC : wxFONTSTYLE_NORMAL);
         if (font != now) widget_->SetFont(font);

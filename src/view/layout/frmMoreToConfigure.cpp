@@ -21,8 +21,6 @@ constexpr int kWide = 360;  // device-independent pixels
 constexpr int kNarrow = 70;
 constexpr int kColourSide = 24;
 constexpr int kIndent = 22;
-constexpr unsigned kWhite = 0xFFFFFFU;
-constexpr unsigned kFirstSystemColour = 0x80000000U;
 
 wxWindow* entry(FormWindow& window, wxWindow* page, forms::TextBox& box, const forms::Control& label, int width) {
     wxWindow* made = window.entry(page, box, &label);
@@ -35,19 +33,6 @@ void tipUnderPointer(FormWindow& window, frmMoreToConfigure& form, wxWindow* wid
     window.on(widget, wxEVT_ENTER_WINDOW, [&form, &control](wxMouseEvent& event) {
         event.Skip();
         form.Form_MouseMove(control);
-    });
-}
-
-// A colour of the program's own lies behind dark letters; white and the system's colours are what the desktop has.
-void colourBehind(FormWindow& window, wxWindow* widget, forms::TextBox& box) {
-    window.whenever(box, [widget, &box] {
-        const unsigned colour = box.BackColor;
-        const bool own = colour < kFirstSystemColour && colour != kWhite;
-        const wxColour behind = own ? toColour(colour) : wxNullColour;
-        if (widget->UseBackgroundColour() == own && (!own || widget->GetBackgroundColour() == behind)) return;
-        widget->SetBackgroundColour(behind);
-        widget->SetForegroundColour(own ? *wxBLACK : wxNullColour);
-        widget->Refresh();
     });
 }
 
@@ -119,7 +104,6 @@ void layProgram(FormWindow& window, frmMoreToConfigure& form, wxPanel* page) {
     wxWindow* pathLabel = window.label(page, form.lblCustomAppPath);
     wxWindow* path = entry(window, page, form.txtCustomAppPath, form.lblCustomAppPath, kWide);
     tipUnderPointer(window, form, path, form.txtCustomAppPath);
-    colourBehind(window, path, form.txtCustomAppPath);
     grid.add(pathLabel, row(page, {fill(path), cell(window.button(page, form.cmdCustomApp, "file"))}));
     wxWindow* parameterLabel = window.label(page, form.lblCustomAppParameter);
     wxWindow* parameter = entry(window, page, form.txtCustomAppCommandlineParameter, form.lblCustomAppParameter, kWide);

@@ -1,0 +1,145 @@
+// Small things in the windows that a person sees: colours, sizes, menus at the keyboard, words.
+#include <gtest/gtest.h>
+#include <gtk/gtk.h>
+#include <wx/dataview.h>
+#include <wx/font.h>
+#include <wx/listbox.h>
+#include <wx/settings.h>
+#include <wx/textctrl.h>
+
+#include "forms/list_controls.h"
+#include "forms/simple_controls.h"
+#include "forms/text_box.h"
+#include "view/binding/bindings.h"
+#include "view/display_fixture.h"
+#include "view/form_window.h"
+#include "view/text.h"
+
+namespace tidvane::tests {
+namespace {
+
+using view::column;
+using view::fillWindow;
+
+class Details final : public forms::Form {
+public:
+    Details() : Form("Details") { Caption.design("Details"); }
+    forms::TextBox txtOne{*this, "txtOne"};
+    forms::TextBox txtLines{*this, "txtLines"};
+    forms::ListView lsvOne{*this, "lsvOne"};
+};
+
+class LayoutDetails : public testing::Test {
+protected:
+    LayoutDetails() { takeComplaints(); }
+    ~LayoutDetails() override {
+        whenIdle({});
+        window_.reset();
+        letRun(5);
+        for (const std::string& complaint : takeComplaints()) ADD_FAILURE() << complaint;
+    }
+    void open(const std::function<wxWindow*(view::FormWindow&)>& layout) {
+        window_ = std::make_unique<view::FormWindow>(view_, form, view::WindowStyle{.resizable = true}, nullptr);
+        wxWindow* widget = layout(*window_);
+        fillWindow(window_->body(), column(window_->body(), {view::fill(widget)}));
+        window_->finish();
+        whenIdle([this] {
+            if (!view_.busy()) view_.settle();
+        });
+        view_.onError = [](const std::string& text) { ADD_FAILURE() << text; };
+        window_->native()->SetSize(600, 500);
+        window_->show(true);
+        ASSERT_TRUE(letRunUntil([this] { return isActive(window_->native()); }, 10000)) << "the window gets no focus";
+    }
+    template <class Widget>
+    Widget* widget(const forms::Control& control) {
+        return dynamic_cast<Widget*>(window_->widgetOf(control));
+    }
+    // What the program does to its model, until the view has shown all of it.
+    void programDoes(const std::function<void()>& what) {
+        window_->act(what);
+        view_.settle();
+    }
+
+    Details form;
+    view::View view_;
+    std::unique_ptr<view::FormWindow> window_;
+};
+
+// --- the colours of boxes
+
+double distance(const wxColour& one, const wxColour& other) {
+    return std::abs(one.GetLuminance() - other.GetLuminance());
+}
+
+TEST_F(LayoutDetails, ABoxShowsTheColourThatIsBehindItsText) {
+    open([this](view::FormWindow& window) { return window.entry(window.body(), form.txtOne); });
+    auto* box = widget<wxTextCtrl>(form.txtOne);
+    EXPECT_FALSE(box->UseBackgroundColour());
+    programDoes([this] { form.txtOne.BackColor = 0xC0FFC0u; });
+    EXPECT_EQ(box->GetBackgroundColour(), wxColour(0xC0, 0xFF, 0xC0));
+    EXPECT_GT(distance(box->GetForegroundColour(), box->GetBackgroundColour()), 0.5);
+    // White, and the system's colour for boxes, are what the desktop has.
+    for (const unsigned usual : {0xFFFFFFu, 0x80000005u}) {
+        programDoes([this] { form.txtOne.BackColor = 0xC0FFC0u; });
+        programDoes([this, usual] { form.txtOne.BackColor = usual; });
+        EXPECT_FALSE(box->UseBackgroundColour()) << usual;
+        EXPECT_FALSE(box->UseForegroundColour()) << usual;
+    }
+}
+
+TEST_F(LayoutDetails, TheColourOfTipsIsSeenBehindABoxAndReadable) {
+    open([this](view::FormWindow& window) { return window.entry(window.body(), form.txtOne); });
+    auto* box = widget<wxTextCtrl>(form.txtOne);
+    programDoes([this] { form.txtOne.BackColor = 0x80000018u; });
+    ASSERT_TRUE(box->UseBackgroundColour());
+    const wxColour behind = box->GetBackgroundColour();
+    EXPECT_NE(behind, wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+    EXPECT_GT(distance(box->GetForegroundColour(), behind), 0.5);
+    // A light desktop gets no dark box.
+    const bool dark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
+    EXPECT_EQ(behind.GetLuminance() < 0.5, dark);
+    // What is switched off is written more faintly on the same ground.
+    const double before = distance(box->GetForegroundColour(), behind);
+    programDoes([this] { form.txtOne.Enabled = false; });
+    EXPECT_EQ(box->GetBackgroundColour(), behind);
+    EXPECT_LT(distance(box->GetForegroundColour(), behind), before);
+}
+
+// --- the font of the log
+
+TEST_F(LayoutDetails, AChosenFontIsAsLargeAsItSays) {
+    open([this](view::FormWindow& window) {
+        return window.lines(window.body(), form.txtLines, {.readOnly = true, .selection = true});
+    });
+    auto* box = widget<wxTextCtrl>(form.txtLines);
+    // Until one is chosen it is the desktop's.
+    EXPECT_EQ(box->GetFont().GetFractionalPointSize(), wxNORMAL_FONT->GetFractionalPointSize());
+    for (const double points : {8.0, 12.0, 20.5}) {
+        programDoes([this, points] { form.txtLines.FontSize = points; });
+        EXPECT_EQ(box->GetFont().GetFractionalPointSize(), points);
+    }
+}
+
+// --- the widths of columns
+
+TEST_F(LayoutDetails, TheLastColumnKeepsTheWidthItWasGivenHoweverWideItIsDrawn) {
+    form.lsvOne.ColumnHeaders = {{"Task", "Task", 1500}, {"Status", "Status", 1500}};
+    open([this](view::FormWindow& window) { return window.listView(window.body(), form.lsvOne); });
+    auto* list = widget<wxDataViewCtrl>(form.lsvOne);
+    ASSERT_TRUE(letRunUntil([list] { return list->GetColumn(1)->GetWidth() > 200; }, 10000))
+        << "the list does not stretch its last column";
+    window_->act([] {});
+    EXPECT_EQ(form.lsvOne.ColumnHeaders[1].width, 1500);
+    // What its user gives it is noted.
+    list->GetColumn(1)->SetWidth(140);
+    window_->act([] {});
+    EXPECT_EQ(form.lsvOne.ColumnHeaders[1].width, 140 * 15);
+    list->GetColumn(0)->SetWidth(130);
+    window_->act([] {});
+    EXPECT_EQ(form.lsvOne.ColumnHeaders[0].width, 130 * 15);
+    EXPECT_EQ(form.lsvOne.ColumnHeaders[1].width, 140 * 15);
+}
+
+}  // namespace
+}  // namespace tidvane::tests
