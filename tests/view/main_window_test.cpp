@@ -166,6 +166,37 @@ TEST_F(MainWindow, HidesAndShowsTheLogByItsKeys) {
     EXPECT_TRUE(letRunUntil([this] { return shown("txtLog") != nullptr; }));
 }
 
+TEST_F(MainWindow, HearsTheKeysOfTheCleaningOnEveryPageAndShowsItFirst) {
+    act([this] { form().lstTasks.Add(0, "a", "A task", 2); });
+    int runs = 0;
+    int pageOfTheRun = -1;
+    form().cmdClean.Click.connect([&] {
+        ++runs;
+        pageOfTheRun = form().SSTab1.Tab;
+    });
+    for (const char* page : {"mnuApps", "mnuAddOns", "mnuAbout"}) {
+        act([this, page] { form().menu(page).Click(); });
+        ASSERT_NE(form().SSTab1.Tab, app::frmMain::kCleaningTab);
+        bringToFront(frame());
+        const int before = runs;
+        typeKey(WXK_F9);
+        EXPECT_TRUE(letRunUntil([&] { return runs == before + 1; }, 10000)) << page;
+        EXPECT_EQ(pageOfTheRun, app::frmMain::kCleaningTab) << page;
+        EXPECT_TRUE(letRunUntil([this] { return form().cmdClean.Enabled.get(); }, 10000)) << "the run ends";
+    }
+}
+
+TEST_F(MainWindow, LeavesThePageWhereAKeyHasNothingToDo) {
+    act([this] { form().menu("mnuApps").Click(); });
+    bringToFront(frame());
+    ASSERT_FALSE(form().cmdStop.Enabled);
+    typeKey(WXK_F9, wxMOD_SHIFT);
+    EXPECT_EQ(form().SSTab1.Tab, app::frmMain::kPlugInsTab);
+    typeKey('L', wxMOD_CONTROL);
+    EXPECT_TRUE(letRunUntil([this] { return !form().LogVisible(); }, 10000)) << "the next key is heard";
+    EXPECT_EQ(form().SSTab1.Tab, app::frmMain::kCleaningTab);
+}
+
 TEST_F(MainWindow, KeepsTheColourThatWasChosenForTheLog) {
     forms::FontChoice font = form().logFont();
     font.colour = 0x0000FF;  // red

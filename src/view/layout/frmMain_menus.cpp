@@ -41,6 +41,13 @@ void toRightEnd(wxMenuBar* bar, const wxMenu* menu) {
 #endif
 }
 
+// All buttons with keys lie on the page of the cleaning: its user sees what they do.
+void pressFromAnyPage(app::frmMain& form, controls::isButton& button) {
+    if (!button.Enabled) return;
+    if (!button.Visible) form.menu("mnuCleaner").Click();
+    button.press();
+}
+
 }  // namespace
 
 void makeMainMenus(FormWindow& window, app::frmMain& form) {
@@ -85,7 +92,7 @@ void makeMainKeys(FormWindow& window, app::frmMain& form) {
                               (event.AltDown() ? wxACCEL_ALT : 0);
         for (const Key& key : *table) {
             if (key.keys.GetKeyCode() != event.GetKeyCode() || key.keys.GetFlags() != modifiers) continue;
-            window.act([&key] { key.button->press(); });
+            window.act([&form, &key] { pressFromAnyPage(form, *key.button); });
             return;
         }
         const bool onPlugIns = form.SSTab1.Tab == app::frmMain::kPlugInsTab;
