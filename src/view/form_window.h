@@ -116,6 +116,10 @@ public:
     // Fills the popup of this name, with the makers above, each time it comes up.
     void popup(const std::string& name, std::function<void(wxMenu*)> fill);
     void popUp(const std::string& name);
+    // `ask` brings up a popup that is about the rows of this list: by a right click, which makes the row under the
+    // mouse the current one, or by the menu key and Shift+F10, where it comes up at the current row.
+    void rowMenu(forms::ListBox& list, std::function<void()> ask);
+    void rowMenu(forms::ListView& list, std::function<void()> ask);
 
     // --- what layouts tell
     void defaultButton(wxWindow* button);
@@ -170,7 +174,10 @@ private:
     std::vector<std::shared_ptr<Binding>> bindings_;
     std::map<const forms::Control*, wxWindow*> widgets_;
     std::map<std::string, std::function<void(wxMenu*)>> popups_;
-    bool fillingPopup_ = false;  // a popup lives for one choice: its entries are not bound
+    void askForPopup(const wxWindow& list, const wxContextMenuEvent& event, const std::function<wxRect()>& currentRow,
+                     const std::function<void()>& ask);
+    wxPoint popupPlace_ = wxDefaultPosition;  // in the window; wxDefaultPosition: where the pointer is
+    bool fillingPopup_ = false;               // a popup lives for one choice: its entries are not bound
     std::function<void()> onResize_;
     struct BarMenu {
         forms::Menu* control;

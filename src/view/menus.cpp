@@ -1,5 +1,7 @@
 // Menus: their entries are controls of the model too.
 #include <wx/control.h>
+#include <wx/dataview.h>
+#include <wx/listbox.h>
 #include <wx/menu.h>
 #include <wx/utils.h>
 
@@ -7,12 +9,27 @@
 #include <gtk/gtk.h>
 #endif
 
+#include <algorithm>
+
 #include "view/form_window.h"
 #include "view/text.h"
 
 namespace tidvane::view {
 
 namespace {
+
+// Where a row of a list box lies in it. The toolkit only answers the other way round.
+wxRect placeOfRow(const wxListBox& list, int row) {
+    wxRect place;
+    const wxSize room = list.GetClientSize();
+    if (row == wxNOT_FOUND) return place;
+    for (int y = 0; y < room.y; ++y) {
+        if (list.HitTest(wxPoint(1, y)) != row) continue;
+        if (place.IsEmpty()) place = wxRect(0, y, room.x, 0);
+        place.height = y - place.y + 1;
+    }
+    return place;
+}
 
 // An entry without a caption would be taken for one of the toolkit's own.
 wxString captionOf(const forms::Menu& entry) {
@@ -138,13 +155,58 @@ void FormWindow::popUp(const std::string& name) {
     found->second(&menu);
     fillingPopup_ = false;
     // By the menu key it comes up at what has the focus, wherever the pointer rests.
-    wxPoint place = wxDefaultPosition;
+    wxPoint place = popupPlace_;
     wxWindow* focus = wxWindow::FindFocus();
-    if (native_->IsShown() && focus != nullptr && wxGetTopLevelParent(focus) == native_ &&
+    if (place == wxDefaultPosition && native_->IsShown() && focus != nullptr && wxGetTopLevelParent(focus) == native_ &&
         !focus->GetScreenRect().Contains(wxGetMousePosition())) {
         place = native_->ScreenToClient(focus->GetScreenPosition()) + native_->FromDIP(wxPoint(2 * kGap, 2 * kGap));
     }
     native_->PopupMenu(&menu, place);
+}
+
+void FormWindow::askForPopup(const wxWindow& list, const wxContextMenuEvent& event,
+                             const std::function<wxRect()>& currentRow, const std::function<void()>& ask) {
+    const bool byKey = event.GetPosition() == wxDefaultPosition;
+    if (byKey) {
+        const wxRect row = currentRow();
+        const wxPoint inset = native_->FromDIP(wxPoint(2 * kGap, 2 * kGap));
+        const bool seen = !row.IsEmpty() && list.GetClientRect().Intersects(row);
+        const wxPoint place = seen ? wxPoint(std::max(row.x, 0) + inset.x, row.GetBottom() + 1) : inset;
+        popupPlace_ = native_->ScreenToClient(list.ClientToScreen(place));
+    }
+    view_.act(ask);
+    popupPlace_ = wxDefaultPosition;
+}
+
+void FormWindow::rowMenu(forms::ListBox& list, std::function<void()> ask) {
+    auto* widget = dynamic_cast<wxListBox*>(widgetOf(list));
+    on(widget, wxEVT_RIGHT_DOWN, [&list, widget](wxMouseEvent& event) {
+        event.Skip();
+        const int row = widget->HitTest(event.GetPosition());
+        if (row == wxNOT_FOUND || row >= list.ListCount()) return;
+        // Where several rows may be marked, one that is not among them stands alone from now on.
+        if (!list.ticks && !list.Selected(row)) {
+            list.selectAll(false);
+            list.setSelected(row, true);
+        }
+        list.setListIndex(row);
+    });
+    widget->Bind(wxEVT_CONTEXT_MENU, [this, &list, widget, ask = std::move(ask)](wxContextMenuEvent& event) {
+        askForPopup(
+            *widget, event, [&] { return placeOfRow(*widget, list.ListIndex()); }, ask);
+    });
+}
+
+void FormWindow::rowMenu(forms::ListView& list, std::function<void()> ask) {
+    auto* widget = dynamic_cast<wxDataViewCtrl*>(widgetOf(list));
+    on(widget, wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [ask](wxDataViewEvent&) { ask(); });
+    widget->Bind(wxEVT_CONTEXT_MENU, [this, widget, ask = std::move(ask)](wxContextMenuEvent& event) {
+        const auto currentRow = [widget] {
+            const wxDataViewItem item = widget->GetCurrentItem();
+            return item.IsOk() ? widget->GetItemRect(item) : wxRect();
+        };
+        askForPopup(*widget, event, currentRow, ask);
+    });
 }
 
 }  // namespace tidvane::view

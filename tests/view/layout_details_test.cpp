@@ -1,11 +1,18 @@
 // Small things in the windows that a person sees: colours, sizes, menus at the keyboard, words.
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
+#include <wx/app.h>
 #include <wx/dataview.h>
 #include <wx/font.h>
 #include <wx/listbox.h>
 #include <wx/settings.h>
 #include <wx/textctrl.h>
+#include <wx/uiaction.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
 
 #include "forms/list_controls.h"
 #include "forms/simple_controls.h"
@@ -26,7 +33,9 @@ public:
     Details() : Form("Details") { Caption.design("Details"); }
     forms::TextBox txtOne{*this, "txtOne"};
     forms::TextBox txtLines{*this, "txtLines"};
+    forms::ListBox lstOne{*this, "lstOne"};
     forms::ListView lsvOne{*this, "lsvOne"};
+    forms::Menu mnuEntry{*this, "mnuEntry", "Entry"};
 };
 
 class LayoutDetails : public testing::Test {
@@ -139,6 +148,146 @@ TEST_F(LayoutDetails, TheLastColumnKeepsTheWidthItWasGivenHoweverWideItIsDrawn) 
     window_->act([] {});
     EXPECT_EQ(form.lsvOne.ColumnHeaders[0].width, 130 * 15);
     EXPECT_EQ(form.lsvOne.ColumnHeaders[1].width, 140 * 15);
+}
+
+// --- menus of rows
+
+// The upper left corner on the screen of a popup that is up; nothing: none is.
+std::optional<wxPoint> cornerOfPopup() {
+    std::optional<wxPoint> corner;
+    GList* windows = gtk_window_list_toplevels();
+    for (const GList* at = windows; at != nullptr; at = at->next) {
+        auto* window = GTK_WINDOW(at->data);
+        GtkWidget* inside = gtk_bin_get_child(GTK_BIN(window));
+        if (!gtk_widget_get_mapped(GTK_WIDGET(window)) || inside == nullptr || !GTK_IS_MENU(inside)) continue;
+        corner.emplace();
+        gtk_window_get_position(window, &corner->x, &corner->y);
+    }
+    g_list_free(windows);
+    return corner;
+}
+
+class RowMenus : public LayoutDetails {
+protected:
+    // Shows the list with a popup of its rows.
+    template <class List, class Make>
+    void openWithMenu(List& list, Make make) {
+        open([&](view::FormWindow& window) {
+            wxWindow* widget = make(window);
+            window.popup("mnRows", [this](wxMenu* menu) { window_->menuItem(menu, form.mnuEntry); });
+            window.rowMenu(list, [this] {
+                ++asked_;
+                window_->popUp("mnRows");
+            });
+            return widget;
+        });
+        list_ = window_->widgetOf(list);
+    }
+    void rows(forms::ListBox& list) {
+        for (int row = 0; row < 6; ++row) list.AddItem("row " + std::to_string(row));
+    }
+    // The popup runs a loop of its own until it is gone: it is sent away as soon as it is up.
+    std::optional<wxPoint> popupBehind(const std::function<void()>& what) {
+        std::optional<wxPoint> corner;
+        bool sentAway = false;
+        const auto before = asked_;
+        whenIdle([&] {
+            if (!view_.busy()) view_.settle();
+            if (!corner) corner = cornerOfPopup();
+            if (corner && !sentAway) {
+                sentAway = true;
+                pressKey(WXK_ESCAPE);
+            }
+            wxWakeUpIdle();
+        });
+        what();
+        EXPECT_TRUE(letRunUntil([&] { return asked_ > before && sentAway && !cornerOfPopup(); }, 10000));
+        whenIdle([this] {
+            if (!view_.busy()) view_.settle();
+        });
+        return corner;
+    }
+    void focusList() {
+        list_->SetFocus();
+        ASSERT_TRUE(letRunUntil([this] { return list_->HasFocus(); }, 10000));
+    }
+    void movePointer(const wxPoint& inList) { wxUIActionSimulator().MouseMove(list_->ClientToScreen(inList)); }
+    int yOf(int row) {
+        auto* list = dynamic_cast<wxListBox*>(list_);
+        int y = 0;
+        while (y < list->GetClientSize().y && list->HitTest(wxPoint(10, y)) != row) ++y;
+        return y;
+    }
+
+    wxWindow* list_ = nullptr;
+    int asked_ = 0;
+};
+
+TEST_F(RowMenus, ARightClickMakesTheRowUnderTheMouseTheCurrentOne) {
+    rows(form.lstOne);
+    openWithMenu(form.lstOne,
+                 [this](view::FormWindow& window) { return window.list(window.body(), form.lstOne, true); });
+    focusList();
+    programDoes([this] {
+        form.lstOne.setSelected(0, true);
+        form.lstOne.setListIndex(0);
+    });
+    const wxPoint at(40, yOf(3) + 4);
+    const auto corner = popupBehind([&] {
+        movePointer(at);
+        letRun(15);
+        wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT);
+    });
+    ASSERT_TRUE(corner);
+    EXPECT_EQ(form.lstOne.ListIndex(), 3);
+    EXPECT_TRUE(form.lstOne.Selected(3));
+    EXPECT_FALSE(form.lstOne.Selected(0));
+    EXPECT_EQ(asked_, 1);
+}
+
+TEST_F(RowMenus, ByTheMenuKeyItOpensAtTheCurrentRowAndNotAtTheMouse) {
+    rows(form.lstOne);
+    openWithMenu(form.lstOne,
+                 [this](view::FormWindow& window) { return window.list(window.body(), form.lstOne, true); });
+    focusList();
+    programDoes([this] {
+        form.lstOne.setSelected(1, true);
+        form.lstOne.setListIndex(1);
+    });
+    movePointer({300, 300});
+    const auto corner = popupBehind([] { pressKey(WXK_F10, wxMOD_SHIFT); });
+    ASSERT_TRUE(corner);
+    const int top = list_->ClientToScreen(wxPoint(0, yOf(1))).y;
+    const int bottom = list_->ClientToScreen(wxPoint(0, yOf(3))).y;
+    EXPECT_GE(corner->y, top);
+    EXPECT_LE(corner->y, bottom);
+    EXPECT_EQ(asked_, 1);
+}
+
+TEST_F(RowMenus, AListViewOpensItAtTheCurrentRowByEitherKey) {
+    form.lsvOne.ColumnHeaders = {{"Name", "Name", 3000}};
+    for (int row = 0; row < 6; ++row) form.lsvOne.Add(0, "k" + std::to_string(row), "row " + std::to_string(row), 0);
+    openWithMenu(form.lsvOne,
+                 [this](view::FormWindow& window) { return window.listView(window.body(), form.lsvOne, true); });
+    auto* list = dynamic_cast<wxDataViewCtrl*>(list_);
+    focusList();
+    const wxDataViewItem third = dynamic_cast<wxDataViewVirtualListModel*>(list->GetModel())->GetItem(2);
+    list->SetCurrentItem(third);
+    const wxRect row = list->GetItemRect(third);
+    movePointer({300, 300});
+    for (const bool menuKey : {true, false}) {
+        const auto corner = popupBehind([menuKey] {
+            if (menuKey) {
+                pressKey(WXK_MENU);
+            } else {
+                pressKey(WXK_F10, wxMOD_SHIFT);
+            }
+        });
+        ASSERT_TRUE(corner) << menuKey;
+        EXPECT_GE(corner->y, list->ClientToScreen(row.GetTopLeft()).y) << menuKey;
+        EXPECT_LE(corner->y, list->ClientToScreen(row.GetBottomLeft()).y + row.height) << menuKey;
+    }
+    EXPECT_EQ(asked_, 2);
 }
 
 }  // namespace

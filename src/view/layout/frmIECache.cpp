@@ -30,7 +30,7 @@ void layoutFrmIECache(FormWindow& window) {
             window.menuItem(menu, *entry);
         }
     });
-    window.on(list, wxEVT_CONTEXT_MENU, [&form](wxContextMenuEvent&) { form.listRightClick(); });
+    window.rowMenu(form.lstCache, [&form] { form.listRightClick(); });
     // The list knows best which row lies where: a row counts as one pixel high.
     window.on(list, wxEVT_MOTION, [&form, list](wxMouseEvent& event) {
         event.Skip();

@@ -1,7 +1,5 @@
 #include "tools/frmIECookies.h"
 
-#include <wx/dataview.h>
-
 #include "view/form_window.h"
 #include "view/layout/all.h"
 
@@ -30,7 +28,7 @@ void layoutFrmIECookies(FormWindow& window) {
             window.menuItem(menu, *entry);
         }
     });
-    window.on(list, wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [&form](wxDataViewEvent&) { form.listRightClick(); });
+    window.rowMenu(form.lstCookies, [&form] { form.listRightClick(); });
     window.onEscape([&window] { window.onClose(); });
 }
 

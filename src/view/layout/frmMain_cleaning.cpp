@@ -164,8 +164,7 @@ void CleaningPage::make() {
                                      fill(welcome_), fill(listHolder_), wide(log_), cell(buttons_)}));
 
     const auto menu = [this] { form_.taskListRightClick(); };
-    window_.on(list_, wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [menu](wxDataViewEvent&) { menu(); });
-    window_.on(list_, wxEVT_CONTEXT_MENU, [menu](wxContextMenuEvent&) { menu(); });
+    window_.rowMenu(form_.lstTasks, menu);
     window_.on(welcome_, wxEVT_CONTEXT_MENU, [menu](wxContextMenuEvent&) { menu(); });
     window_.on(page_, wxEVT_MOTION, [this](wxMouseEvent& event) {
         event.Skip();

@@ -44,14 +44,7 @@ void bindSearchBox(FormWindow& window, app::frmMain& form, wxWindow* box) {
 }
 
 void bindPlugList(FormWindow& window, app::frmMain& form, wxWindow* widget) {
-    auto* list = dynamic_cast<wxListBox*>(widget);
-    // The commands of the menu are about the row under the mouse.
-    window.on(widget, wxEVT_RIGHT_DOWN, [&form, list](wxMouseEvent& event) {
-        event.Skip();
-        const int row = list == nullptr ? wxNOT_FOUND : list->HitTest(event.GetPosition());
-        if (row != wxNOT_FOUND && row < form.LstPlugs.ListCount()) form.LstPlugs.setListIndex(row);
-    });
-    window.on(widget, wxEVT_CONTEXT_MENU, [&form](wxContextMenuEvent&) { form.plugListRightClick(); });
+    window.rowMenu(form.LstPlugs, [&form] { form.plugListRightClick(); });
     window.on(widget, wxEVT_MOTION, [&form](wxMouseEvent& event) {
         event.Skip();
         form.plugListMouseMove();
