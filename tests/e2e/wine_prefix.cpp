@@ -41,6 +41,18 @@ void stopServer(const std::string& prefix) {
     require(runProcess({"wineserver", "-w"}, wineOptions(prefix)), "waiting for the Wine server");
 }
 
+// Where Debian's server keeps its sockets: a directory of /tmp that it makes once for a prefix, names in it and leaves.
+// Not for a prefix with a server.
+void removeServerFolder(const std::string& prefix) {
+    const std::string file = prefix + "/wineserver";
+    if (!fs::exists(file)) return;
+    std::string name = contentOfFile(file);
+    name.erase(name.find_last_not_of(" \r\n") + 1);
+    std::error_code ignored;
+    if (name.starts_with("wine-") && name.find('/') == std::string::npos) fs::remove_all("/tmp/" + name, ignored);
+    fs::remove(file, ignored);
+}
+
 fs::path buildDirectory() {
     return fs::path(TIDVANE_CONSOLE).parent_path().parent_path();
 }
@@ -66,6 +78,7 @@ std::string madePrefix() {
         fs::remove_all(building);
         require(runProcess({"wineboot", "--init"}, wineOptions(building)), "wineboot");
         require(runProcess({"wineserver", "-w"}, wineOptions(building)), "waiting for the Wine server");
+        removeServerFolder(building);
         fs::rename(building, place);
     }
     ::close(lock);
@@ -85,11 +98,13 @@ WinePrefix::WinePrefix() {
     if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no directory for a prefix");
     path_ = pattern;
     require(runProcess({"cp", "-a", "--reflink=auto", "-T", from, path_}, options()), "copying the prefix");
+    fs::remove(path_ + "/wineserver");  // a copy has a directory of its own
 }
 
 WinePrefix::~WinePrefix() {
     try {
         stop();
+        removeServerFolder(path_);
     } catch (const std::exception&) {
         // The test has said what went wrong; here is only tidied up.
     }

@@ -50,7 +50,9 @@ SessionBus::SessionBus() {
     options.limit = std::chrono::hours(1);
     if (const char* display = std::getenv("DISPLAY")) options.environment.push_back(std::string("DISPLAY=") + display);
     daemon_ = std::make_unique<Process>(
-        std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"}, options);
+        std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address",
+                                 "--address=unix:path=" + (runtime_ / "bus")},
+        options);
     if (!daemon_->waitForOutput("\n")) throw std::runtime_error("dbus-daemon does not start: " + daemon_->err());
     address_ = daemon_->out();
     address_.resize(address_.find('\n'));
