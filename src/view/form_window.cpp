@@ -5,6 +5,7 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/dialog.h>
+#include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/radiobut.h>
 #include <wx/timer.h>
@@ -37,6 +38,28 @@ wxPoint placeOf(const wxTopLevelWindow* native) {
     return native->GetPosition();
 }
 
+// Nothing but zeros is no place: a window that stands nowhere yet has that. The upper left corner of the screen is told
+// with one twip, which is less than a pixel.
+constexpr int kInTheCorner = 1;
+
+bool hasPlace(const forms::Form& form) {
+    return form.Left != 0 || form.Top != 0;
+}
+
+wxPoint placeInTwips(const wxTopLevelWindow* native) {
+    const wxPoint place = placeOf(native);
+    const wxPoint twips(toTwips(place.x, native), toTwips(place.y, native));
+    return twips == wxPoint() && native->IsShown() ? wxPoint(0, kInTheCorner) : twips;
+}
+
+// Aside of the windows that people work in.
+void moveToLowerRight(wxTopLevelWindow* native) {
+    const wxRect room = wxDisplay().GetClientArea();
+    const wxSize size = native->GetSize();
+    const int edge = native->FromDIP(kEdge);
+    native->Move(room.x + room.width - size.x - edge, room.y + room.height - size.y - edge);
+}
+
 }  // namespace
 
 // The window itself: its title, its rectangle, its state.
@@ -45,7 +68,7 @@ public:
     RectangleBinding(View& view, FormWindow& window) : Binding(view), window_(window) {}
     void pull() override {
         wxTopLevelWindow* native = window_.native_;
-        const forms::Form& form = window_.form_;
+        forms::Form& form = window_.form_;
         native->SetTitle(toNative(form.Caption.get()));
         // While the window is being noted the form is half of what it was and half of what it will be.
         if (!window_.finished_ || window_.noting_) return;
@@ -56,7 +79,10 @@ public:
         if (native->IsMaximized() != large) native->Maximize(large);
         if (large) return;
         const wxPoint place(toPixels(form.Left, native), toPixels(form.Top, native));
-        if (seen_ && (form.Left != left_ || form.Top != top_)) native->Move(place);
+        if (seen_ && (form.Left != left_ || form.Top != top_)) {
+            native->Move(place);
+            if (!hasPlace(form)) form.Top = kInTheCorner;
+        }
         if (seen_ && window_.style_.keepsModelSize && (form.Width != width_ || form.Height != height_)) {
             native->SetClientSize(toPixels(form.Width, native), toPixels(form.Height, native));
         }
@@ -321,10 +347,10 @@ void FormWindow::onEscape(std::function<void()> what) {
 bool FormWindow::rectangleIsNoted() const {
     if (native_->IsIconized()) return form_.State == forms::WindowState::Minimized;
     if (native_->IsMaximized()) return form_.State == forms::WindowState::Maximized;
-    const wxPoint place = placeOf(native_);
+    const wxPoint place = placeInTwips(native_);
     const wxSize size = native_->GetClientSize();
-    return form_.Left == toTwips(place.x, native_) && form_.Top == toTwips(place.y, native_) &&
-           form_.Width == toTwips(size.x, native_) && form_.Height == toTwips(size.y, native_);
+    return form_.Left == place.x && form_.Top == place.y && form_.Width == toTwips(size.x, native_) &&
+           form_.Height == toTwips(size.y, native_);
 }
 
 void FormWindow::noteRectangle() {
@@ -335,12 +361,12 @@ void FormWindow::noteRectangle() {
                      : native_->IsMaximized() ? forms::WindowState::Maximized
                                               : forms::WindowState::Normal;
         if (form.State != forms::WindowState::Normal) return;
-        const wxPoint place = placeOf(native_);
+        const wxPoint place = placeInTwips(native_);
         // The size inside the window manager's frame: what is stored is what comes back.
         const wxSize size = native_->GetClientSize();
         noting_ = true;
-        form.Left = toTwips(place.x, native_);
-        form.Top = toTwips(place.y, native_);
+        form.Left = place.x;
+        form.Top = place.y;
         form.Width = toTwips(size.x, native_);
         form.Height = toTwips(size.y, native_);
         for (const auto& binding : bindings_) {
@@ -397,8 +423,13 @@ void FormWindow::finish() {
     wxSize size = least;
     if (style_.keepsModelSize) size.IncTo({toPixels(form_.Width, native_), toPixels(form_.Height, native_)});
     native_->SetClientSize(size);
-    if (form_.Left != 0 || form_.Top != 0) {
-        native_->Move(toPixels(form_.Left, native_), toPixels(form_.Top, native_));
+    if (hasPlace(form_)) {
+        const wxPoint place(toPixels(form_.Left, native_), toPixels(form_.Top, native_));
+        // The toolkit takes a new window for one that stands in the corner, and does not move it there.
+        if (place == wxPoint()) native_->Move(1, 1);
+        native_->Move(place);
+    } else if (style_.bare) {
+        moveToLowerRight(native_);
     } else if (native_->GetParent() != nullptr) {
         native_->CentreOnParent();
     } else {

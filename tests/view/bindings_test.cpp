@@ -842,6 +842,56 @@ TEST_F(Bindings, titleAndRectangleOfTheWindowAreKeptEqual) {
     EXPECT_EQ(form.Top.get(), 200 * 15);
 }
 
+// Of the window manager's frame.
+wxPoint cornerOf(view::FormWindow& window) {
+    GdkRectangle frame{-1, -1, 0, 0};
+    gdk_window_get_frame_extents(gtk_widget_get_window(window.native()->GetHandle()), &frame);
+    return {frame.x, frame.y};
+}
+
+TEST_F(Bindings, aWindowThatWasLeftInTheUpperLeftCornerComesBackThere) {
+    const auto layout = [this](view::FormWindow& window) {
+        return std::vector<wxWindow*>{window.check(window.body(), form.chkOne)};
+    };
+    for (const bool byItsUser : {true, false}) {
+        form.Left = 3000;
+        form.Top = 3000;
+        openAll(layout);
+        ASSERT_TRUE(letRunUntil([this] { return cornerOf(*window_) == wxPoint(200, 200); }, 10000));
+        if (byItsUser) {
+            window_->native()->Move(0, 0);
+        } else {
+            form.Left = 0;
+            form.Top = 0;
+        }
+        ASSERT_TRUE(letRunUntil([this] { return cornerOf(*window_) == wxPoint(0, 0) && form.Left == 0; }, 10000));
+        ASSERT_TRUE(letRunUntil([this] { return form.Top < 15 && !view.busy(); }, 10000));
+        window_.reset();
+        openAll(layout);
+        EXPECT_TRUE(letRunUntil([this] { return cornerOf(*window_) == wxPoint(0, 0); }, 10000)) << byItsUser;
+    }
+}
+
+TEST_F(Bindings, aWindowWithoutAPlaceComesUpInTheMiddleAndABareOneAtTheLowerRight) {
+    openAll(
+        [this](view::FormWindow& window) { return std::vector<wxWindow*>{window.check(window.body(), form.chkOne)}; });
+    const wxRect room = wxGetClientDisplayRect();
+    const wxRect plain = window_->native()->GetScreenRect();
+    EXPECT_NEAR(plain.x + plain.width / 2, room.width / 2, 100);
+
+    Specimen other;
+    view::FormWindow bare(view, other, view::WindowStyle{.bare = true}, nullptr);
+    fillWindow(bare.body(), column(bare.body(), {view::fill(bare.check(bare.body(), other.chkOne))}));
+    bare.finish();
+    bare.show(true);
+    const auto besideTheCorner = [&] {
+        const wxRect place = bare.native()->GetScreenRect();
+        const wxPoint left(room.GetRight() - place.GetRight(), room.GetBottom() - place.GetBottom());
+        return left.x > 0 && left.x < 40 && left.y > 0 && left.y < 40;
+    };
+    EXPECT_TRUE(letRunUntil(besideTheCorner, 10000));
+}
+
 TEST_F(Bindings, theCloseBoxAsksTheWindowAndClosesNothingByItself) {
     openAll(
         [this](view::FormWindow& window) { return std::vector<wxWindow*>{window.check(window.body(), form.chkOne)}; });
