@@ -15,6 +15,7 @@
 #include "base/runtime_error.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/frmOptions.h"
+#include "settings/sentences.h"
 #include "settings/shell_wait.h"
 
 namespace tidvane::app {
@@ -183,8 +184,8 @@ bool CleaningRun::finish() {
         program_.platform.shell.SHEmptyRecycleBinA(program_.display.windowHandle(main_), "", 0);
     }
     if (program_.removedForGood > 0) {
-        program_.display.warn("The recycle bin refused " + std::to_string(program_.removedForGood) +
-                              " file(s); a second attempt removed them for good.");
+        program_.display.warn(settings::sentence(program_, settings::Sentence::RecycleBinRefused,
+                                                 {std::to_string(program_.removedForGood)}));
     }
     if (!runCustomApplication()) return false;
     if (options().chkCloseAfterClean.ticked()) {

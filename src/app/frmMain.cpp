@@ -12,6 +12,7 @@
 #include "settings/frmMoreToConfigure.h"
 #include "settings/frmOptions.h"
 #include "settings/modFormINI.h"
+#include "settings/sentences.h"
 
 namespace tidvane::app {
 
@@ -124,7 +125,7 @@ void frmMain::hideInTray(const std::string& tip) {
     // Hidden without an icon, the window would be out of reach.
     State = forms::WindowState::Minimized;
     if (program_.tellOnce("no tray")) {
-        program_.display.warn("This desktop shows no tray icons: Tidvane is minimised to the task bar instead.");
+        program_.display.warn(settings::sentence(program_, settings::Sentence::NoTray));
     }
 }
 

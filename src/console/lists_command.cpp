@@ -13,6 +13,7 @@
 #include "frontend/split_lines.h"
 #include "settings/frmOptions.h"
 #include "settings/list_files.h"
+#include "settings/sentences.h"
 
 namespace tidvane::console {
 
@@ -142,9 +143,9 @@ bool Lists::mayRewrite(const settings::ListItems& stored) {
     }
     if (lines.empty()) return true;
     const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
-    return tool_.display().MsgBox(
-               frontend::tellSplitLines(lines) + "\r\nThe list would be stored with these as its lines. Store it?",
-               style, "Tidvane") == forms::msgbox::Yes;
+    const std::string question = frontend::tellSplitLines(tool_.program(), lines) + "\r\n" +
+                                 settings::sentence(tool_.program(), settings::Sentence::StoreTheseLines);
+    return tool_.display().MsgBox(question, style, "Tidvane") == forms::msgbox::Yes;
 }
 
 // The window takes them; a run passes them over.

@@ -23,6 +23,7 @@
 #include "frontend/own_services.h"
 #include "frontend/removed.h"
 #include "settings/frmOptions.h"
+#include "settings/sentences.h"
 
 namespace tidvane::console {
 
@@ -43,7 +44,7 @@ public:
                    display_),
           before_(session.platform.removed.totals),
           entries_(session.platform.removed, options.details) {
-        session_.warn = [this](const std::string& line) { display_.warn(line); };
+        session_.warn = [this](const std::string& line) { display_.warn(settings::inLanguageOf(program_, line)); };
         session_.platform.removed.wantBytes = options.preview || !options.json.empty();
         app::offerAllWindows(program_);
         // Made here, so that log and steps are listened to before the start writes its first line and perhaps cleans.

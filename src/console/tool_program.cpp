@@ -4,6 +4,7 @@
 #include "console/stored_windows.h"
 #include "frontend/guards.h"
 #include "frontend/own_services.h"
+#include "settings/sentences.h"
 
 namespace tidvane::console {
 
@@ -19,7 +20,7 @@ ToolProgram::ToolProgram(Session& session, const Options& options, platform::Eve
                    session.platform,
                    {.profiles = &unsaved_, .clock = options.preview ? &noPauses_ : nullptr, .events = &events}),
                display_) {
-    session_.warn = [this](const std::string& line) { display_.warn(line); };
+    session_.warn = [this](const std::string& line) { display_.warn(settings::inLanguageOf(program_, line)); };
     app::offerWindowsWithoutMain(program_);
     loadLanguages(program_);
     frontend::warnOfMissingTexts(program_, display_);

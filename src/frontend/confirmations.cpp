@@ -11,36 +11,43 @@
 #include "settings/frmOptions.h"
 #include "settings/list_files.h"
 #include "settings/own_entries.h"
+#include "settings/sentences.h"
 
 namespace tidvane::frontend {
+
+using settings::englishSentence;
+using settings::Sentence;
+using settings::sentence;
 
 namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kTitle = "Tidvane";
 
-// A sentence without its end; empty: no matter.
-std::string everyNameMatches(settings::Program& program) {
+// The masks, for a sentence; empty: no matter.
+std::string masksOfEveryName(settings::Program& program) {
     if (!program.get<settings::frmOptions>().chkSearchTasks.ticked()) return {};
     std::string masks;
     for (const std::string& mask : settings::masksThatMatchEveryName(program)) {
         masks += (masks.empty() ? "\"" : ", \"") + mask + "\"";
     }
-    if (masks.empty()) return {};
-    return "The junk search would remove every file of its drives, since every name matches " + masks;
+    return masks;
 }
 
 }  // namespace
 
 std::string questionOfMasks(settings::Program& program) {
-    const std::string matches = everyNameMatches(program);
-    return matches.empty() ? matches : matches + "." + kLineEnd + kLineEnd + "Clean all the same?";
+    const std::string masks = masksOfEveryName(program);
+    if (masks.empty()) return {};
+    return sentence(program, Sentence::EveryNameMatches, {masks}) + "." + kLineEnd + kLineEnd +
+           sentence(program, Sentence::CleanAllTheSame);
 }
 
 std::string refusalOfMasks(settings::Program& program) {
-    const std::string matches = everyNameMatches(program);
-    if (matches.empty()) return {};
-    return matches + "; take that out with \"lists remove masks\", untick chkSearchTasks, or give --force.";
+    const std::string masks = masksOfEveryName(program);
+    if (masks.empty()) return {};
+    return englishSentence(Sentence::EveryNameMatches, {masks}) +
+           "; take that out with \"lists remove masks\", untick chkSearchTasks, or give --force.";
 }
 
 std::string questionOfChangedLines(settings::Program& program) {
@@ -51,20 +58,21 @@ std::string questionOfChangedLines(settings::Program& program) {
         const auto file = std::find(settings::kListFiles.begin(), settings::kListFiles.end(), line.file);
         return !gates.at(static_cast<std::size_t>(file - settings::kListFiles.begin()))->ticked();
     });
-    return lines.empty() ? std::string() : tellSplitLines(lines) + kLineEnd + "Clean with these entries?";
+    return lines.empty()
+               ? std::string()
+               : tellSplitLines(program, lines) + kLineEnd + sentence(program, Sentence::CleanWithTheseEntries);
 }
 
 std::string warningOfIdleEntry(settings::Program& program, OwnList list, const std::string& text) {
     if (list == OwnList::Masks) {
         if (!canMatchNothing(text)) return {};
-        return "\"" + text + "\" can match no file; a mask is a name with \"*\" and \"?\" in it, as \"*.tmp\".";
+        return sentence(program, Sentence::IdleMask, {text});
     }
     const bool files = list == OwnList::Files;
     if (!files && base::isAbsolutePath(text)) (void)program.platform.files.mayEmpty(text);
     if (base::isAbsolutePath(text) || (files && registry::namesRegistryKey(text))) return {};
-    return "\"" + text + "\" is not a full path with a drive or a share" +
-           (files ? ", nor a key from its root's full name on (\"HKEY_CURRENT_USER\\...\")" : "") +
-           "; a run does nothing with it.";
+    return files ? sentence(program, Sentence::IdleFile, {text, "HKEY_CURRENT_USER"})
+                 : sentence(program, Sentence::IdleFolder, {text});
 }
 
 bool agrees(forms::Display& display, const std::string& question) {

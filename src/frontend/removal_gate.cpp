@@ -3,6 +3,7 @@
 #include "app/frmMain.h"
 #include "frontend/confirmations.h"
 #include "frontend/guards.h"
+#include "settings/sentences.h"
 
 namespace tidvane::frontend {
 
@@ -11,7 +12,7 @@ namespace {
 using settings::Removal;
 
 bool refuse(settings::Program& program, const std::string& why) {
-    (void)program.MsgBox(why, forms::msgbox::Exclamation, "Tidvane");
+    (void)program.MsgBox(settings::inLanguageOf(program, why), forms::msgbox::Exclamation, "Tidvane");
     return false;
 }
 

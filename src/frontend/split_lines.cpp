@@ -2,7 +2,11 @@
 
 #include <algorithm>
 
+#include "settings/sentences.h"
+
 namespace tidvane::frontend {
+
+using settings::Sentence;
 
 namespace {
 
@@ -11,15 +15,17 @@ constexpr const char* kLineEnd = "\r\n";
 
 }  // namespace
 
-std::string tellSplitLines(const std::vector<settings::SplitLine>& lines) {
+std::string tellSplitLines(const settings::Program& program, const std::vector<settings::SplitLine>& lines) {
     std::string text;
     const std::size_t told = std::min(lines.size(), kTold);
     for (std::size_t at = 0; at < told; ++at) {
         const settings::SplitLine& line = lines[at];
-        text += line.file + ": the line \"" + line.line + "\" is read as:" + kLineEnd;
+        text += sentence(program, Sentence::LineIsReadAs, {line.file, line.line}) + kLineEnd;
         for (const std::string& item : line.items) text += item + kLineEnd;
     }
-    if (lines.size() > told) text += "and so are " + std::to_string(lines.size() - told) + " more line(s)." + kLineEnd;
+    if (lines.size() > told) {
+        text += sentence(program, Sentence::MoreLinesAreReadSo, {std::to_string(lines.size() - told)}) + kLineEnd;
+    }
     return text;
 }
 

@@ -31,6 +31,7 @@
 #include "frontend/removed.h"
 #include "frontend/sample/sample_machine.h"
 #include "frontend/window_arguments.h"
+#include "settings/sentences.h"
 #include "view/chooser/chooser.h"
 #include "view/text.h"
 #include "view/window_program.h"
@@ -69,6 +70,8 @@ private:
     void choose();
     bool open(const std::string& directory, std::string& error);
     void start();
+    std::string inLanguage(const std::string& told) const;
+    void warn(const std::string& told);
     void settle();
     void guarded(const std::function<void()>& what);
     void endOfSession();
@@ -184,16 +187,15 @@ bool App::open(const std::string& directory, std::string& error) {
     display.onEnd = [this] { end(); };
     program_->shell().show = tidvane::view::showOnDesktop;
     program_->shell().hostFolderOf = [this](const std::string& folder) { return paths_->hostFolderOf(folder); };
-    machine_->platform().setWarningSink(
-        [&display](const tidvane::platform::Warning& warning) { display.warn(warning.text); });
+    machine_->platform().setWarningSink([this](const tidvane::platform::Warning& warning) { warn(warning.text); });
     // What the end of a session asks for is heard at the points where events get in, as everything is.
     machine_->platform().events().onPump([this] { endOfSession(); });
     program_->view().onError = [&display](const std::string& text) {
         (void)display.MsgBox(text, msgbox::Critical, kTitle);
     };
-    program_->whenQuiet = [this, &display] {
+    program_->whenQuiet = [this] {
         std::string problem;
-        if (!machine_->settle(problem) && !problem.empty()) display.warn(problem);
+        if (!machine_->settle(problem) && !problem.empty()) warn(problem);
     };
     tidvane::frontend::watchOwnLists(program_->program());
     tidvane::frontend::connectRemovalGate(program_->program(), *machine_);
@@ -206,7 +208,16 @@ void App::start() {
     tidvane::view::WxDisplay& display = program_->display();
     tidvane::frontend::warnOfMissingProtection(program_->program(), display);
     tidvane::frontend::warnOfMissingTexts(program_->program(), display);
-    if (const std::string why = machine_->whyNotNow(); !why.empty()) display.warn(why);
+    if (const std::string why = machine_->whyNotNow(); !why.empty()) warn(why);
+}
+
+// What is told in English where no language is known.
+std::string App::inLanguage(const std::string& told) const {
+    return program_ ? tidvane::settings::inLanguageOf(program_->program(), told) : told;
+}
+
+void App::warn(const std::string& told) {
+    program_->display().warn(inLanguage(told));
 }
 
 void App::settle() {
@@ -269,7 +280,7 @@ bool App::OnExceptionInMainLoop() {
                                                         before_, machine_->platform().platform().removed));
         const std::string words = tidvane::frontend::lastWords(problem, removed);
         std::cerr << words << std::endl;
-        if (!ended_) wxMessageBox(toNative(words), kTitle, wxOK | wxICON_ERROR);
+        if (!ended_) wxMessageBox(toNative(inLanguage(words)), kTitle, wxOK | wxICON_ERROR);
         status_ = exit_status::MachineUnusable;
         return false;
     }

@@ -10,6 +10,7 @@
 #include "removal/folder_sweep.h"
 #include "removal/modKillMethod.h"
 #include "settings/modFormINI.h"
+#include "settings/sentences.h"
 
 namespace tidvane::plugins {
 
@@ -196,8 +197,7 @@ void dPlugCleaner::RunLine(const std::string& argument) {
     const std::string name = argument.substr(0, end);
     const std::string file = startableFile(program_, name);
     if (file.empty()) {
-        program_.display.warn("A plug-in may start a program by its full path, or one in Tidvane's own folder; \"" +
-                              name + "\" was not started.");
+        program_.display.warn(settings::sentence(program_, settings::Sentence::ProgramNotStarted, {name}));
         return;
     }
     (void)program_.platform.shell.ShellExecuteA("open", file, argument.substr(end + 1), "", 1);

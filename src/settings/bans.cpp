@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "platform/common/protected_keys.h"
+#include "settings/sentences.h"
 
 namespace tidvane::settings {
 
@@ -30,8 +31,7 @@ bool readBans(Program& program, const std::string& file, std::uint64_t limit, st
     if (bytes.size() <= limit) return true;
     bytes.resize(static_cast<std::size_t>(limit));
     if (program.tellOnce(file + " is too long")) {
-        program.display.warn(file + " is longer than " + std::to_string(limit) +
-                             " bytes: what stands behind these is not read, and its places are not refused.");
+        program.display.warn(sentence(program, Sentence::BanFileTooLong, {file, std::to_string(limit)}));
     }
     return true;
 }

@@ -12,6 +12,7 @@
 #include "forms/list_controls.h"
 #include "forms/simple_controls.h"
 #include "forms/text_box.h"
+#include "settings/sentences.h"
 
 namespace tidvane::settings {
 
@@ -191,7 +192,7 @@ void SaveFormINI(Program& program, forms::Form& form) {
         // An emptied text box keeps its old key, and the text comes back: intended.
         if (value.empty()) continue;
         if (writesOtherKeys(value)) {
-            program.display.warn(control->Name + " holds several lines and is not stored.");
+            program.display.warn(sentence(program, Sentence::SeveralLinesInBox, {control->Name}));
             continue;
         }
         (void)program.platform.profiles.WritePrivateProfileStringA(form.Name, profileKey(*control), value, file);
@@ -216,7 +217,7 @@ std::vector<EmptiedBox> emptiedBoxes(Program& program, const forms::Form& form) 
 
 void tellOfEmptiedBoxes(Program& program, const forms::Form& form) {
     for (const EmptiedBox& box : emptiedBoxes(program, form)) {
-        program.display.warn("\"" + box.caption + "\" was emptied and keeps its last value: " + box.stored);
+        program.display.warn(sentence(program, Sentence::BoxWasEmptied, {box.caption, box.stored}));
     }
 }
 

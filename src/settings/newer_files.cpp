@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "settings/sentences.h"
+
 namespace tidvane::settings {
 
 namespace {
@@ -25,11 +27,13 @@ std::string questionOfNewerFiles(Program& program, const std::vector<PlannedCopy
         if (source != 0 && lastWritten(files, copy.to) > source) newer.push_back(copy.to);
     }
     if (newer.empty()) return {};
-    std::string text = std::string("These files are newer than those that would replace them:") + kLineEnd + kLineEnd;
+    std::string text = sentence(program, Sentence::NewerFiles) + kLineEnd + kLineEnd;
     const std::size_t told = std::min(newer.size(), kTold);
     for (std::size_t at = 0; at < told; ++at) text += newer[at] + kLineEnd;
-    if (newer.size() > told) text += "and " + std::to_string(newer.size() - told) + " more." + kLineEnd;
-    return text + kLineEnd + "Replace them all the same?";
+    if (newer.size() > told) {
+        text += sentence(program, Sentence::MoreNewerFiles, {std::to_string(newer.size() - told)}) + kLineEnd;
+    }
+    return text + kLineEnd + sentence(program, Sentence::ReplaceAllTheSame);
 }
 
 }  // namespace tidvane::settings

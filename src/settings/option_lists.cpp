@@ -6,6 +6,7 @@
 #include "settings/bans.h"
 #include "settings/frmOptions.h"
 #include "settings/list_files.h"
+#include "settings/sentences.h"
 
 namespace tidvane::settings {
 
@@ -94,9 +95,7 @@ bool frmOptions::isBannedEntry(const std::string& text) {
 bool frmOptions::isBanned(const std::string& text) {
     const std::string file = program_.inProgramFolder(kBanFile);
     if (!program_.platform.files.FileExists(file) && program_.tellOnce(file)) {
-        program_.display.warn(std::string(kBanFile) +
-                              " is missing from the program's folder: only the places that are protected everywhere "
-                              "are refused.");
+        program_.display.warn(sentence(program_, Sentence::BanFileGone, {kBanFile}));
     }
     if (FindInFile(program_, file, text, kBanBlockSize) || isProtectedRegistryEntry(text)) return true;
     const std::string plain = plainSpelling(text);
@@ -109,10 +108,7 @@ bool frmOptions::mayEnter(const std::string& text) {
         return false;
     }
     if (!isStorable(program_, text)) {
-        tell(
-            "This entry has a character that the system's code page lacks. The list's file would keep it as \"?\", "
-            "which stands for any character.",
-            forms::msgbox::Exclamation);
+        tell(sentence(program_, Sentence::NotInCodePage), forms::msgbox::Exclamation);
         return false;
     }
     return survivesReading(text);
@@ -124,9 +120,9 @@ bool frmOptions::survivesReading(const std::string& text) {
     if (text.find_first_of(",\"\r") == std::string::npos) return true;
     const ListItems read = parseListItems(text);
     if (read.items.size() == 1 && read.items.front() == text) return true;
-    std::string question = "A comma or a quotation mark takes this entry apart when the list is loaded again:\r\n";
+    std::string question = sentence(program_, Sentence::TakenApart) + "\r\n";
     for (const std::string& item : read.items) question += "\r\n" + item;
-    question += "\r\n\r\nAdd it all the same?";
+    question += "\r\n\r\n" + sentence(program_, Sentence::AddAllTheSame);
     const int style = forms::msgbox::YesNo + forms::msgbox::Question + forms::msgbox::DefaultButton2;
     return program_.display.MsgBox(question, style, "Tidvane") == forms::msgbox::Yes;
 }
@@ -202,20 +198,18 @@ void frmOptions::loadLists() {
         file.keepFile = !platform::ok(status) && status != platform::Status::NotFound;
         file.list->Clear();
         for (const std::string& item : content.items) file.list->AddItem(item);
-        if (file.keepFile) warnOnce(std::string(file.fileName) + " cannot be read. It is kept as it is.");
+        if (file.keepFile) warnOnce(sentence(program_, Sentence::ListKept, {file.fileName}));
         const std::size_t told = std::min(content.splitLines.size(), kSplitLinesTold);
         for (std::size_t i = 0; i < told; ++i) {
-            warnOnce(std::string(file.fileName) + ": a comma or a quotation mark makes several entries of the line " +
-                     quotable(content.splitLines[i]));
+            warnOnce(sentence(program_, Sentence::LineMakesSeveral, {file.fileName, quotable(content.splitLines[i])}));
         }
         if (content.splitLines.size() > told) {
-            warnOnce(std::string(file.fileName) + ": so it is with " +
-                     std::to_string(content.splitLines.size() - told) + " more line(s).");
+            warnOnce(sentence(program_, Sentence::MoreLinesMakeSeveral,
+                              {file.fileName, std::to_string(content.splitLines.size() - told)}));
         }
         // The program ends every line that it writes. What is left of a path may be a folder far above it.
         if (content.lastLineIsOpen) {
-            warnOnce(std::string(file.fileName) +
-                     ": the last line has no line end and may have been cut: " + quotable(content.items.back()));
+            warnOnce(sentence(program_, Sentence::LastLineIsOpen, {file.fileName, quotable(content.items.back())}));
         }
     }
 }
@@ -223,7 +217,7 @@ void frmOptions::loadLists() {
 void frmOptions::saveLists() {
     for (const ListFile& file : lists_) {
         if (file.keepFile) {
-            program_.display.warn(std::string(file.fileName) + " could not be read and is not written.");
+            program_.display.warn(sentence(program_, Sentence::ListNotWritten, {file.fileName}));
             continue;
         }
         // A file that cannot be written keeps its old content.

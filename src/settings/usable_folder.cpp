@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "platform/common/windows_path.h"
+#include "settings/sentences.h"
 
 namespace tidvane::settings {
 
@@ -142,8 +143,8 @@ std::string usableFolder(Program& program, BrowserDirForm& form, BrowserBox box)
     const forms::TextBox& text = form.box(box);
     if (isUsable(program, form, box)) return text.Text();
     if (program.tellOnce(text.Name + ":" + text.Text())) {
-        program.display.warn("\"" + text.Text().substr(0, text.Text().find('\0')) + "\" in " + text.Name +
-                             " is no folder of a profile of " + form.browser() + "; nothing is cleaned there.");
+        const std::string folder = text.Text().substr(0, text.Text().find('\0'));
+        program.display.warn(sentence(program, Sentence::NoProfileFolder, {folder, text.Name, form.browser()}));
     }
     return {};
 }

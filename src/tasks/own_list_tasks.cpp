@@ -7,6 +7,7 @@
 #include "removal/modKillMethod.h"
 #include "settings/frmOptions.h"
 #include "settings/pause.h"
+#include "settings/sentences.h"
 #include "tasks/worker_protocol.h"
 
 namespace tidvane::tasks {
@@ -60,7 +61,7 @@ void removeFolder(settings::Program& program, const std::string& folder) {
     const int method = program.selectedKillMethod();
     if (method < 0) return;
     if (hasEmptyLastPart(folder)) {
-        program.display.warn("\"" + folder + "\" ends in a backslash: it was emptied, and the folder itself stays.");
+        program.display.warn(settings::sentence(program, settings::Sentence::FolderStays, {folder}));
         return;
     }
     removal::KillFile(program.platform, folder, method, false);

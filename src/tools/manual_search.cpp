@@ -10,11 +10,14 @@
 #include "settings/frmOptions.h"
 #include "settings/own_entries.h"
 #include "settings/pause.h"
+#include "settings/sentences.h"
 #include "tools/frmManualSearch.h"
 
 namespace tidvane::tools {
 
 namespace {
+
+using settings::Sentence;
 
 constexpr int kFirstKillMethodText = 732;
 
@@ -32,10 +35,12 @@ std::string frmManualSearch::questionBeforeSearch() {
     const bool allDrives = chkScanAllFixedDrives.ticked();
     const bool noFolder = !allDrives && txtFolderScanPath.Text().empty();
     if (!everyName && !noFolder) return {};
-    const std::string place = allDrives ? "on all fixed drives" : "below " + folderToScan();
-    return (noFolder ? "No folder is given: the whole drive will be searched.\r\n" : std::string()) +
-           (everyName ? "The mask " + mask + " matches every file name.\r\n" : std::string()) +
-           "\r\nDelete all files that match " + mask + " " + place + "?";
+    std::string question;
+    if (noFolder) question += settings::sentence(program_, Sentence::NoFolderGiven) + "\r\n";
+    if (everyName) question += settings::sentence(program_, Sentence::MaskMatchesEveryName, {mask}) + "\r\n";
+    return question + "\r\n" +
+           (allDrives ? settings::sentence(program_, Sentence::DeleteOnAllDrives, {mask})
+                      : settings::sentence(program_, Sentence::DeleteBelow, {mask, folderToScan()}));
 }
 
 void frmManualSearch::cmdSearch_Click() {
@@ -62,8 +67,8 @@ void frmManualSearch::cmdSearch_Click() {
     // Somebody went back while the walk was still returning: that page offers what it always does.
     if (page_ != Page::Final) showPage(page_);
     if (program_.removedForGood > removedForGood) {
-        program_.display.warn("The recycle bin refused " + std::to_string(program_.removedForGood - removedForGood) +
-                              " file(s); a second attempt removed them for good.");
+        program_.display.warn(settings::sentence(program_, Sentence::RecycleBinRefused,
+                                                 {std::to_string(program_.removedForGood - removedForGood)}));
     }
 }
 

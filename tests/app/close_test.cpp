@@ -25,6 +25,18 @@ TEST_F(CloseMain, TheCloseBoxHidesTheWindowInTheTray) {
     EXPECT_NE(program.windows.ifLoaded("frmMain"), nullptr);
 }
 
+TEST_F(CloseMain, WhereNoTrayIsTheNoteOfItIsInTheProgramsLanguage) {
+    speakGerman();
+    (void)main();
+    display.tray = false;
+    EXPECT_FALSE(close(forms::UnloadMode::ControlMenu));
+    EXPECT_EQ(main().State, forms::WindowState::Minimized);
+    ASSERT_FALSE(display.warnings.empty());
+    EXPECT_EQ(display.warnings.back(),
+              "Diese Arbeitsoberfläche zeigt keine Symbole im Infobereich: Tidvane wird stattdessen in die Taskleiste "
+              "minimiert.");
+}
+
 TEST_F(CloseMain, CodeGoesThrough) {
     EXPECT_TRUE(close(forms::UnloadMode::Code));
     EXPECT_EQ(program.windows.ifLoaded("frmMain"), nullptr);

@@ -59,6 +59,39 @@ TEST_F(Confirmations, LinesThatComeBackAsOthersAreAskedAboutWithTheEntriesShown)
     EXPECT_FALSE(allowsRun(program));
 }
 
+TEST_F(Confirmations, AreGermanWhereTheProgramIs) {
+    speakGerman();
+    list("td_ftypes.dat", "*\r\n");
+    list("td_folders.dat", "C:\\Data, old\r\n");
+    options().chkSearchTasks.Value = 1;
+    options().chkActivateOwnFolder.Value = 1;
+    EXPECT_EQ(questionOfMasks(program),
+              "Die Datenmüllsuche würde jede Datei ihrer Laufwerke entfernen, denn jeder Name passt auf "
+              "\"*\".\r\n\r\nTrotzdem reinigen?");
+    EXPECT_EQ(questionOfChangedLines(program),
+              "td_folders.dat: Die Zeile \"C:\\Data, old\" wird gelesen als:\r\nC:\\Data\r\nold\r\n\r\n"
+              "Mit diesen Einträgen reinigen?");
+    EXPECT_EQ(warningOfIdleEntry(program, OwnList::Folders, "Data"),
+              "\"Data\" ist kein vollständiger Pfad mit Laufwerk oder Freigabe; eine Reinigung fängt damit nichts an.");
+    EXPECT_TRUE(contains(warningOfIdleEntry(program, OwnList::Files, "Data"), "(\"HKEY_CURRENT_USER\\...\")"));
+    program.LangText.set(732, "another name since the window was loaded");
+    EXPECT_EQ(whyNotToRun(program, FrontEnd::Windows),
+              "Es ist keine Löschmethode gewählt; wählen Sie eine in den Optionen (Löschmethode).");
+    // What only the console tells speaks of its options, in its own language.
+    EXPECT_TRUE(contains(whyNotToRun(program), "choose one with --method"));
+    EXPECT_TRUE(contains(refusalOfMasks(program), "The junk search would"));
+}
+
+TEST_F(Confirmations, AQuestionIsAskedAlsoWhereTheLanguageFileIsOlderThanIt) {
+    machine.files.putFile(inFolder("English.lng"), "732 Delete\r\n733 Recycle\r\n734 Overwrite\r\n");
+    list("td_ftypes.dat", "*\r\n");
+    options().chkSearchTasks.Value = 1;
+    display.questionAnswer = forms::msgbox::No;
+    EXPECT_FALSE(allowsRun(program));
+    ASSERT_EQ(display.boxes.size(), 1U);
+    EXPECT_TRUE(contains(display.boxes[0].text, "Clean all the same?"));
+}
+
 TEST_F(Confirmations, BothQuestionsAreAsked) {
     list("td_ftypes.dat", "*\r\n");
     list("td_folders.dat", "C:\\Data, old\r\n");

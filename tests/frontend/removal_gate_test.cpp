@@ -85,6 +85,22 @@ TEST_F(RemovalGate, BesideAWineServerARunStopsBeforeAnythingIsRemoved) {
     EXPECT_FALSE(here.has(kJunk));
 }
 
+TEST_F(RemovalGate, WhatTheMachineIsRefusedForIsToldInTheProgramsLanguage) {
+    std::filesystem::remove(here / "program/English.lng");
+    std::filesystem::copy(TIDVANE_SOURCE_DIR "/data/languages/Deutsch (German).lng", here / "program/German.lng");
+    (void)main();
+    ASSERT_TRUE(held->settle(error)) << error;
+    server->start();
+    main().cmdClean_Click();
+    EXPECT_TRUE(refusedBecauseOf("wird von einem laufenden Wine-Server benutzt")) << display.boxes.back().text;
+    server->end();
+    const auto other = platform::machine::Machine::open(here / "m", platform::machine::Machine::Access::Write, error);
+    ASSERT_NE(other, nullptr) << error;
+    main().cmdClean_Click();
+    EXPECT_TRUE(refusedBecauseOf("wird von einem anderen Tidvane benutzt")) << display.boxes.back().text;
+    EXPECT_TRUE(here.has(kJunk));
+}
+
 TEST_F(RemovalGate, ARefusedQuestionLeavesTheMachineFree) {
     here.file("program/td_ftypes.dat", "*\r\n");
     options().chkSearchTasks.Value = 1;

@@ -426,6 +426,34 @@ TEST_F(ManualSearch, AsksBeforeTheWholeDriveWhereNoFolderIsGiven) {
     EXPECT_TRUE(has("D:\\a.tmp"));
 }
 
+TEST_F(ManualSearch, AsksInGermanWhereTheProgramIsGerman) {
+    speakGerman();
+    put("C:\\a.txt");
+    display.questionAnswer = forms::msgbox::No;
+    search("*.*", "");
+    ASSERT_EQ(display.boxes.size(), 1u);
+    EXPECT_EQ(display.boxes[0].text,
+              "Es ist kein Ordner angegeben: Das ganze Laufwerk wird durchsucht.\r\n"
+              "Auf die Maske *.* passt jeder Dateiname.\r\n\r\n"
+              "Alle Dateien unter C:\\ löschen, die auf *.* passen?");
+    window().chkScanAllFixedDrives.Value = 1;
+    EXPECT_EQ(window().questionBeforeSearch(),
+              "Auf die Maske *.* passt jeder Dateiname.\r\n\r\n"
+              "Alle Dateien auf allen Festplatten löschen, die auf *.* passen?");
+    EXPECT_TRUE(has("C:\\a.txt"));
+}
+
+TEST_F(ManualSearch, TellsInGermanWhatTheBinRefused) {
+    speakGerman();
+    method(1);
+    put("C:\\D\\a.tmp");
+    machine.shell.fileOperationFails = 5;
+    display.warnings.clear();
+    search("*.tmp");
+    EXPECT_EQ(display.warnings, Lines{"Der Papierkorb hat 1 Datei(en) nicht angenommen; ein zweiter Versuch hat sie "
+                                      "endgültig gelöscht."});
+}
+
 TEST_F(ManualSearch, AsksForAllDrivesByTheMaskAndNotByTheEmptyFolder) {
     window().chkScanAllFixedDrives.Value = 1;
     search("*.tmp", "");
