@@ -205,6 +205,7 @@ private:
     void openExplorerRow(int row);
     void fillExplorerMenu();
     void connectPlugList();
+    void enablePlugCommands();
     // Nothing is written while the list is being filled: its rows do not show what is stored yet.
     void writePlugTicks(const char* ticked, const char* notTicked);
     // Once for each fill; where an event got in and has read them already, the ticks that the user sees stand.

@@ -53,6 +53,15 @@ void frmMain::connectPlugList() {
     connect("mnuPlugCreate", &frmMain::createPlug);
     connect("mnuPlugDelete", &frmMain::deletePlug);
     cmdSearch.Click.connect([this] { cmdSearch_Click(); });
+    LstPlugs.Click.connect([this] { enablePlugCommands(); });
+    enablePlugCommands();
+}
+
+// Those that are about the current row are offered where there is one.
+void frmMain::enablePlugCommands() {
+    for (const char* command : {"mnuPlugInfo", "mnuPlugEdit", "mnuPlugDelete"}) {
+        menu(command).Enabled = LstPlugs.ListIndex() >= 0;
+    }
 }
 
 plugins::dPlugCleaner& frmMain::plugCleaner() {
@@ -98,6 +107,7 @@ void frmMain::refreshPlugList() {
     writePlugTicks("True", "False");
     plugTicksUnread_ = true;
     LstPlugs.Clear();
+    enablePlugCommands();
     plugFolder_ = plugInFolder(program_);
     FillPlugList();
     if (!program_.ended()) readPlugTicks();

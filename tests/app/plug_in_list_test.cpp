@@ -414,6 +414,29 @@ TEST_F(PlugInFileCommands, EditOpensTheFile) {
     EXPECT_EQ(machine.shell.started[0].file, pathOf("b"));
 }
 
+TEST_F(PlugInFileCommands, AreOfferedWhereThereIsACurrentRow) {
+    const auto offered = [this] {
+        std::string names;
+        for (const char* name : {"mnuPlugInfo", "mnuPlugEdit", "mnuPlugDelete"}) {
+            if (main().menu(name).Enabled) names += std::string(name) + " ";
+        }
+        return names;
+    };
+    const std::string all = "mnuPlugInfo mnuPlugEdit mnuPlugDelete ";
+    EXPECT_EQ(offered(), "");
+    main().LstPlugs.setListIndex(1);
+    EXPECT_EQ(offered(), all);
+    // The rows come anew, and none of them is current.
+    click("mnuRefreshPlugs");
+    EXPECT_EQ(offered(), "");
+    main().LstPlugs.setListIndex(0);
+    EXPECT_EQ(offered(), all);
+    main().LstPlugs.setListIndex(-1);
+    EXPECT_EQ(offered(), "");
+    EXPECT_TRUE(main().menu("mnuPlugCreate").Enabled);
+    EXPECT_TRUE(main().menu("mnuCleanPlugNow").Enabled);
+}
+
 TEST_F(PlugInFileCommands, EditOffersAProgramWhereNoneIsKnown) {
     main().LstPlugs.setListIndex(0);
     machine.shell.shellExecuteResult = 31;
