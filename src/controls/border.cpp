@@ -32,6 +32,7 @@ Border::Line Border::line() const {
 
 bool Border::opaqueAt(int x, int y) const {
     const Rect area{0, 0, size_.width, size_.height};
+    // An area that is smaller than its line shows nothing, where crossed corners would fill all of it: intended.
     const Line line = this->line();
     if (!area.contains(x, y) || line.right < line.left || line.bottom < line.top) return false;
     const auto covers = [&](int edge, int at) {

@@ -111,29 +111,12 @@ int ExplorerBar::add(ExplorerGroup group) {
 
 int ExplorerBar::AddNormalGroup(const std::string& title, const std::string& icon, const std::string& tag,
                                 const std::string& toolTipText, bool titleBold, forms::Control* container, bool open) {
-    ExplorerGroup group;
-    group.Title = title;
-    group.Icon = icon;
-    group.Tag = tag;
-    group.ToolTipText = toolTipText;
-    group.TitleBold = titleBold;
-    group.Container = container;
-    group.open = open;
-    return add(std::move(group));
+    return add({GroupKind::Normal, title, titleBold, icon, tag, toolTipText, container, {}, {}, {}, open, {}, {}});
 }
 
 int ExplorerBar::AddSpecialGroup(const std::string& title, const std::string& icon, const std::string& tag,
                                  const std::string& toolTipText, bool titleBold, forms::Control* container, bool open) {
-    ExplorerGroup group;
-    group.kind = GroupKind::Special;
-    group.Title = title;
-    group.Icon = icon;
-    group.Tag = tag;
-    group.ToolTipText = toolTipText;
-    group.TitleBold = titleBold;
-    group.Container = container;
-    group.open = open;
-    return add(std::move(group));
+    return add({GroupKind::Special, title, titleBold, icon, tag, toolTipText, container, {}, {}, {}, open, {}, {}});
 }
 
 int ExplorerBar::AddDetailGroup(const std::string& title, const std::string& caption, const std::string& picture) {
@@ -338,22 +321,23 @@ void ExplorerBar::setItem(int group, int item, T ExplorerItem::*field, const T& 
     if (found != nullptr) set(&(found->*field), value);
 }
 
-void ExplorerBar::SetDetailCaption(const std::string& caption) {
-    for (int group = 0; group < GetGroupsCount(); ++group) {
-        if (find(group)->kind == GroupKind::Detail) setGroup(group, &ExplorerGroup::Caption, caption);
+template <class T>
+void ExplorerBar::setDetail(T ExplorerGroup::*field, const T& value) {
+    for (ExplorerGroup& group : groups_) {
+        if (group.kind == GroupKind::Detail) set(&(group.*field), value);
     }
+}
+
+void ExplorerBar::SetDetailCaption(const std::string& caption) {
+    setDetail(&ExplorerGroup::Caption, caption);
 }
 
 void ExplorerBar::SetDetailPicture(const std::string& picture) {
-    for (int group = 0; group < GetGroupsCount(); ++group) {
-        if (find(group)->kind == GroupKind::Detail) setGroup(group, &ExplorerGroup::Picture, picture);
-    }
+    setDetail(&ExplorerGroup::Picture, picture);
 }
 
 void ExplorerBar::SetDetailTitle(const std::string& title) {
-    for (int group = 0; group < GetGroupsCount(); ++group) {
-        if (find(group)->kind == GroupKind::Detail) setGroup(group, &ExplorerGroup::Title, title);
-    }
+    setDetail(&ExplorerGroup::Title, title);
 }
 
 void ExplorerBar::SetGroupContainer(int group, forms::Control* container) {

@@ -66,7 +66,7 @@ public:
     static constexpr int kFull = -20;
 
     static constexpr int kHeightStep = 8;     // logical pixels a tick
-    static constexpr int kTickInterval = 10;  // milliseconds; a display may take its own rate
+    static constexpr int kTickInterval = 16;  // milliseconds: about as often as a display draws
 
     ExplorerBar(forms::Form& form, std::string name);
 
@@ -199,6 +199,7 @@ public:
     // --- For the view: size and measure, then the places. Logical pixels. Until a size is known nothing is animated.
     // Called when the size, the font or the display changes, not from a paint: it measures and draws everything anew.
     void setView(Size size, ExplorerMeasure measure);
+    // Looks also what is hot now: groups move under a mouse that rests.
     const ExplorerLayout& layout();
     int scroll() const { return tsbVertical.Value; }
     void setScroll(int position);
@@ -217,7 +218,8 @@ public:
     bool animating() const;
     bool tick();
 
-    // The mouse, in the pane's own pixels. The view catches the mouse from press to release.
+    // The mouse, in the pane's own pixels. The view catches the mouse from press to release, and tells that it has left
+    // also after a release outside; told again, it raises nothing.
     void mouseDown(MouseButton button, int x, int y, int keys = 0);
     void mouseMove(int x, int y, int keys = 0);
     void mouseUp(MouseButton button, int x, int y, int keys = 0);
@@ -234,6 +236,7 @@ public:
     // What has the focus, or would have it if the pane had.
     PaneTarget focus();
     bool hasFocus() const { return hasFocus_; }
+    PaneTarget hot() const { return hot_; }
     // All that the keyboard reaches, from top to bottom.
     std::vector<PaneTarget> targets();
 
@@ -248,6 +251,8 @@ public:
 
 private:
     int add(ExplorerGroup group);
+    template <class T>
+    void setDetail(T ExplorerGroup::*field, const T& value);
     ExplorerGroup* find(int group);
     const ExplorerGroup* find(int group) const;
     ExplorerItem* find(int group, int item);
@@ -275,6 +280,8 @@ private:
     void arrange();
     void place(int width);
     PaneTarget at(int x, int y);
+    // What has come under the mouse, or gone from under it, without a move of the mouse.
+    void findHot();
     void setHot(PaneTarget target);
     void setPressed(PaneTarget target);
     void moveFocus(PaneTarget target);
@@ -300,6 +307,11 @@ private:
     bool dirtyPlaces_ = true;
     bool arranging_ = false;
 
+    struct Point {
+        int x = 0;
+        int y = 0;
+    };
+    std::optional<Point> mouse_;  // nothing while it is elsewhere
     PaneTarget hot_;
     PaneTarget pressed_;
     bool overPressed_ = false;

@@ -81,6 +81,7 @@ void ExplorerBar::arrange() {
 
 const ExplorerLayout& ExplorerBar::layout() {
     arrange();
+    findHot();
     return layout_;
 }
 
@@ -137,6 +138,11 @@ PaneTarget ExplorerBar::at(int x, int y) {
     return layout_.at(x, y);
 }
 
+void ExplorerBar::findHot() {
+    if (!mouse_ || !Enabled || !Visible || scrolling_ || (pressed_.any() && !byKey_)) return;
+    setHot(at(mouse_->x, mouse_->y));
+}
+
 void ExplorerBar::setHot(PaneTarget target) {
     if (target == hot_) return;
     hot_ = target;
@@ -163,6 +169,7 @@ bool ExplorerBar::act(PaneTarget target) {
 // --- Mouse
 
 void ExplorerBar::mouseDown(MouseButton button, int x, int y, int keys) {
+    mouse_ = {x, y};
     if (!Enabled || !Visible) return;
     const Rect bar = scrollBar();
     if (button == MouseButton::Left && bar.contains(x, y)) {
@@ -181,6 +188,7 @@ void ExplorerBar::mouseDown(MouseButton button, int x, int y, int keys) {
 }
 
 void ExplorerBar::mouseMove(int x, int y, int keys) {
+    mouse_ = {x, y};
     if (!Enabled || !Visible) return;
     const Rect bar = scrollBar();
     if (scrolling_ || (bar.contains(x, y) && !pressed_.any())) {
@@ -204,6 +212,7 @@ void ExplorerBar::mouseMove(int x, int y, int keys) {
 }
 
 void ExplorerBar::mouseUp(MouseButton button, int x, int y, int keys) {
+    mouse_ = {x, y};
     if (button == MouseButton::Left && scrolling_) {
         scrolling_ = false;
         tsbVertical.mouseUp();
@@ -225,6 +234,8 @@ void ExplorerBar::mouseUp(MouseButton button, int x, int y, int keys) {
 }
 
 void ExplorerBar::mouseLeave() {
+    if (!mouse_) return;
+    mouse_.reset();
     tsbVertical.mouseLeave();
     setHot({});
     MouseOut();

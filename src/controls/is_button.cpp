@@ -109,9 +109,11 @@ void isButton::press() {
 }
 
 void isButton::mouseEnter() {
-    if (over_) return;
+    // Enabled under the mouse, a button hears of it at the next word from the view.
+    if (over_ && (toldEnter_ || !alive())) return;
     over_ = true;
     if (!alive()) return;
+    toldEnter_ = true;
     viewChanged();
     MouseEnter();
 }
@@ -119,9 +121,9 @@ void isButton::mouseEnter() {
 void isButton::mouseLeave() {
     if (!over_) return;
     over_ = false;
-    if (!alive()) return;
-    viewChanged();
-    MouseLeave();
+    if (alive()) viewChanged();
+    // Also of a button that was disabled meanwhile: whoever heard of the mouse hears that it has gone.
+    if (std::exchange(toldEnter_, false)) MouseLeave();
 }
 
 void isButton::mouseDown() {
@@ -196,7 +198,6 @@ ButtonPlaces isButton::places(Size button, Size caption) const {
     const Rect inside{kPadding, kPadding, std::max(0, button.width - 2 * kPadding),
                       std::max(0, button.height - 2 * kPadding)};
     ButtonPlaces places;
-    places.focus = inside;
     const int size = Icon.get().empty() ? 0 : std::max(0, IconSize.get());
     const bool withCaption = !Caption.get().empty();
     Alignment iconSide = alignment(IconAlign, Alignment::Left);

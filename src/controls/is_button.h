@@ -43,11 +43,10 @@ struct ButtonTip {
     unsigned foreColor = 0;
 };
 
-// Where icon, caption and focus rectangle lie, in the button's own pixels. Empty where there is none.
+// Where icon and caption lie, in the button's own pixels. Empty where there is none.
 struct ButtonPlaces {
     Rect icon;
     Rect caption;
-    Rect focus;
 };
 
 // Value is the pressed look. Setting it raises no click: code that sets it starts nothing.
@@ -142,8 +141,9 @@ private:
     bool alive() const { return Enabled && Visible; }
 
     bool over_ = false;
-    bool held_ = false;     // by the mouse
-    bool keyHeld_ = false;  // by the space bar
+    bool toldEnter_ = false;  // MouseEnter, to which a MouseLeave belongs
+    bool held_ = false;       // by the mouse
+    bool keyHeld_ = false;    // by the space bar
     bool focused_ = false;
     bool focusByKeyboard_ = false;
 };

@@ -192,11 +192,13 @@ void ThemedScrollBar::drag(int mouse) {
     if (to == thumbAt_) return;
     thumbAt_ = to;
     repaint();
-    // A thumb as long as its track cannot have moved.
+    // Min and Max may have met under the held thumb: the division below would be by zero.
+    if (room <= 0 || range() <= 0) return;
     const double value = std::round((to - start) * (range() / room)) + Min.get();
     if (static_cast<int>(value) == Value.get()) return;
     Value = static_cast<int>(value);
     Scroll();
+    // Nothing lets the windows draw here: the view's own loop does it between two moves. Intended.
 }
 
 void ThemedScrollBar::mouseUp() {

@@ -43,8 +43,6 @@ public:
     forms::Property<bool> ShowButtons{false, &placed_};
     forms::Property<int> SmallChange{0, &viewChanged};
     forms::Property<int> Value{0, &placed_, &changed_};
-    // Whether the parts are drawn in the system's visual style; found out by the view.
-    forms::Property<bool> visualStyle{false, &viewChanged};
     long hWnd = 0;  // the view's handle of the window, 0 while there is none
 
     static const std::array<StoredProperty<ThemedScrollBar>, 11>& properties();

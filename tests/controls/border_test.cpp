@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "controls/changed_properties.h"
 #include "forms/form.h"
 
 namespace tidvane::controls {
@@ -74,6 +75,10 @@ TEST_F(BorderTest, IsDrawnAnewWhenItsSizeOrAPropertyChanges) {
     border.BorderWidth = 1;
     border.Refresh();
     EXPECT_EQ(drawn, 4);
+}
+
+TEST_F(BorderTest, EveryPropertyIsStoredAndDrawnAnew) {
+    expectEveryPropertyIsStoredAndRedraws(border);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "controls/changed_properties.h"
 #include "forms/form.h"
 #include "forms/simple_controls.h"
 
@@ -462,6 +463,10 @@ TEST_F(PaneTest, AListenerMayTakeAwayTheGroupsThatWereClicked) {
     pane.Collapse.connect([this](int) { pane.DeleteAllGroups(); });
     pane.clickHeader(0);
     EXPECT_EQ(told(), "collapse 0;group 0 0;");
+}
+
+TEST_F(PaneTest, EveryPropertyIsStoredAndDrawnAnew) {
+    expectEveryPropertyIsStoredAndRedraws(pane);
 }
 
 }  // namespace

@@ -493,6 +493,82 @@ TEST_F(PaneViewTest, TheHotTargetFollowsTheMouse) {
     EXPECT_FALSE(pane.state({0, 0}).hot);
 }
 
+TEST_F(PaneViewTest, WhatComesUnderARestingMouseIsHotAndWhatLeavesItIsNot) {
+    fill();
+    view(220, 1000);
+    move(group(2).header);
+    told();
+    pane.SetGroupState(0, GroupState::Closed);
+    pane.layout();
+    EXPECT_FALSE(pane.state({2, -1}).hot);
+    EXPECT_EQ(told(), "");
+    pane.SetGroupState(0, GroupState::Open);
+    pane.layout();
+    EXPECT_TRUE(pane.state({2, -1}).hot);
+    EXPECT_EQ(told(), "hover 2 -1;");
+    pane.mouseLeave();
+    pane.SetGroupState(0, GroupState::Closed);
+    pane.layout();
+    pane.SetGroupState(0, GroupState::Open);
+    pane.layout();
+    EXPECT_EQ(told(), "out;");
+}
+
+TEST_F(PaneViewTest, EveryStepOfAMotionFindsWhatIsHot) {
+    fill();
+    pane.Animation = 1;
+    view(220, 1000);
+    const Rect below = group(2).header;
+    move(below);
+    told();
+    pane.clickHeader(0);
+    still();
+    pane.layout();
+    const auto [x, y] = middle(below);
+    const PaneTarget there = pane.layout().at(x, y);
+    EXPECT_NE(there, (PaneTarget{2, -1}));
+    EXPECT_EQ(pane.hot(), there);
+}
+
+TEST_F(PaneViewTest, TheWheelTurnsAnotherTargetUnderARestingMouse) {
+    fill();
+    view(220, 120);
+    move(item(0, 0));
+    told();
+    pane.wheel(-ThemedScrollBar::kWheelNotch);
+    pane.layout();
+    EXPECT_FALSE(pane.state({0, 0}).hot);
+    const Rect first = item(0, 0);
+    EXPECT_LT(first.y, 0);
+    pane.wheel(ThemedScrollBar::kWheelNotch);
+    pane.layout();
+    EXPECT_TRUE(pane.state({0, 0}).hot);
+}
+
+TEST_F(PaneViewTest, WhatIsHeldStaysHotAlthoughTheGroupsMove) {
+    fill();
+    view(220, 1000);
+    press(group(2).header);
+    told();
+    pane.SetGroupState(0, GroupState::Closed);
+    pane.layout();
+    EXPECT_EQ(pane.hot(), (PaneTarget{2, -1}));
+    EXPECT_EQ(told(), "");
+}
+
+TEST_F(PaneViewTest, TellsOnceThatTheMouseHasLeft) {
+    fill();
+    view(220, 1000);
+    pane.mouseLeave();
+    EXPECT_EQ(told(), "");
+    press(item(0, 0));
+    pane.mouseMove(-50, 10);
+    pane.mouseUp(MouseButton::Left, -50, 10);
+    pane.mouseLeave();
+    pane.mouseLeave();
+    EXPECT_EQ(told(), "hover 0 0;out;");
+}
+
 TEST_F(PaneViewTest, ClicksWhereTheMouseWasPressedAndLetGo) {
     fill();
     view(220, 1000);

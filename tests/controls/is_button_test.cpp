@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "controls/changed_properties.h"
 #include "forms/form.h"
 
 namespace tidvane::controls {
@@ -113,6 +114,26 @@ TEST_F(ButtonTest, TellsEnterAndLeaveOnceEach) {
     button.mouseLeave();
     button.mouseLeave();
     EXPECT_EQ(told(), "enter;leave;");
+}
+
+TEST_F(ButtonTest, TellsALeaveForEachEnterAndNoOtherWhateverDisablesIt) {
+    button.mouseEnter();
+    button.Enabled = false;
+    button.mouseLeave();
+    EXPECT_EQ(told(), "enter;leave;");
+    button.mouseEnter();
+    button.Enabled = true;
+    button.mouseLeave();
+    EXPECT_EQ(told(), "");
+    // Enabled under the mouse: it enters with its next move.
+    button.Enabled = false;
+    button.mouseEnter();
+    button.Enabled = true;
+    button.mouseEnter();
+    button.mouseEnter();
+    EXPECT_EQ(told(), "enter;");
+    button.mouseLeave();
+    EXPECT_EQ(told(), "leave;");
 }
 
 TEST_F(ButtonTest, TakesTheKeyboard) {
@@ -236,7 +257,6 @@ TEST_F(ButtonTest, CentresACaptionAlone) {
     const ButtonPlaces places = button.places({100, 30}, {40, 14});
     EXPECT_TRUE(places.icon.empty());
     EXPECT_EQ(places.caption, (Rect{30, 8, 40, 14}));
-    EXPECT_EQ(places.focus, (Rect{4, 4, 92, 22}));
 }
 
 TEST_F(ButtonTest, AlignsTheCaptionToEachSide) {
@@ -312,7 +332,7 @@ TEST_F(ButtonTest, GivesNothingANegativeSizeInASmallButton) {
         button.IconAlign = align;
         for (int side = 0; side < 40; side += 3) {
             const ButtonPlaces places = button.places({side, side}, {40, 14});
-            for (const Rect& box : {places.icon, places.caption, places.focus}) {
+            for (const Rect& box : {places.icon, places.caption}) {
                 EXPECT_GE(box.width, 0);
                 EXPECT_GE(box.height, 0);
             }
@@ -348,6 +368,10 @@ TEST_F(ButtonTest, RefreshRepaints) {
     button.Refresh();
     EXPECT_EQ(drawn, 1);
     EXPECT_EQ(button.About(), isButton::VERSION);
+}
+
+TEST_F(ButtonTest, EveryPropertyIsStoredAndDrawnAnew) {
+    expectEveryPropertyIsStoredAndRedraws(button);
 }
 
 }  // namespace

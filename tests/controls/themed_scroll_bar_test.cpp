@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "controls/changed_properties.h"
 #include "forms/form.h"
 
 namespace tidvane::controls {
@@ -338,6 +339,23 @@ TEST_F(ScrollBarTest, AThumbAsLongAsItsTrackCannotBeDragged) {
     EXPECT_EQ(told(), "");
 }
 
+TEST_F(ScrollBarTest, AThumbUnderWhichTheRangeGoesChangesNoValue) {
+    for (const int max : {0, -5}) {
+        hundred(30, 10);
+        bar.Value = 12;
+        bar.mouseDown(5, bar.rectangle(Thumb).y + 3);
+        told();
+        bar.Max = max;
+        bar.mouseMove(5, 100);
+        bar.mouseMove(5, 0);
+        EXPECT_EQ(bar.Value, 12) << max;
+        EXPECT_EQ(told(), "") << max;
+        EXPECT_GE(bar.rectangle(Thumb).y, 17) << max;
+        EXPECT_LE(bar.rectangle(Thumb).bottom(), 117) << max;
+        bar.mouseUp();
+    }
+}
+
 TEST_F(ScrollBarTest, ThePressedLookFollowsTheMouseOffThePartAndBack) {
     hundred(30, 10);
     bar.mouseDown(5, 130);
@@ -447,6 +465,10 @@ TEST_F(ScrollBarTest, KeysStepAndArrowKeysOfTheContainerCountOnWishOnly) {
     EXPECT_TRUE(bar.keyDown(Key::Down, true));
     EXPECT_FALSE(bar.keyDown(Key::PageDown, true));
     EXPECT_EQ(told(), "change 1;");
+}
+
+TEST_F(ScrollBarTest, EveryPropertyIsStoredAndDrawnAnew) {
+    expectEveryPropertyIsStoredAndRedraws(bar);
 }
 
 }  // namespace
