@@ -85,11 +85,21 @@ void frmManualSearch::cmdBack_Click() {
 
 void frmManualSearch::tmrManualSearch_Timer() {
     cmdNext.Enabled = page_ == Page::Mask && isSearchable(txtSearchMask.Text());
+    showCaret();
+}
+
+// Where there is no log yet there is no caret to tell of.
+void frmManualSearch::showCaret() {
+    if (txtLog.Text().empty()) {
+        StatusBar1.setPanel(2, {});
+        StatusBar1.setPanel(3, {});
+        return;
+    }
     const std::size_t line = txtLog.lineFromCaret();
     const std::size_t start = txtLog.lineStart(line);
-    StatusBar1.setPanel(2, std::to_string(line + 1));
-    StatusBar1.setPanel(
-        3, std::to_string(txtLog.SelStart() - start + 1) + " / " + std::to_string(txtLog.lineLength(line)));
+    StatusBar1.setPanel(2, program_.LangText(848) + " " + std::to_string(line + 1));
+    StatusBar1.setPanel(3, program_.LangText(849) + " " + std::to_string(txtLog.SelStart() - start + 1) + " / " +
+                               std::to_string(txtLog.lineLength(line)));
 }
 
 void frmManualSearch::close() {

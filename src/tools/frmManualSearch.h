@@ -69,6 +69,7 @@ private:
     void showPage(Page page);
     void cmdBack_Click();
     void tmrManualSearch_Timer();
+    void showCaret();
     void close();
 
     // manual_search.cpp

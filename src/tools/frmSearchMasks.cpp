@@ -11,6 +11,7 @@ frmSearchMasks::frmSearchMasks(settings::Program& program) : Form(kName), progra
     cmdSelectAll.Click.connect([this] { lstSearchMasks.selectAll(true); });
     cmdDeselectAll.Click.connect([this] { lstSearchMasks.selectAll(false); });
     cmdAdd.Click.connect([this] { addSelected(); });
+    cmdCancel.Click.connect([this] { program_.windows.unload(*this); });
     txtSearchMasks.Change.connect([this] { goToTypedText(); });
     tmrSearchMasks.Tick.connect([this] {
         lblSelected.Caption =
@@ -27,6 +28,7 @@ void frmSearchMasks::Form_Load() {
     cmdSelectAll.Caption = text(811);
     cmdDeselectAll.Caption = text(812);
     cmdAdd.Caption = text(351);
+    cmdCancel.Caption = text(301);
     for (const char* mask : settings::kBuiltInMasks) lstSearchMasks.AddItem(mask);
 }
 

@@ -26,6 +26,7 @@ public:
     controls::isButton cmdSelectAll{*this, "cmdSelectAll", "Alle markieren"};
     controls::isButton cmdDeselectAll{*this, "cmdDeselectAll", "Markierung aufheben"};
     controls::isButton cmdAdd{*this, "cmdAdd", "Hinzufügen"};
+    controls::isButton cmdCancel{*this, "cmdCancel", "Abbrechen"};
     forms::Timer tmrSearchMasks{*this, "tmrSearchMasks", 1, true};
 
 private:

@@ -194,12 +194,18 @@ TEST_F(ManualSearch, ShowsTheCaretOfItsLog) {
     window().txtLog.setText("first\r\nsecond");
     window().txtLog.select(9, 0);
     window().tmrManualSearch.fire();
-    EXPECT_EQ(window().StatusBar1.Panel(2), "2");
-    EXPECT_EQ(window().StatusBar1.Panel(3), "3 / 6");
+    EXPECT_EQ(window().StatusBar1.Panel(2), text(848) + " 2");
+    EXPECT_EQ(window().StatusBar1.Panel(3), text(849) + " 3 / 6");
     window().txtLog.select(0, 0);
     window().tmrManualSearch.fire();
-    EXPECT_EQ(window().StatusBar1.Panel(2), "1");
-    EXPECT_EQ(window().StatusBar1.Panel(3), "1 / 5");
+    EXPECT_EQ(window().StatusBar1.Panel(2), text(848) + " 1");
+    EXPECT_EQ(window().StatusBar1.Panel(3), text(849) + " 1 / 5");
+}
+
+TEST_F(ManualSearch, TellsOfNoCaretWhileThereIsNoLog) {
+    window().tmrManualSearch.fire();
+    EXPECT_EQ(window().StatusBar1.Panel(2), "");
+    EXPECT_EQ(window().StatusBar1.Panel(3), "");
 }
 
 // --- the walk

@@ -51,6 +51,14 @@ TEST_F(SearchMasks, AddsTheMarkedMasksFromFirstToLastAndCloses) {
     EXPECT_EQ(program.windows.ifLoaded("frmSearchMasks"), nullptr);
 }
 
+TEST_F(SearchMasks, CancelClosesAndAddsNothing) {
+    window().lstSearchMasks.setSelected(3, true);
+    EXPECT_EQ(window().cmdCancel.Caption, program.LangText(301));
+    window().cmdCancel.press();
+    EXPECT_EQ(options().lstSearchMasks.ListCount(), 0);
+    EXPECT_EQ(program.windows.ifLoaded("frmSearchMasks"), nullptr);
+}
+
 TEST_F(SearchMasks, AddsPastTheBanAndDoublesWhatIsThere) {
     putBeside("td_ban.dat", "x\r\n*.BAK\r\n");
     options().lstSearchMasks.AddItem("*.bak");

@@ -61,7 +61,7 @@ void layoutFrmManualSearch(FormWindow& window) {
     auto* page = new wxBoxSizer(wxVERTICAL);
     page->Add(column(body, {fill(pages), cell(foot)}, 2 * kGap), 1, wxEXPAND | wxALL, body->FromDIP(kEdge));
     body->SetSizer(row(body, {wide(side), fill(page)}, 0));
-    window.statusBar(form.StatusBar1, {-1, 60, 100});
+    window.statusBar(form.StatusBar1, {-1, 80, 150});
 
     // Enter goes on: to the next page, to the search, and behind it to the end.
     const auto usual = [&window, &form, next, search, close] {

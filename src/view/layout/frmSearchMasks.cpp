@@ -16,12 +16,21 @@ void layoutFrmSearchMasks(FormWindow& window) {
     wxWindow* selected = window.label(body, form.lblSelected);
     wxWindow* all = window.button(body, form.cmdSelectAll, "select-all");
     wxWindow* none = window.button(body, form.cmdDeselectAll, "select-none");
+    wxWindow* cancel = window.button(body, form.cmdCancel, "cancel");
     wxWindow* add = window.button(body, form.cmdAdd, "add");
     fillWindow(body, column(body, {cell(hint), cell(row(body, {cell(searchLabel), fill(search)})), fill(list),
                                    cell(row(body, {cell(all), cell(none), rest(), cell(selected)})), gap(kGap),
-                                   cell(row(body, {rest(), cell(add)}))}));
+                                   cell(row(body, {rest(), cell(cancel), cell(add)}))}));
     window.defaultButton(add);
-    window.onEscape([&window] { window.onClose(); });
+    // What is searched for is not marked yet.
+    search->Bind(wxEVT_CHAR_HOOK, [list](wxKeyEvent& event) {
+        if (event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER) {
+            list->SetFocus();
+        } else {
+            event.Skip();
+        }
+    });
+    window.onEscape([&form] { form.cmdCancel.press(); });
 }
 
 }  // namespace tidvane::view
