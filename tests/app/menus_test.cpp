@@ -80,7 +80,10 @@ TEST_F(MenusTest, TheBarShowsItsSixTitlesAndThoseOfThePage) {
     EXPECT_EQ(bar(), six);
 }
 
-TEST_F(MenusTest, OnlyWhatIsStillToBeBuiltIsGrey) {
+TEST_F(MenusTest, OnlyWhatIsStillToBeBuiltIsGreyWhereAPlugInIsTheCurrentRow) {
+    // Three entries are about the current plug-in.
+    machine.files.putFile(inFolder("PlugIns\\a.tdp"), "[Info]\r\nTitle=A\r\n");
+    main().LstPlugs.setListIndex(0);
     for (const MenuRow& row : menuTable()) {
         EXPECT_EQ(main().menu(row.name).Enabled, row.action != MenuAction::NotThereYet) << row.name;
     }
