@@ -26,6 +26,7 @@ public:
                                     const std::optional<std::string>&, const std::string&) override {
         return true;
     }
+    bool WriteValues(const std::string&, const Values&, const std::string&) override { return true; }
 
 private:
     platform::ProfileFiles& profiles_;

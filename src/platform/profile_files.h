@@ -4,12 +4,14 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tidvane::platform {
 
 // The rules of the calls of the same names. Sections and keys are found without regard to the case of ASCII letters;
-// blanks around keys and values are dropped, and one pair of enclosing quotes of a value too. Texts are UTF-8 here; sizes
-// count bytes of the code page, the closing NUL included. A file that cannot be read behaves as an empty one.
+// blanks around keys and values are dropped, and one pair of enclosing quotes of a value too. Texts are UTF-8 here;
+// sizes count bytes of the code page, the closing NUL included. A file that cannot be read behaves as an empty one.
 class ProfileFiles {
 public:
     virtual ~ProfileFiles() = default;
@@ -31,6 +33,10 @@ public:
     // all. False: it could not be written.
     virtual bool WritePrivateProfileStringA(const std::string& section, const std::optional<std::string>& key,
                                             const std::optional<std::string>& value, const std::string& file) = 0;
+
+    // Keys with their values, written in their order; the file is replaced once.
+    using Values = std::vector<std::pair<std::string, std::string>>;
+    virtual bool WriteValues(const std::string& section, const Values& values, const std::string& file) = 0;
 };
 
 }  // namespace tidvane::platform

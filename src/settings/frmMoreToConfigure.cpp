@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "settings/modFormINI.h"
 #include "settings/modLanguage.h"
+#include "settings/sentences.h"
 #include "settings/themes.h"
 
 namespace tidvane::settings {
@@ -16,6 +17,7 @@ constexpr unsigned kInfoColour = 0x80000018u;    // the system's tool tip backgr
 constexpr unsigned kWindowColour = 0x80000005u;  // the system's window background
 constexpr unsigned kTrustedColour = 0xC0FFC0u;
 constexpr unsigned kWhite = 0xFFFFFFu;
+constexpr const char* kTrustedTip = "This Cleaner you can Trust.";
 
 // Programs that a user may be told to trust, as they stand in a path.
 constexpr std::array kTrustedCleaners = {
@@ -50,12 +52,18 @@ frmMoreToConfigure::frmMoreToConfigure(settings::Program& program) : Form(kName)
         [this] { cboChangelogServer.Enabled = chkOpenChangelogAfterUpdate.ticked(); });
     chkInfoServer.Click.connect([this] { chkInfoServer_Click(); });
     cmdChangeTheme.Click.connect([this] {
-        (void)program_.platform.processes.CreateProcessA("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,,2", 1);
+        if (program_.platform.processes.CreateProcessA("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,,2", 1))
+            return;
+        (void)program_.MsgBox(sentence(program_, Sentence::ProgramCannotStart, {"rundll32.exe"}),
+                              forms::msgbox::Exclamation, "Tidvane");
     });
     cmdCustomApp.Click.connect([this] { cmdCustomApp_Click(); });
     lblReset3.Click.connect([this] { txtInfoServer.setText(address::kNews); });
     ImgOK.Click.connect([this] {
         tellOfEmptiedBoxes(program_, *this);
+        if (cboChangelogServer.ListIndex() < 0) {
+            program_.display.warn(sentence(program_, Sentence::NoPageOfTheList, {cboChangelogServer.Text()}));
+        }
         SaveFormINI(program_, *this);
         program_.windows.unload(*this);
     });
@@ -79,6 +87,8 @@ void frmMoreToConfigure::Form_Load() {
     for (const char* theme : kThemeNames) cboTheme.AddItem(theme);
 
     if (!LoadFormINISkippingErrors(program_, *this)) setFirstStart();
+    // Stored by position: of a typed page nothing is left.
+    if (cboChangelogServer.ListIndex() < 0) cboChangelogServer.setListIndex(0);
 }
 
 void frmMoreToConfigure::setFirstStart() {
@@ -166,7 +176,11 @@ void frmMoreToConfigure::Timer1_Timer() {
     const bool trusted = std::any_of(kTrustedCleaners.begin(), kTrustedCleaners.end(),
                                      [&](const char* name) { return path.find(name) != std::string::npos; });
     txtCustomAppPath.BackColor = trusted ? kTrustedColour : kWhite;
-    if (trusted) txtCustomAppPath.ToolTipText = "This Cleaner you can Trust.";
+    if (trusted) {
+        txtCustomAppPath.ToolTipText = kTrustedTip;
+    } else if (txtCustomAppPath.ToolTipText.get() == kTrustedTip) {
+        txtCustomAppPath.ToolTipText = path;  // of another path by now
+    }
 
     const auto& pages = cboChangelogServer.rows();
     const auto page = std::find(pages.begin(), pages.end(), cboChangelogServer.Text());

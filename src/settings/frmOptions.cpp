@@ -183,7 +183,9 @@ void frmOptions::setTips() {
     for (forms::Image* missing : {&ImgMozillaFail, &ImgOperaFail, &ImgChromeFail, &ImgSafariFail}) {
         missing->ToolTipText = text(881);
     }
+    // The tick is stored and no run asks for it: intended.
     chkVolumeCheck.Caption = text(886);
+    chkVolumeCheck.ToolTipText = text(888);
     // Buttons whose caption is a sign.
     cmdAlphabetizeStartMenuManual.ToolTipText = text(218) + ": " + text(882);
     cmdAlphabetizeFavoritesManual.ToolTipText = text(219) + ": " + text(882);

@@ -12,6 +12,7 @@ namespace {
 
 constexpr const char* kFile = "td_flog.dat";
 constexpr std::uint64_t kLongest = 4096;  // bytes; four short lines
+constexpr double kLargestFont = 2160;     // points; a text box takes no larger one
 
 // The locale's words, the English ones, and numbers.
 std::optional<bool> truth(std::string_view text, const base::Locale& locale) {
@@ -41,7 +42,8 @@ std::optional<forms::FontChoice> readLogFont(Program& program, const forms::Font
     lines.resize(4);
     forms::FontChoice font = current;
     if (!lines[0].empty()) font.name = lines[0];
-    if (const auto size = base::parseNumber(lines[1], locale); size && *size > 0) font.size = *size;
+    if (const auto size = base::parseNumber(lines[1], locale); size && *size > 0 && *size <= kLargestFont)
+        font.size = *size;
     if (const auto bold = truth(lines[2], locale)) font.bold = *bold;
     if (const auto italic = truth(lines[3], locale)) font.italic = *italic;
     return font;

@@ -12,7 +12,8 @@ namespace tidvane::settings {
 // Name, size, bold, italic; the number and the two truth values in the words of the locale. The colour is not kept.
 platform::Status writeLogFont(Program& program, const forms::FontChoice& font);
 
-// Nothing when there is no file. A line that cannot be read leaves its part as it is in `current`.
+// Nothing when there is no file. A line that cannot be read, or a size that no text box takes, leaves its part as it is
+// in `current`.
 std::optional<forms::FontChoice> readLogFont(Program& program, const forms::FontChoice& current);
 
 }  // namespace tidvane::settings

@@ -186,7 +186,7 @@ bool LoadFormINISkippingErrors(Program& program, forms::Form& form) {
 }
 
 void SaveFormINI(Program& program, forms::Form& form) {
-    const std::string file = GetINIPath(program);
+    platform::ProfileFiles::Values values;
     for (const forms::Control* control : form.Controls()) {
         const std::string value = storedValue(*control);
         // An emptied text box keeps its old key, and the text comes back: intended.
@@ -195,8 +195,9 @@ void SaveFormINI(Program& program, forms::Form& form) {
             program.display.warn(sentence(program, Sentence::SeveralLinesInBox, {control->Name}));
             continue;
         }
-        (void)program.platform.profiles.WritePrivateProfileStringA(form.Name, profileKey(*control), value, file);
+        values.emplace_back(profileKey(*control), value);
     }
+    (void)program.platform.profiles.WriteValues(form.Name, values, GetINIPath(program));
 }
 
 std::vector<EmptiedBox> emptiedBoxes(Program& program, const forms::Form& form) {
@@ -259,10 +260,11 @@ void loadWindowNumbers(Program& program, const std::string& section, const std::
 }
 
 void saveWindowNumbers(Program& program, const std::string& section, const std::vector<WindowNumber>& numbers) {
+    platform::ProfileFiles::Values values;
     for (const WindowNumber& number : numbers) {
-        (void)program.platform.profiles.WritePrivateProfileStringA(
-            section, number.key, base::numberText(std::int64_t{number.read()}), GetINIPath(program));
+        values.emplace_back(number.key, base::numberText(std::int64_t{number.read()}));
     }
+    (void)program.platform.profiles.WriteValues(section, values, GetINIPath(program));
 }
 
 }  // namespace tidvane::settings

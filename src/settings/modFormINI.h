@@ -26,9 +26,10 @@ bool LoadFormINI(Program& program, forms::Form& form);
 // the file was there.
 bool LoadFormINISkippingErrors(Program& program, forms::Form& form);
 
-// An empty value is never written: a text box that was emptied keeps its old key. A file that cannot be written is
-// passed over in silence. A lone CR or LF is written as it is and ends the value when it is read again; a text whose
-// next line would read as a section or a key of its own is not written, and the display tells it.
+// An empty value is never written: a text box that was emptied keeps its old key. The file is replaced once, as a
+// whole or not at all; one that cannot be written is passed over in silence. A lone CR or LF is written as it is and
+// ends the value when it is read again; a text whose next line would read as a section or a key of its own is not
+// written, and the display tells it.
 void SaveFormINI(Program& program, forms::Form& form);
 
 // A text box that is empty now and will not be at the next load.

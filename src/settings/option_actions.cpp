@@ -2,6 +2,7 @@
 #include "settings/control_lookup.h"
 #include "settings/frmOptions.h"
 #include "settings/modFormINI.h"
+#include "settings/sentences.h"
 
 namespace tidvane::settings {
 
@@ -9,6 +10,7 @@ namespace {
 
 constexpr int kNormalWindow = 1;
 constexpr std::uint32_t kMenuOrderAccess = 63;
+constexpr std::uint64_t kEnoughOfAFile = 65536;  // bytes: more than any line that stands for a file of one line
 constexpr const char* kMenuOrder = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\MenuOrder\\";
 
 // Number of lines as reading line by line counts them: a line ends at CR or CR LF, and a last one without an end
@@ -28,7 +30,7 @@ std::size_t countLines(std::string_view text, std::string_view& first) {
 }  // namespace
 
 void frmOptions::tell(const std::string& text, int style) {
-    (void)program_.display.MsgBox(text, style, "Tidvane");
+    (void)program_.MsgBox(text, style, "Tidvane");
 }
 
 void frmOptions::connectActions() {
@@ -136,31 +138,33 @@ void frmOptions::checkVolume() {
     // Without a letter the path counts from the root of the current drive, which is the program's own.
     const std::string drive = volume.empty() ? program_.programFolder().substr(0, 2) : volume;
     // The path is fixed: a system folder of another name is not found. Intended.
-    if (!program_.platform.files.FileExists(drive + "/windows/system32/chkdsk.exe")) {
-        tell(program_.LangText(537) + " " + program_.LangText(541), forms::msgbox::Exclamation);
-        return;
-    }
-    (void)program_.platform.processes.CreateProcessA("chkdsk.exe " + volume + " " + txtVolumeCheckParameter.Text(),
-                                                     kNormalWindow);
+    const bool found = program_.platform.files.FileExists(drive + "/windows/system32/chkdsk.exe");
+    const std::string line = "chkdsk.exe " + volume + " " + txtVolumeCheckParameter.Text();
+    if (found && program_.platform.processes.CreateProcessA(line, kNormalWindow) != nullptr) return;
+    const std::string why =
+        found ? sentence(program_, Sentence::ProgramCannotStart, {"chkdsk.exe"}) : program_.LangText(541);
+    tell(program_.LangText(537) + " " + why, forms::msgbox::Exclamation);
 }
 
 void frmOptions::freeMemory() {
     const int style = forms::msgbox::YesNo + forms::msgbox::Exclamation;
     if (program_.display.MsgBox(program_.LangText(139), style, program_.LangText(140)) != forms::msgbox::Yes) return;
-    (void)program_.platform.processes.CreateProcessA(program_.inProgramFolder("memtrim.exe"), kNormalWindow);
+    const std::string module = program_.inProgramFolder("memtrim.exe");
+    if (program_.platform.processes.CreateProcessA(module, kNormalWindow) != nullptr) return;
+    tell(sentence(program_, Sentence::ProgramCannotStart, {module}), forms::msgbox::Exclamation);
 }
 
 // The box ends with the path for a file of two lines or more, and with the file's first line for a shorter one.
-// Intended.
+// Intended. A file of which only a part was read has further lines.
 void frmOptions::browseRegistryAddIn() {
     const std::string file = program_.display.askFile({"", "Alle Dateien (*.*)|*.*", "", false});
     if (file.empty()) return;
     std::string bytes;
-    const platform::Status status = program_.platform.files.ReadFileBytes(file, bytes);
+    const platform::Status status = program_.platform.files.ReadFileBytes(file, bytes, kEnoughOfAFile);
     txtAddInRegCleanPath.setText({});
     if (!platform::ok(status)) return;
     std::string_view first;
-    const bool several = countLines(bytes, first) > 1;
+    const bool several = countLines(bytes, first) > 1 || bytes.size() >= kEnoughOfAFile;
     txtAddInRegCleanPath.setText(several ? file : program_.codePage().toUtf8(first));
 }
 

@@ -43,6 +43,10 @@ enum class Sentence {
     NewerFiles,
     MoreNewerFiles,
     ReplaceAllTheSame,
+    SettingsNotStored,
+    ListNotStored,
+    ProgramCannotStart,
+    NoPageOfTheList,
     // runs and searches
     FolderStays,
     ProgramNotStarted,

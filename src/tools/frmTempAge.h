@@ -19,9 +19,9 @@ public:
 
     forms::Frame frmTempInterval{*this, "frmTempInterval", "Alter"};
     forms::CheckBox chkActivite{*this, "chkActivite", "Nur alte Dateien löschen"};  // the filter is on
-    forms::Label lblTemp{*this, "lblTemp", "Jüngere Dateien bleiben im Temp-Ordner von Windows."};
-    forms::TextBox txtAge{*this, "txtAge", "10"};  // days
+    forms::TextBox txtAge{*this, "txtAge", "10"};                                   // days
     forms::Label lblDays{*this, "lblDays", "Tage"};
+    forms::Label lblTemp{*this, "lblTemp", "Jüngere Dateien bleiben im Temp-Ordner von Windows."};
     controls::isButton cmdOK{*this, "cmdOK", "OK"};
 
 private:

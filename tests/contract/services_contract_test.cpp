@@ -21,6 +21,11 @@ TEST_P(ServicesContract, ProfileFilesLieInTheFileSystem) {
               "e");
     EXPECT_EQ(services.profiles.GetPrivateProfileStringA("window", "Top", "7", 255, file), "7");
     EXPECT_FALSE(services.profiles.WritePrivateProfileStringA("window", "Left", "1", "C:\\none\\settings.ini"));
+    EXPECT_TRUE(services.profiles.WriteValues("window", {{"Left", "7"}, {"Top", "8"}, {"Left", "9"}}, file));
+    EXPECT_EQ(machine->bytesOf(file),
+              "[window]\r\nLeft=9\r\nName=Gr\xFC\xDF"
+              "e\r\nTop=8\r\n");
+    EXPECT_FALSE(services.profiles.WriteValues("window", {{"Left", "1"}}, "C:\\none\\settings.ini"));
 }
 
 TEST_P(ServicesContract, RegistryKeepsWhatIsSet) {

@@ -380,6 +380,23 @@ TEST_F(FormINI, AFileThatCannotBeWrittenStaysAsItIs) {
     EXPECT_TRUE(display.boxes.empty());
 }
 
+TEST_F(FormINI, TheFileIsReplacedOnceAsAWholeOrNotAtAll) {
+    putSection("txtName=kept\r\n");
+    machine.files.refuse(kIni, platform::operation::Write, platform::Status::Denied, 1);
+    form.txtName.setText("new");
+    SaveFormINI(program, form);
+    EXPECT_EQ(machine.files.bytesOf(kIni), "[frmSample]\r\ntxtName=kept\r\n");
+    settings::saveWindowNumbers(program, "WindowState", settings::rectangleOf(form));
+    EXPECT_NE(stored("Width", "WindowState"), "<none>") << "that was the only write";
+}
+
+TEST_F(FormINI, TheRectangleOfAWindowIsOneWriteToo) {
+    putSection("txtName=kept\r\n");
+    machine.files.refuse(kIni, platform::operation::Write, platform::Status::Denied, 1);
+    settings::saveWindowNumbers(program, "WindowState", settings::rectangleOf(form));
+    EXPECT_EQ(machine.files.bytesOf(kIni), "[frmSample]\r\ntxtName=kept\r\n");
+}
+
 TEST_F(FormINI, AFullDiskKeepsTheOldFile) {
     putSection("txtName=kept\r\n");
     machine.files.setDiskFull('C', true);

@@ -323,6 +323,45 @@ TEST(OptionsVolumeCheck, LooksOnTheCurrentDriveWithoutALetter) {
     EXPECT_EQ(machine.display.boxes.size(), 1u);
 }
 
+TEST(OptionsVolumeCheck, TellsWhereTheSystemDoesNotStartIt) {
+    OptionsFixture machine;
+    machine.files().putFile("C:\\Windows\\System32\\chkdsk.exe");
+    machine.machine.processes.failToStart = true;
+    machine.options().cmdVolumeCheck.press();
+    ASSERT_EQ(machine.display.boxes.size(), 1u);
+    EXPECT_EQ(machine.display.boxes[0].text, "L537 This system cannot start chkdsk.exe.");
+    EXPECT_EQ(machine.display.boxes[0].style, forms::msgbox::Exclamation);
+}
+
+TEST(OptionsVolumeCheck, HasABoxWhoseTickIsStoredOnlyAndSaysSo) {
+    OptionsFixture machine;
+    EXPECT_EQ(machine.options().chkVolumeCheck.Caption.get(), "L886");
+    EXPECT_EQ(machine.options().chkVolumeCheck.ToolTipText.get(), "L888");
+    machine.options().chkVolumeCheck.Value = 1;
+    machine.options().cmdOK.setValue(true);
+    EXPECT_EQ(machine.stored("chkVolumeCheck"), "1");
+    EXPECT_TRUE(machine.machine.processes.started.empty());
+}
+
+TEST(OptionsMemory, TellsWhereTheSystemDoesNotStartTheModule) {
+    OptionsFixture machine;
+    machine.putBeside("memtrim.exe", "");
+    machine.machine.processes.failToStart = true;
+    machine.display.answers = {forms::msgbox::Yes};
+    machine.options().cmdCleanRAM.press();
+    ASSERT_EQ(machine.display.boxes.size(), 2u);
+    EXPECT_EQ(machine.display.boxes[1].text, "This system cannot start C:\\Program Files\\Tidvane\\memtrim.exe.");
+    EXPECT_EQ(machine.display.boxes[1].style, forms::msgbox::Exclamation);
+}
+
+TEST(OptionsUnattended, BringUpNoBoxThatWouldHoldUpTheEndOfTheSession) {
+    OptionsFixture machine;
+    machine.putOptions({{"chkTrash", "1"}, {"cboKillMethod", "1"}});
+    machine.program.unattended = true;
+    EXPECT_FALSE(machine.options().chkTrash.ticked());
+    EXPECT_TRUE(machine.display.boxes.empty());
+}
+
 TEST(OptionsMemory, AsksAndStartsTheModule) {
     OptionsFixture machine;
     machine.putBeside("memtrim.exe", "");
@@ -353,6 +392,16 @@ TEST(OptionsRegistryAddIn, PutsTheOnlyLineOfAFileIntoTheBox) {
     machine.options().chkAddInRegClean.Value = 1;
     machine.options().cmdAddInRegCleanBrowse.press();
     EXPECT_EQ(machine.options().txtAddInRegCleanPath.Text(), "D:\\tools\\regsweep.exe");
+}
+
+TEST(OptionsRegistryAddIn, ReadsNoMoreOfAFileThanTellsItsLinesApart) {
+    OptionsFixture machine;
+    // One endless line, as a picture of a disc may be one.
+    machine.files().putFile("C:\\disc.iso", std::string(200'000, 'x'));
+    machine.display.files = {"C:\\disc.iso"};
+    machine.options().chkAddInRegClean.Value = 1;
+    machine.options().cmdAddInRegCleanBrowse.press();
+    EXPECT_EQ(machine.options().txtAddInRegCleanPath.Text(), "C:\\disc.iso");
 }
 
 TEST(OptionsRegistryAddIn, LeavesTheBoxWhenNoFileWasChosen) {
@@ -448,6 +497,20 @@ TEST(LogFontFile, LeavesThePartsThatCannotBeRead) {
     EXPECT_EQ(read->size, 8.25);
     EXPECT_TRUE(read->bold);
     EXPECT_TRUE(read->italic);
+}
+
+TEST(LogFontFile, LeavesASizeThatNoTextBoxTakes) {
+    OptionsFixture machine;
+    for (const char* size : {"1e300", "100000", "2160.5", "0", "-8", "nan", "inf", "1e-400", "1e400"}) {
+        machine.putBeside("td_flog.dat", std::string("Arial\r\n") + size + "\r\nTrue\r\nFalse\r\n");
+        const auto read = readLogFont(machine.program, {"x", 8.25, false, true, 0});
+        ASSERT_TRUE(read);
+        EXPECT_EQ(read->size, 8.25) << size;
+        EXPECT_EQ(read->name, "Arial");
+        EXPECT_TRUE(read->bold);
+    }
+    machine.putBeside("td_flog.dat", "Arial\r\n2160\r\n");
+    EXPECT_EQ(readLogFont(machine.program, {})->size, 2160);
 }
 
 TEST(LogFontFile, MayBeMissing) {

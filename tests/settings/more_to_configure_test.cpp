@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <string>
+
 #include "settings/modFormINI.h"
 #include "support/program_fixture.h"
 
@@ -135,13 +138,30 @@ TEST_F(MoreToConfigure, ClosingDropsTheChanges) {
 
 TEST_F(MoreToConfigure, AKnownCleanerTurnsTheBoxGreen) {
     auto& form = window();
-    form.txtCustomAppPath.setText("D:\\CCleaner\\tools\\x.exe");
+    for (const std::string name :
+         {"CCleaner", "BleachBit", "SlimCleaner", "Wise Disk Cleaner", "Glary Utilities", "System Ninja", "FCleaner",
+          "Advanced SystemCare", "JetClean", "ClearProg", "AppCleaner"}) {
+        for (const std::string& path : {"D:\\" + name + "\\tools\\x.exe", "D:\\my" + name + "64.exe"}) {
+            form.txtCustomAppPath.setText(path);
+            form.Timer1.fire();
+            EXPECT_EQ(form.txtCustomAppPath.BackColor, 0xC0FFC0u) << path;
+            EXPECT_EQ(form.txtCustomAppPath.ToolTipText, std::string("This Cleaner you can Trust.")) << path;
+        }
+        std::string lower = name;
+        for (char& sign : lower) sign = static_cast<char>(std::tolower(static_cast<unsigned char>(sign)));
+        form.txtCustomAppPath.setText("D:\\" + lower + "\\x.exe");
+        form.Timer1.fire();
+        EXPECT_EQ(form.txtCustomAppPath.BackColor, 0xFFFFFFu) << lower;
+    }
+}
+
+TEST_F(MoreToConfigure, TheTrustedTipGoesWithThePathThatItWasAbout) {
+    auto& form = window();
+    form.txtCustomAppPath.setText("D:\\CCleaner\\x.exe");
     form.Timer1.fire();
-    EXPECT_EQ(form.txtCustomAppPath.BackColor, 0xC0FFC0u);
-    EXPECT_EQ(form.txtCustomAppPath.ToolTipText, std::string("This Cleaner you can Trust."));
-    form.txtCustomAppPath.setText("D:\\ccleaner\\x.exe");
+    form.txtCustomAppPath.setText("D:\\other.exe");
     form.Timer1.fire();
-    EXPECT_EQ(form.txtCustomAppPath.BackColor, 0xFFFFFFu);
+    EXPECT_EQ(form.txtCustomAppPath.ToolTipText, std::string("D:\\other.exe"));
 }
 
 TEST_F(MoreToConfigure, TheFlagFollowsTheChangelogPage) {
@@ -150,13 +170,39 @@ TEST_F(MoreToConfigure, TheFlagFollowsTheChangelogPage) {
     form.Timer1.fire();
     EXPECT_FALSE(form.ImgUpdateGerman.Visible);
     EXPECT_TRUE(form.ImgUpdateEnglish.Visible);
+    // A typed text changes neither of them, whichever it was.
     form.cboChangelogServer.setText("https://somewhere.example/");
     form.Timer1.fire();
+    EXPECT_FALSE(form.ImgUpdateGerman.Visible);
     EXPECT_TRUE(form.ImgUpdateEnglish.Visible);
     form.cboChangelogServer.setListIndex(0);
     form.Timer1.fire();
     EXPECT_TRUE(form.ImgUpdateGerman.Visible);
     EXPECT_FALSE(form.ImgUpdateEnglish.Visible);
+    form.cboChangelogServer.setText("https://somewhere.example/");
+    form.Timer1.fire();
+    EXPECT_TRUE(form.ImgUpdateGerman.Visible);
+    EXPECT_FALSE(form.ImgUpdateEnglish.Visible);
+}
+
+TEST_F(MoreToConfigure, OfATypedChangelogPageNothingIsLeftAndOkSaysSo) {
+    auto& form = window();
+    form.cboChangelogServer.setText("https://somewhere.example/");
+    form.ImgOK.Click();
+    ASSERT_EQ(display.warnings.size(), 1u);
+    EXPECT_EQ(display.warnings[0],
+              "\"https://somewhere.example/\" is none of the pages of the list, and only these are stored: from now on "
+              "it is the first one.");
+    EXPECT_EQ(window().cboChangelogServer.ListIndex(), 0);
+    EXPECT_EQ(window().cboChangelogServer.Text(), settings::address::kChangelogs.front());
+    display.warnings.clear();
+    window().ImgOK.Click();
+    EXPECT_TRUE(display.warnings.empty());
+}
+
+TEST_F(MoreToConfigure, AnEmptyChangelogPageOfAFileIsTheFirstOne) {
+    putBeside("td_config.ini", "[frmMoreToConfigure]\r\ncboChangelogServer=-1\r\n");
+    EXPECT_EQ(window().cboChangelogServer.ListIndex(), 0);
 }
 
 TEST_F(MoreToConfigure, TheMixedColourStaysWhileABoxIsEmpty) {
@@ -232,6 +278,14 @@ TEST_F(MoreToConfigure, ThemeButtonStartsTheDisplaySettings) {
     EXPECT_EQ(machine.processes.started[0]->commandLine, "rundll32.exe shell32.dll,Control_RunDLL desk.cpl,,2");
 }
 
+TEST_F(MoreToConfigure, ThemeButtonTellsWhereTheSystemHasNoSuchSettings) {
+    machine.processes.failToStart = true;
+    window().cmdChangeTheme.Click();
+    ASSERT_EQ(display.boxes.size(), 1u);
+    EXPECT_EQ(display.boxes[0].text, "This system cannot start rundll32.exe.");
+    EXPECT_EQ(display.boxes[0].style, forms::msgbox::Exclamation);
+}
+
 TEST_F(MoreToConfigure, ResetPutsTheStandardAddressBack) {
     window().txtInfoServer.setText("x");
     window().lblReset3.Click();
@@ -281,9 +335,11 @@ TEST_F(MoreToConfigure, TheNamesOfTheThreeColoursStandBesideTheirBoxes) {
 
 TEST_F(MoreToConfigure, ItsBoxesHaveWordsBesideThem) {
     program.LangText.set(860, "Colours:");
+    program.LangText.set(887, "Back");
     program.LangText.set(352, "Browse");
     EXPECT_EQ(window().lblTheme.Caption.get(), "Colours:");
     EXPECT_EQ(window().cmdCustomApp.Caption.get(), "Browse");
+    EXPECT_EQ(window().lblReset3.Caption.get(), "Back");
 }
 
 }  // namespace

@@ -55,6 +55,17 @@ TEST_F(TempAge, AnEmptiedAgeComesBackWithItsOldValue) {
     EXPECT_EQ(window().txtAge.Text(), "30");
 }
 
+TEST_F(TempAge, AnEmptiedAgeIsToldByTheWordsBesideItsBox) {
+    window().txtAge.setText("30");
+    window().cmdOK.Click();
+    window().txtAge.setText("");
+    window().chkActivite.Caption = "Older than";
+    window().lblTemp.Caption = "What the page is about.";
+    window().cmdOK.Click();
+    ASSERT_FALSE(display.warnings.empty());
+    EXPECT_EQ(display.warnings.back(), "\"Older than\" was emptied and keeps its last value: 30");
+}
+
 TEST_F(TempAge, TypingTakesDigitsCommaAndBackspace) {
     auto& age = window().txtAge;
     age.setText("");

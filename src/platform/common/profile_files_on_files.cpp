@@ -16,8 +16,8 @@ std::string ProfileFilesOnFiles::GetPrivateProfileSectionA(const std::string& se
     return page_.toUtf8(profileSection(bytesOf(file), encoded(section), size));
 }
 
-bool ProfileFilesOnFiles::WritePrivateProfileStringA(const std::string& section, const std::optional<std::string>& key,
-                                                     const std::optional<std::string>& value, const std::string& file) {
+template <class Change>
+bool ProfileFilesOnFiles::rewrite(const std::string& file, Change change) {
     std::string before;
     const Status status = files_.ReadFileBytes(file, before, largestFile + 1);
     if (status == Status::NotFound) {
@@ -25,9 +25,25 @@ bool ProfileFilesOnFiles::WritePrivateProfileStringA(const std::string& section,
     } else if (!ok(status) || before.size() > largestFile) {
         return false;
     }
-    const std::string after = withProfileString(before, encoded(section), encoded(key), encoded(value));
+    const std::string after = change(before);
     if (after == before) return true;
     return ok(files_.WriteFileBytes(file, after));
+}
+
+bool ProfileFilesOnFiles::WritePrivateProfileStringA(const std::string& section, const std::optional<std::string>& key,
+                                                     const std::optional<std::string>& value, const std::string& file) {
+    return rewrite(file, [&](const std::string& before) {
+        return withProfileString(before, encoded(section), encoded(key), encoded(value));
+    });
+}
+
+bool ProfileFilesOnFiles::WriteValues(const std::string& section, const Values& values, const std::string& file) {
+    return rewrite(file, [&](std::string bytes) {
+        for (const auto& [key, value] : values) {
+            bytes = withProfileString(bytes, encoded(section), encoded(key), encoded(value));
+        }
+        return bytes;
+    });
 }
 
 std::string ProfileFilesOnFiles::bytesOf(const std::string& file) const {

@@ -24,8 +24,12 @@ public:
     // False also for a file that is there and cannot be read. A file that would not change is not written.
     bool WritePrivateProfileStringA(const std::string& section, const std::optional<std::string>& key,
                                     const std::optional<std::string>& value, const std::string& file) override;
+    bool WriteValues(const std::string& section, const Values& values, const std::string& file) override;
 
 private:
+    // Replaces the file by what `change` makes of its bytes.
+    template <class Change>
+    bool rewrite(const std::string& file, Change change);
     [[nodiscard]] std::string bytesOf(const std::string& file) const;
     [[nodiscard]] std::string encoded(const std::string& text) const;
     [[nodiscard]] std::optional<std::string> encoded(const std::optional<std::string>& text) const;
