@@ -13,6 +13,7 @@
 #include "base/date_time.h"
 #include "base/numbers.h"
 #include "base/runtime_error.h"
+#include "forms/system_colours.h"
 #include "settings/frmMoreToConfigure.h"
 #include "settings/frmOptions.h"
 #include "settings/sentences.h"
@@ -22,7 +23,6 @@ namespace tidvane::app {
 
 namespace {
 
-constexpr unsigned kWindowText = 0x80000008u;
 // The literal of the progress lines. Neither the number of steps nor a count: intended.
 constexpr const char* kOfSteps = "/64]";
 constexpr float kLongRun = 60;  // seconds
@@ -82,7 +82,7 @@ void CleaningRun::enableEntryPoints(bool enabled) {
 void CleaningRun::prepare() {
     main_.cmdClean.Value = true;
     if (options().chkCreateRestorePoint.ticked()) main_.menu("mnuCreateRestorePoint").Click();
-    main_.txtLog.ForeColor = kWindowText;
+    main_.txtLog.ForeColor = forms::kWindowText;
     main_.SSTab1.offerOnly(frmMain::kCleaningTab);
     main_.resetTaskIcons();
     main_.stopRequested_ = false;

@@ -5,7 +5,7 @@
 #include "app/plug_in_files.h"
 #include "app/plug_in_pass.h"
 #include "base/numbers.h"
-#include "base/runtime_error.h"
+#include "base/skipping_errors.h"
 #include "base/text.h"
 #include "plugins/frmPlugsInfo.h"
 #include "removal/modKillMethod.h"
@@ -25,14 +25,7 @@ constexpr int kMostRowsSearched = 40000;
 constexpr int kNoAssociation = 31;  // of ShellExecuteA
 
 // All commands of the list pass over what fails, and no message is shown.
-template <class Command>
-void skippingErrors(Command command) {
-    try {
-        command();
-    } catch (const base::RuntimeError&) {
-        // Passed over on purpose.
-    }
-}
+using base::skippingErrors;
 
 }  // namespace
 

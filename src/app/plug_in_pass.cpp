@@ -6,15 +6,12 @@
 #include "app/recycle_bin_window.h"
 #include "base/numbers.h"
 #include "base/runtime_error.h"
+#include "forms/system_colours.h"
 #include "settings/frmOptions.h"
 #include "settings/pause.h"
 #include "settings/shell_wait.h"
 
 namespace tidvane::app {
-
-namespace {
-constexpr unsigned kWindowText = 0x80000008u;
-}
 
 void frmMain::CleanPlugins() {
     const settings::LangTable& text = program_.LangText;
@@ -64,7 +61,7 @@ void cleanPlugInsNow(frmMain& main) {
     if (!main.cmdClean.Enabled || !program.allowsRemoval(settings::Removal::PlugIns)) return;
     const auto options = [&program]() -> settings::frmOptions& { return program.get<settings::frmOptions>(); };
     const FreeSpaceBefore freeBefore = noteFreeSpaceBefore(program, main.diskSizeDrive());
-    main.txtLog.ForeColor = kWindowText;
+    main.txtLog.ForeColor = forms::kWindowText;
     if (options().chkOpenRecycleBinAsPreview.ticked()) {
         settings::ShellWait(program, kRecycleBinWindow);
         program.display.setTopmost(main, true);

@@ -12,7 +12,7 @@
 #include "app/plug_in_files.h"
 #include "app/task_rows.h"
 #include "app/window_state.h"
-#include "base/runtime_error.h"
+#include "base/skipping_errors.h"
 #include "desktop/frmWidget.h"
 #include "settings/bans.h"
 #include "settings/frmMoreToConfigure.h"
@@ -27,14 +27,7 @@ namespace tidvane::app {
 namespace {
 
 // A failing statement is skipped and the next one runs: no step may abort the start.
-template <class Step>
-void skippingErrors(Step step) {
-    try {
-        step();
-    } catch (const base::RuntimeError&) {
-        // Passed over on purpose; a bug (bad_alloc, a broken invariant) is not of this type and goes on.
-    }
-}
+using base::skippingErrors;
 
 constexpr const char* kBanner = "*********** Tidvane - disk and privacy cleaner - https://tidvane.example ***********";
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/runtime_error.h"
+#include "base/skipping_errors.h"
 #include "settings/autostart.h"
 #include "settings/browser_detection.h"
 #include "settings/frmMoreToConfigure.h"
@@ -49,13 +49,7 @@ constexpr std::array kExtendedCaptions{
 };
 
 // The load handler passes over errors step by step: a step that fails is left where it is.
-template <class Step>
-void passOverErrors(Step step) {
-    try {
-        step();
-    } catch (const base::RuntimeError&) {
-    }
-}
+using base::skippingErrors;
 
 }  // namespace
 
@@ -138,23 +132,23 @@ void frmOptions::Form_Load() {
         ~Loading() { flag = false; }
     } loading(loading_);
 
-    passOverErrors([&] { setOwnTexts(); });
-    passOverErrors([&] { LoadAllLanguageFiles(program_); });
-    passOverErrors([&] { setTips(); });
-    passOverErrors([&] { buildTaskPane(); });
-    passOverErrors([&] {
+    skippingErrors([&] { setOwnTexts(); });
+    skippingErrors([&] { LoadAllLanguageFiles(program_); });
+    skippingErrors([&] { setTips(); });
+    skippingErrors([&] { buildTaskPane(); });
+    skippingErrors([&] {
         loadWindowNumbers(program_, kGeometrySection, rectangleOf(*this), State == forms::WindowState::Minimized);
     });
-    passOverErrors([&] { setTaskCaptions(); });
-    passOverErrors([&] { setMemoryModule(); });
-    passOverErrors([&] { fillKillMethods(); });
-    passOverErrors([&] { DetectBrowsers(program_, *this); });
-    passOverErrors([&] { (void)DetectWindows(program_); });
-    passOverErrors([&] { fillDrives(); });
-    passOverErrors([&] { loadLists(); });
+    skippingErrors([&] { setTaskCaptions(); });
+    skippingErrors([&] { setMemoryModule(); });
+    skippingErrors([&] { fillKillMethods(); });
+    skippingErrors([&] { DetectBrowsers(program_, *this); });
+    skippingErrors([&] { (void)DetectWindows(program_); });
+    skippingErrors([&] { fillDrives(); });
+    skippingErrors([&] { loadLists(); });
     // From here on stored ticks may come back to boxes that a missing module or the version has just cleared.
-    if (!LoadFormINISkippingErrors(program_, *this)) passOverErrors([&] { firstStart(); });
-    passOverErrors([&] { captionExtendedSettings(); });
+    if (!LoadFormINISkippingErrors(program_, *this)) skippingErrors([&] { firstStart(); });
+    skippingErrors([&] { captionExtendedSettings(); });
     // Once more: a master box that is ticked by now raises no event any more, so the single boxes of its page stand.
     if (!LoadFormINISkippingErrors(program_, *this)) txtLogAutoTruncated.setText(kLogLimit);
 }

@@ -12,6 +12,7 @@
 #include <wx/statbmp.h>
 #include <wx/statusbr.h>
 
+#include "forms/system_colours.h"
 #include "view/binding/bindings.h"
 #include "view/form_window.h"
 #include "view/icons.h"
@@ -24,8 +25,6 @@
 namespace tidvane::view {
 
 namespace {
-
-constexpr unsigned kWindowText = 0x80000008u;
 
 // Behind tips. Desktops that show dark tips on light windows have no such colour for what lies in a window: there it is
 // the yellow that tips used to have.
@@ -61,8 +60,9 @@ wxColour readableOn(const wxColour& colour, const wxColour& ground) {
 
 // Colours of the design are the toolkit's own; others are the program's word.
 void setForeColour(wxWindow* widget, unsigned colour) {
-    const wxColour wanted =
-        colour == kWindowText ? wxNullColour : readableOn(toColour(colour), widget->GetParent()->GetBackgroundColour());
+    const wxColour wanted = colour == forms::kWindowText
+                                ? wxNullColour
+                                : readableOn(toColour(colour), widget->GetParent()->GetBackgroundColour());
     if (widget->GetForegroundColour() == wanted) return;
     widget->SetForegroundColour(wanted);
     widget->Refresh();

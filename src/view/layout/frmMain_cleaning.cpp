@@ -9,6 +9,7 @@
 
 #include "app/main_layout.h"
 #include "app/shortcuts.h"
+#include "forms/system_colours.h"
 #include "view/binding/bindings.h"
 #include "view/icons.h"
 #include "view/layout/frmMain_parts.h"
@@ -18,7 +19,6 @@ namespace tidvane::view {
 
 namespace {
 
-constexpr unsigned kWindowText = 0x80000008u;  // of the design: the toolkit's own
 constexpr int kWelcome = 150;
 constexpr int kDrive = 319;
 constexpr int kLeastLog = 60;  // device-independent pixels
@@ -83,7 +83,7 @@ private:
     wxWindow* list_ = nullptr;
     wxPanel* listHolder_ = nullptr;
     wxWindow* log_ = nullptr;
-    unsigned logColour_ = kWindowText;
+    unsigned logColour_ = forms::kWindowText;
     wxPanel* words_ = nullptr;
     wxPanel* pictures_ = nullptr;
     wxSizer* buttons_ = nullptr;
@@ -154,7 +154,7 @@ void CleaningPage::make() {
         const unsigned colour = form_.txtLog.ForeColor;
         if (colour == logColour_) return;
         logColour_ = colour;
-        log_->SetForegroundColour(colour == kWindowText ? wxNullColour : toColour(colour));
+        log_->SetForegroundColour(colour == forms::kWindowText ? wxNullColour : toColour(colour));
         log_->Refresh();
     });
     makeButtons();

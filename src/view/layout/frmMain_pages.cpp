@@ -7,6 +7,7 @@
 #include <wx/statbmp.h>
 #include <wx/textctrl.h>
 
+#include "forms/system_colours.h"
 #include "view/binding/bindings.h"
 #include "view/icons.h"
 #include "view/layout/frmMain_parts.h"
@@ -16,7 +17,6 @@ namespace tidvane::view {
 
 namespace {
 
-constexpr unsigned kWindowText = 0x80000008u;
 constexpr int kWrap = 460;  // device-independent pixels: what fits into the smallest window
 constexpr int kLanguageFile = 998;
 constexpr int kNoExtensions = 850;
@@ -30,14 +30,14 @@ void bindSearchBox(FormWindow& window, app::frmMain& form, wxWindow* box) {
     });
     window.on(box, wxEVT_SET_FOCUS, [&form](wxFocusEvent& event) {
         event.Skip();
-        if (form.txtSearchPlugs.ForeColor == kWindowText && wxGetKeyState(WXK_TAB)) form.searchBoxClick();
+        if (form.txtSearchPlugs.ForeColor == forms::kWindowText && wxGetKeyState(WXK_TAB)) form.searchBoxClick();
     });
     window.on(box, wxEVT_TEXT_ENTER, [&form](wxCommandEvent&) {
         constexpr char32_t kEnter = 13;
         form.searchBoxKeyPress(kEnter);
     });
     window.whenever(form.txtSearchPlugs, [&form, box] {
-        const bool hint = form.txtSearchPlugs.ForeColor == kWindowText;
+        const bool hint = form.txtSearchPlugs.ForeColor == forms::kWindowText;
         const wxColour wanted = hint ? wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT) : wxNullColour;
         if (box->GetForegroundColour() != wanted) box->SetForegroundColour(wanted);
     });
