@@ -4,6 +4,8 @@
 
 #include "app/frmDiskSizeStats.h"
 #include "app/frmMain.h"
+#include "controls/explorer_bar.h"
+#include "controls/is_button.h"
 #include "desktop/frmWidget.h"
 #include "plugins/frmPlugsInfo.h"
 #include "settings/frmChromeDir.h"
@@ -25,9 +27,24 @@ namespace tidvane::app {
 
 namespace {
 
+// What panes and buttons open, the shell opens, in a normal window.
+std::unique_ptr<forms::Form> withShell(std::unique_ptr<forms::Form> form, settings::Program& program) {
+    constexpr int kNormalWindow = 1;
+    constexpr int kLastFailure = 32;  // of ShellExecuteA
+    const auto open = [&shell = program.platform.shell](const std::string& target) {
+        return shell.ShellExecuteA("open", target, "", "", kNormalWindow) > kLastFailure;
+    };
+    for (forms::Control* control : form->Controls()) {
+        if (auto* pane = dynamic_cast<controls::ExplorerBar*>(control)) pane->openFile = open;
+        if (auto* button = dynamic_cast<controls::isButton*>(control)) button->openLink = open;
+    }
+    return form;
+}
+
 template <class... Forms>
 void offer(settings::Program& program) {
-    (program.windows.offer(Forms::kName, [&program] { return std::make_unique<Forms>(program); }), ...);
+    (program.windows.offer(Forms::kName, [&program] { return withShell(std::make_unique<Forms>(program), program); }),
+     ...);
 }
 
 }  // namespace

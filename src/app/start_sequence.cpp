@@ -80,6 +80,9 @@ void StartSequence::buildTaskPane() {
     for (const PaneRow& row : paneTable()) {
         if (row.group != group) group = pane.AddNormalGroup(program.LangText(row.title));
         pane.AddItem(row.group, program.LangText(row.text), false, row.icon);
+        // Grey as the entry of the menu that it stands for.
+        if (row.action == PaneAction::UpdateCheck)
+            pane.SetItemEnabled(row.group, row.item, main_.menu("mnuCheckForUpdates").Enabled);
     }
     pane.AddDetailGroup(program.LangText(134), program.LangText(135) + " " + main_.versionText());
     skippingErrors([&] {

@@ -238,6 +238,11 @@ bool ExplorerBar::GetItemCaptionBold(int group, int item) const {
     return found != nullptr && found->CaptionBold;
 }
 
+bool ExplorerBar::GetItemEnabled(int group, int item) const {
+    const ExplorerItem* found = find(group, item);
+    return found != nullptr && found->Enabled;
+}
+
 std::string ExplorerBar::GetItemIcon(int group, int item) const {
     const ExplorerItem* found = find(group, item);
     return found == nullptr ? std::string() : found->Icon;
@@ -383,6 +388,10 @@ void ExplorerBar::SetItemCaptionBold(int group, int item, bool bold) {
     setItem(group, item, &ExplorerItem::CaptionBold, bold);
 }
 
+void ExplorerBar::SetItemEnabled(int group, int item, bool enabled) {
+    setItem(group, item, &ExplorerItem::Enabled, enabled);
+}
+
 void ExplorerBar::SetItemIcon(int group, int item, const std::string& icon) {
     setItem(group, item, &ExplorerItem::Icon, icon);
 }
@@ -511,7 +520,7 @@ void ExplorerBar::clickHeader(int group) {
 
 void ExplorerBar::clickItem(int group, int item) {
     const ExplorerItem* target = find(group, item);
-    if (target == nullptr || target->TextOnly || !Enabled || !Visible) return;
+    if (target == nullptr || target->TextOnly || !target->Enabled || !Enabled || !Visible) return;
     const std::string file = target->OpenFile;
     if (SoundItemClicked) Sound(PaneSound::ItemClicked);
     if (!file.empty()) {

@@ -151,6 +151,7 @@ public:
     bool GetGroupWindowState(int group) const;  // open
     std::string GetItemCaption(int group, int item) const;
     bool GetItemCaptionBold(int group, int item) const;
+    bool GetItemEnabled(int group, int item) const;
     std::string GetItemIcon(int group, int item) const;
     std::string GetItemOpenFile(int group, int item) const;
     int GetItemsCount(int group) const;
@@ -181,6 +182,7 @@ public:
     void SetGroupWindowState(int group, bool open);  // with the animation
     void SetItemCaption(int group, int item, const std::string& caption);
     void SetItemCaptionBold(int group, int item, bool bold);
+    void SetItemEnabled(int group, int item, bool enabled);
     void SetItemIcon(int group, int item, const std::string& icon);
     void SetItemOpenFile(int group, int item, const std::string& file);
     void SetItemsBackgroundPicture(int group, const std::string& picture);
@@ -192,7 +194,8 @@ public:
 
     const std::vector<ExplorerGroup>& groups() const { return groups_; }
 
-    // A user's click. A detail group without a button has no title bar to click, a text line is no item to click.
+    // A user's click. A detail group without a button has no title bar to click, a text line or a
+    // disabled item is nothing to click.
     void clickHeader(int group);
     void clickItem(int group, int item);
 
@@ -231,8 +234,8 @@ public:
     // at once and the space bar when it is let go. True: the key was for the pane.
     bool keyDown(Key key);
     bool keyUp(Key key);
-    // From outside: by Tab (the first target gets it, or the one that last had it), or gone.
-    void setFocus(bool has);
+    // From outside: by Tab (the first target gets it, or the one that last had it), by the mouse, or gone.
+    void setFocus(bool has, bool byKeyboard = true);
     // What has the focus, or would have it if the pane had.
     PaneTarget focus();
     bool hasFocus() const { return hasFocus_; }
@@ -318,7 +321,8 @@ private:
     bool byKey_ = false;  // the space bar presses
     PaneTarget focus_;
     bool hasFocus_ = false;
-    bool scrolling_ = false;  // the scroll bar has the mouse
+    bool focusByKeyboard_ = false;  // only then it is shown: the mouse knows where it is
+    bool scrolling_ = false;        // the scroll bar has the mouse
 };
 
 }  // namespace tidvane::controls

@@ -116,7 +116,8 @@ bool ExplorerBar::reachable(PaneTarget target) const {
     if (!valid(target)) return false;
     const ExplorerGroup& group = *find(target.group);
     if (target.header()) return group.kind != GroupKind::Detail || DetailGroupButton;
-    return group.open && group.Container == nullptr && !find(target.group, target.item)->TextOnly;
+    const ExplorerItem& item = *find(target.group, target.item);
+    return group.open && group.Container == nullptr && !item.TextOnly && item.Enabled;
 }
 
 std::vector<PaneTarget> ExplorerBar::targets() {
@@ -180,6 +181,7 @@ void ExplorerBar::mouseDown(MouseButton button, int x, int y, int keys) {
     if (button == MouseButton::Left) {
         const PaneTarget target = at(x, y);
         byKey_ = false;
+        focusByKeyboard_ = false;
         setHot(target);
         setPressed(target);
         if (target.any()) focus_ = target;
@@ -266,9 +268,10 @@ PaneTarget ExplorerBar::focus() {
     return focus_;
 }
 
-void ExplorerBar::setFocus(bool has) {
+void ExplorerBar::setFocus(bool has, bool byKeyboard) {
     if (has == hasFocus_) return;
     hasFocus_ = has;
+    focusByKeyboard_ = has && byKeyboard;
     if (has)
         showTarget(focus());
     else if (byKey_)
@@ -301,6 +304,8 @@ bool ExplorerBar::keyDown(Key key) {
     if (!Enabled || !Visible) return false;
     const PaneTarget now = focus();
     if (!now.any()) return false;
+    const bool modifier = key == Key::Shift || key == Key::Ctrl || key == Key::Alt;
+    if (!modifier && !std::exchange(focusByKeyboard_, true)) viewChanged();
     const std::vector<PaneTarget> all = targets();
     const auto place = std::find(all.begin(), all.end(), now);
     switch (key) {
@@ -365,7 +370,7 @@ TargetState ExplorerBar::state(PaneTarget target) const {
     const bool pressed = pressed_ == target;
     state.hot = Enabled && hot_ == target && (!pressed_.any() || byKey_ || (pressed && overPressed_));
     state.pressed = Enabled && pressed && overPressed_;
-    state.focused = hasFocus_ && focus_ == target;
+    state.focused = hasFocus_ && focusByKeyboard_ && focus_ == target;
     return state;
 }
 

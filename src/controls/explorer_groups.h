@@ -21,6 +21,7 @@ struct ExplorerItem {
     bool TextOnly = false;  // a line to read: without icon, and nothing to click
     std::string OpenFile;   // opened by a click, empty for none
     std::string ToolTipText;
+    bool Enabled = true;  // false: grey, and nothing to click
 };
 
 // A group that opens or closes.

@@ -97,7 +97,7 @@ void placeContent(GroupPlace& place, const ExplorerGroup& group, const Columns& 
         const ExplorerItem& item = group.items[i];
         ItemPlace box;
         box.item = static_cast<int>(i);
-        box.textOnly = item.TextOnly;
+        box.reacts = !item.TextOnly && item.Enabled;
         box.box = {left, y, columns.inside, heights.items[i]};
         box.text = columns.itemText(group, item);
         box.text.y = y + M::kItemInset;
@@ -176,7 +176,7 @@ PaneTarget ExplorerLayout::at(int x, int y) const {
         if (place.header.contains(x, y)) return place.arrow.empty() ? PaneTarget{} : PaneTarget{place.group, -1};
         if (!place.body.contains(x, y)) continue;
         for (const ItemPlace& item : place.items) {
-            if (!item.textOnly && item.box.contains(x, y)) return {place.group, item.item};
+            if (item.reacts && item.box.contains(x, y)) return {place.group, item.item};
         }
     }
     return {};

@@ -39,10 +39,10 @@ struct ExplorerMetrics {
 
 struct ItemPlace {
     int item = 0;
-    Rect box;   // what reacts on the mouse
-    Rect icon;  // empty without one
-    Rect text;  // a caption that is lower than this stands in the middle
-    bool textOnly = false;
+    Rect box;            // what reacts on the mouse
+    Rect icon;           // empty without one
+    Rect text;           // a caption that is lower than this stands in the middle
+    bool reacts = true;  // on mouse and keyboard
 };
 
 struct GroupPlace {

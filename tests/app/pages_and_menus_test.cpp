@@ -134,6 +134,41 @@ TEST_F(Pane, OpensAddressesOfTheResources) {
     EXPECT_EQ(machine.shell.started[2].file, "https://a.invalid/help");
 }
 
+TEST_F(Pane, OffersACommandThatIsToBeBuiltAsGreyAsTheMenu) {
+    EXPECT_EQ(main().ExplorerBar1.GetItemEnabled(3, 2), main().menu("mnuCheckForUpdates").Enabled);
+    EXPECT_TRUE(main().ExplorerBar1.GetItemEnabled(3, 1));
+}
+
+TEST_F(Pane, OpensTheFileOfAnItemThroughTheShellInANormalWindow) {
+    std::string told;
+    for (controls::ExplorerBar* pane : {&main().ExplorerBar1, &program.get<settings::frmOptions>().ExplorerBar2}) {
+        pane->ItemOpenFile.connect([&](int, int item) { told += "opened " + std::to_string(item) + ";"; });
+        pane->ErrorOpenFile.connect([&](int, int item) { told += "error " + std::to_string(item) + ";"; });
+        pane->DeleteAllGroups();
+        pane->AddNormalGroup("Files");
+        pane->AddItem(0, "a", false, {}, false, "C:\\a.txt");
+        machine.shell.shellExecuteResult = 33;
+        pane->clickItem(0, 0);
+        machine.shell.shellExecuteResult = 32;
+        pane->clickItem(0, 0);
+        EXPECT_EQ(told, "opened 0;error 0;") << pane->Name;
+        told.clear();
+    }
+    ASSERT_EQ(machine.shell.started.size(), 4u);
+    EXPECT_EQ(machine.shell.started[0].verb, "open");
+    EXPECT_EQ(machine.shell.started[0].file, "C:\\a.txt");
+    EXPECT_EQ(machine.shell.started[0].show, 1);
+}
+
+TEST_F(Pane, SharesTheShellWithTheLinksOfButtons) {
+    machine.shell.shellExecuteResult = 33;
+    EXPECT_TRUE(main().cmdClean.OpenLink("https://a.invalid/"));
+    machine.shell.shellExecuteResult = 31;
+    EXPECT_FALSE(main().cmdClean.OpenLink("https://a.invalid/"));
+    ASSERT_EQ(machine.shell.started.size(), 2u);
+    EXPECT_EQ(machine.shell.started[0].file, "https://a.invalid/");
+}
+
 TEST_F(Pane, LeavesTheProgramAndOffersTheSessionMenu) {
     main().ExplorerBar1.ItemClick(4, 1);
     EXPECT_EQ(display.menus.back(), (std::pair<std::string, std::string>{"frmMain", "mnExtraTask"}));

@@ -690,6 +690,48 @@ TEST_F(PaneViewTest, TheKeyboardPassesOverLinesOfTextAndClosedGroups) {
     EXPECT_EQ(pane.targets(), (std::vector<PaneTarget>{{0, -1}, {0, 0}, {0, 2}, {2, -1}, {1, -1}}));
 }
 
+TEST_F(PaneViewTest, ShowsTheFocusOnlyToTheKeyboard) {
+    fill();
+    view(220, 1000);
+    pane.setFocus(true, false);
+    press(item(0, 1));
+    release(item(0, 1));
+    EXPECT_EQ(pane.focus(), (PaneTarget{0, 1}));
+    EXPECT_FALSE(pane.state({0, 1}).focused);
+    pane.keyDown(Key::Shift);
+    EXPECT_FALSE(pane.state({0, 1}).focused);
+    pane.keyDown(Key::Down);
+    EXPECT_TRUE(pane.state({0, 2}).focused);
+    press(item(0, 0));
+    EXPECT_FALSE(pane.state({0, 0}).focused);
+    pane.setFocus(false);
+    pane.setFocus(true);
+    EXPECT_TRUE(pane.state({0, 0}).focused);
+}
+
+TEST_F(PaneViewTest, ADisabledItemIsPassedOverByMouseAndKeyboard) {
+    fill();
+    pane.SetItemEnabled(0, 1, false);
+    EXPECT_FALSE(pane.GetItemEnabled(0, 1));
+    EXPECT_TRUE(pane.GetItemEnabled(0, 2));
+    view(220, 1000);
+    const Rect place = item(0, 1);
+    press(place);
+    release(place);
+    pane.clickItem(0, 1);
+    EXPECT_EQ(told(), "");
+    pane.keyDown(Key::Down);
+    pane.keyDown(Key::Down);
+    EXPECT_EQ(pane.focus(), (PaneTarget{0, 2}));
+    // Its icon and its place stay.
+    EXPECT_FALSE(pane.layout().item(0, 1)->icon.empty());
+    pane.SetItemEnabled(0, 1, true);
+    EXPECT_EQ(item(0, 1), place);
+    press(place);
+    release(place);
+    EXPECT_EQ(told(), "hover 0 1;item 0 1;");
+}
+
 TEST_F(PaneViewTest, EnterActsAtOnceAndTheSpaceBarWhenItIsLetGo) {
     fill();
     view(220, 1000);
