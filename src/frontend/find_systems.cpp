@@ -255,6 +255,18 @@ const char* kindName(SystemKind kind) {
     return named == kKindNames.end() ? "" : named->name;
 }
 
+// Wine keeps a third registry file beside the two, and notes when it filled the prefix last.
+SystemKind kindOf(const std::string& directory) {
+    if (!machine::Machine::isMachine(directory)) {
+        return holdsWindows(directory) ? SystemKind::Volume : SystemKind::Wine;
+    }
+    std::error_code problem;
+    for (const char* file : {".update-timestamp", "userdef.reg"}) {
+        if (fs::exists(below(directory, file), problem)) return SystemKind::Wine;
+    }
+    return SystemKind::Embedded;
+}
+
 SearchPlaces SearchPlaces::ofThisHost() {
     return {textOf("HOME"), userDataDirectory(), textOf("WINEPREFIX"), "/proc/self/mountinfo"};
 }

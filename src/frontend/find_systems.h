@@ -18,6 +18,10 @@ struct FoundSystem {
     std::string name;       // of the game, the bottle, the volume's label; UTF-8
 };
 
+// What a directory is of which nothing else is known: a volume, a prefix that Wine has filled, or a machine of our own.
+// What is none of them counts as a prefix of Wine's.
+SystemKind kindOf(const std::string& directory);
+
 // Where is looked. Empty texts are places that are passed over.
 struct SearchPlaces {
     std::string home;        // of the user

@@ -148,7 +148,7 @@ void App::choose() {
     view::SystemRows rows(frontend::findSystems(places), tongue, places.home, frontend::describe);
     // One that lies where nobody looks is known since it was chosen.
     if (!last.empty() && std::filesystem::is_directory(last, problem)) {
-        (void)rows.add(last, frontend::SystemKind::Wine);
+        (void)rows.add(last, frontend::kindOf(last));
     }
     chooser_ = new view::Chooser(std::move(rows), tongue, last, proposed);
     chooser_->onCancel = [this] { end(); };

@@ -217,6 +217,22 @@ TEST_F(FindSystems, DetailsComeFromTheSystemItself) {
     EXPECT_EQ(details.problem, "");
 }
 
+TEST_F(FindSystems, AFolderChosenByHandIsWhatItIs) {
+    std::string error;
+    ASSERT_TRUE(platform::machine::Machine::create(here / "elsewhere", error)) << error;
+    EXPECT_EQ(kindOf(here / "elsewhere"), SystemKind::Embedded);
+    // Once Wine has worked in it, it is Wine's.
+    here.file("elsewhere/.update-timestamp", "1");
+    EXPECT_EQ(kindOf(here / "elsewhere"), SystemKind::Wine);
+    prefix("copied");
+    here.file("copied/userdef.reg", "");
+    EXPECT_EQ(kindOf(here / "copied"), SystemKind::Wine);
+    here.folder("volume/Windows/System32/config");
+    EXPECT_EQ(kindOf(here / "volume"), SystemKind::Volume);
+    EXPECT_EQ(kindOf(here / "home"), SystemKind::Wine) << "it is said of it that it cannot be opened";
+    EXPECT_EQ(kindOf("/nowhere"), SystemKind::Wine);
+}
+
 TEST_F(FindSystems, DetailsTellWhatStandsAgainstIt) {
     std::string error;
     ASSERT_TRUE(platform::machine::Machine::create(here / "home/.wine", error)) << error;

@@ -274,7 +274,9 @@ void Chooser::addFolder(const std::string& directory, SystemKind kind, const std
 
 void Chooser::openOther() {
     wxDirDialog choice(this, say(Word::ChooseFolder), wxGetHomeDir(), wxDD_DIR_MUST_EXIST);
-    if (choice.ShowModal() == wxID_OK) addFolder(fromNative(choice.GetPath()), SystemKind::Wine, {});
+    if (choice.ShowModal() != wxID_OK) return;
+    const std::string directory = fromNative(choice.GetPath());
+    addFolder(directory, frontend::kindOf(directory), {});
 }
 
 void Chooser::createSample() {
