@@ -204,6 +204,8 @@ void frmMain::deletePlug() {
     if (program_.MsgBox(program_.LangText(423) + "?", YesNo | Question | DefaultButton2, Caption) != Yes) return;
     const int method = program_.selectedKillMethod();
     if (!takeCurrentPlug() || method < 0) return;
+    // Under the recycle bin's method the file goes into a bin of the machine.
+    if (!program_.allowsRemoval(settings::Removal::Manager)) return;
     removal::KillFile(program_.platform, plugCleaner().Filename(), method, false);
     menu("mnuRefreshPlugs").Click();
 }

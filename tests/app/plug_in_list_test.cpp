@@ -517,6 +517,24 @@ TEST_F(PlugInFileCommands, DeleteRemovesTheFileByTheKillMethodAndRefreshes) {
     EXPECT_EQ(panel(3), "2 " + text(129));
 }
 
+TEST_F(PlugInFileCommands, DeleteLeavesTheFileWhereTheMachineCannotBeCleanedNow) {
+    options().cboKillMethod.setListIndex(1);
+    main().LstPlugs.setListIndex(0);
+    std::vector<settings::Removal> asked;
+    program.mayRemove = [&](settings::Removal act) {
+        asked.push_back(act);
+        return false;
+    };
+    display.answers = {forms::msgbox::No, forms::msgbox::Yes};
+    click("mnuPlugDelete");
+    EXPECT_TRUE(asked.empty()) << "a No of the user comes first";
+    click("mnuPlugDelete");
+    EXPECT_EQ(asked, std::vector<settings::Removal>{settings::Removal::Manager});
+    EXPECT_TRUE(machine.files.has(pathOf("a")));
+    EXPECT_TRUE(machine.shell.recycled.empty());
+    EXPECT_EQ(rows().size(), 2u);
+}
+
 TEST_F(PlugInFileCommands, DeleteUnderAnUnreadableMethodLeavesTheFileAndTheList) {
     main().LstPlugs.setListIndex(0);
     for (const int entry : {732, 733, 734}) program.LangText.set(entry, "other " + std::to_string(entry));
