@@ -121,13 +121,14 @@ TEST_F(RunEndsTest, UnloadGoesTicksHeadingGeometryCleaningLogTrayWindows) {
     bool logThere = false;
     const std::string heading = text(578);
     bool first = true;
+    forms::StatusBar& bar = main().StatusBar1;
+    bar.viewChanged.connect([&] { headingBeforeRun = headingBeforeRun || (first && bar.Panel(1) == heading); });
     main().stepDone.connect([&](const StepResult&) {
         if (!first) return;
         first = false;
         ticksBeforeRun = machine.files.bytesOf(inFolder("td_apps.ini")).value_or("").find("a.b=1") != std::string::npos;
         geometryBeforeRun =
             machine.files.bytesOf(inFolder("td_config.ini")).value_or("").find("[WindowState]") != std::string::npos;
-        headingBeforeRun = main().StatusBar1.Panel(1) != "";
         logThere = machine.files.has(inFolder("td_log.txt"));
     });
     program.windows.unload(main());
