@@ -1,6 +1,5 @@
 #include "frontend/guards.h"
 
-#include "platform/common/directory_lookup.h"
 #include "settings/bans.h"
 #include "settings/frmOptions.h"
 #include "settings/sentences.h"
@@ -49,11 +48,14 @@ void warnOfMissingProtection(settings::Program& program, forms::Display& display
 }
 
 void warnOfMissingTexts(settings::Program& program, forms::Display& display) {
-    if (platform::anyMatch(program.platform.files, program.inProgramFolder("*.lng"))) return;
+    // Not whether a file is there: an empty or a damaged one gives no more than none.
+    for (int index = 0; index < settings::LangTable::kSize; ++index) {
+        if (!program.LangText(index).empty()) return;
+    }
     // English: where it is told there is no other language.
     display.warn(
-        "The program folder holds no language file (*.lng), so that names and log lines are empty; put one back from "
-        "the delivery.");
+        "The program folder holds no language file (*.lng) with texts, so that names and log lines are empty; put one "
+        "back from the delivery.");
 }
 
 }  // namespace tidvane::frontend

@@ -16,7 +16,7 @@ std::string whyNotToRun(settings::Program& program, FrontEnd frontEnd = FrontEnd
 // One line for every protection that is missing; the run goes on.
 void warnOfMissingProtection(settings::Program& program, forms::Display& display);
 
-// One line where the program folder holds no language file: every text is empty then.
+// One line where no language file of the program folder has given a text. Asked once they are loaded.
 void warnOfMissingTexts(settings::Program& program, forms::Display& display);
 
 }  // namespace tidvane::frontend
