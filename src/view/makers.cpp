@@ -238,7 +238,7 @@ wxWindow* FormWindow::combo(wxWindow* parent, forms::ComboBox& box, bool typed, 
         rows = made;
     }
     adopt(box, widget, label);
-    bind(box, std::make_shared<ChoiceBinding>(view_, box, rows, widget));
+    bind(box, std::make_shared<ChoiceBinding>(view_, box, rows, *widget));
     return widget;
 }
 

@@ -41,7 +41,7 @@ private:
 
 class ChoiceBinding final : public Binding {
 public:
-    ChoiceBinding(View& view, forms::ComboBox& box, wxItemContainer* rows, wxWindow* widget);
+    ChoiceBinding(View& view, forms::ComboBox& box, wxItemContainer* rows, wxWindow& widget);
     void pull() override;
 
 private:

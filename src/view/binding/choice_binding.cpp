@@ -20,18 +20,18 @@ void setRows(wxItemContainer* widget, const std::vector<std::string>& rows) {
 
 }  // namespace
 
-ChoiceBinding::ChoiceBinding(View& view, forms::ComboBox& box, wxItemContainer* rows, wxWindow* widget)
-    : Binding(view), box_(box), rows_(rows), typed_(dynamic_cast<wxComboBox*>(widget)) {
+ChoiceBinding::ChoiceBinding(View& view, forms::ComboBox& box, wxItemContainer* rows, wxWindow& widget)
+    : Binding(view), box_(box), rows_(rows), typed_(dynamic_cast<wxComboBox*>(&widget)) {
     const auto chosen = [this](wxCommandEvent& event) {
         if (view_.pulling()) return;
         const int row = event.GetSelection();
         view_.act([this, row] { box_.setListIndex(row); });
     };
     if (typed_ == nullptr) {
-        widget->Bind(wxEVT_CHOICE, chosen);
+        widget.Bind(wxEVT_CHOICE, chosen);
     } else {
-        widget->Bind(wxEVT_COMBOBOX, chosen);
-        widget->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+        widget.Bind(wxEVT_COMBOBOX, chosen);
+        widget.Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
             if (view_.pulling()) return;
             view_.act([this] { box_.setText(fromNative(typed_->GetValue())); });
         });

@@ -125,11 +125,7 @@ void TextBinding::pull() {
     pullColour();
     const bool other = box_.Text() != shown_;
     pullText();
-    if (selection_) {
-        pullSelection();
-    } else if (other || box_.SelLength() > 0) {
-        pullSelection();
-    }
+    if (selection_ || other || box_.SelLength() > 0) pullSelection();
     if (selection_ || lines_) {
         const wxFont now = widget_->GetFont();
         wxFont font = now;
