@@ -172,6 +172,10 @@ TEST_F(OwnLists, APathWithACommaComesBackAsTwoRows) {
     options().cmdOK.setValue(true);
     machine.program.windows.sweep();
     EXPECT_EQ(rows(machine.options().lstFolders), (Rows{"C:\\Data", "old"}));
+    EXPECT_EQ(machine.beside("td_folders.dat"), "C:\\Data, old\r\n") << "so far the file has it in one";
+    machine.options().cmdOK.setValue(true);
+    machine.program.windows.sweep();
+    EXPECT_EQ(machine.beside("td_folders.dat"), "C:\\Data\r\nold\r\n");
 }
 
 // --- the mask line
