@@ -358,14 +358,14 @@ private:
     void saveLists();
     bool isBannedEntry(const std::string& text);
     bool isBanned(const std::string& text);
-    bool mayEnter(const std::string& text);
+    bool mayEnter(const std::string& text, bool oneOfSeveral = false);
     bool survivesReading(const std::string& text);
     void addChecked(forms::TextBox& entry, forms::ListBox& list);
     void addPath(forms::TextBox& entry, forms::ListBox& list);
     void addMask();
     void removeSelected(forms::ListBox& list, int messageWhenNone);
     void editSelected(forms::ListBox& list, forms::TextBox& entry);
-    void drop(const std::string& path, forms::ListBox& list);
+    void drop(const std::string& path, forms::ListBox& list, bool oneOfSeveral);
     void showRowCounts();
 
     // known_junk.cpp

@@ -102,13 +102,15 @@ bool frmOptions::isBanned(const std::string& text) {
     return !plain.empty() && plain != text && FindInFile(program_, file, plain, kBanBlockSize);
 }
 
-bool frmOptions::mayEnter(const std::string& text) {
+bool frmOptions::mayEnter(const std::string& text, bool oneOfSeveral) {
+    // Whoever has typed the text sees it; of several that come at once the message names its own.
+    const std::string which = oneOfSeveral ? "\r\n\r\n" + text : std::string();
     if (isBannedEntry(text)) {
-        tell(kBanMessage, forms::msgbox::Critical);
+        tell(kBanMessage + which, forms::msgbox::Critical);
         return false;
     }
     if (!isStorable(program_, text)) {
-        tell(sentence(program_, Sentence::NotInCodePage), forms::msgbox::Exclamation);
+        tell(sentence(program_, Sentence::NotInCodePage) + which, forms::msgbox::Exclamation);
         return false;
     }
     return survivesReading(text);
@@ -169,21 +171,25 @@ void frmOptions::editSelected(forms::ListBox& list, forms::TextBox& entry) {
     }
 }
 
-void frmOptions::drop(const std::string& path, forms::ListBox& list) {
-    if (mayEnter(path)) list.AddItem(path);
+void frmOptions::drop(const std::string& path, forms::ListBox& list, bool oneOfSeveral) {
+    if (mayEnter(path, oneOfSeveral)) list.AddItem(path);
 }
 
 void frmOptions::dropOnFolders(const std::vector<std::string>& paths) {
     if (!lstFolders.Enabled) return;
     for (const std::string& path : paths) {
-        if (program_.platform.files.FolderExists(path)) drop(path, lstFolders);
+        if (program_.platform.files.FolderExists(path)) drop(path, lstFolders, paths.size() > 1);
     }
 }
 
 void frmOptions::dropOnFiles(const std::vector<std::string>& paths) {
     if (!lstFiles.Enabled) return;
     for (const std::string& path : paths) {
-        if (program_.platform.files.FileExists(path)) drop(path, lstFiles);
+        if (program_.platform.files.FileExists(path)) {
+            drop(path, lstFiles, paths.size() > 1);
+        } else if (lstFolders.Enabled && program_.platform.files.FolderExists(path)) {
+            drop(path, lstFolders, paths.size() > 1);  // only there a run does something with it
+        }
     }
 }
 
@@ -220,8 +226,9 @@ void frmOptions::saveLists() {
             program_.display.warn(sentence(program_, Sentence::ListNotWritten, {file.fileName}));
             continue;
         }
-        // A file that cannot be written keeps its old content.
-        (void)writeListFile(program_, program_.inProgramFolder(file.fileName), file.list->rows());
+        if (!platform::ok(writeListFile(program_, program_.inProgramFolder(file.fileName), file.list->rows()))) {
+            program_.display.warn(sentence(program_, Sentence::ListNotStored, {file.fileName}));
+        }
     }
 }
 

@@ -63,7 +63,8 @@ forms::CheckBox& frmOptions::masterBox(TaskPage page) {
     return *masters[static_cast<std::size_t>(page)];
 }
 
-// Boxes that are off keep their ticks, and their tasks the rows: intended.
+// Boxes that are off keep their ticks, and their tasks the rows: intended. All boxes of the page: those behind the box
+// of a cache come on too while it is not ticked, until it is ticked and unticked: intended.
 void frmOptions::enableTaskPage(TaskPage page, bool enabled) {
     masterBox(page).Enabled = enabled;
     for (const TaskBox& task : taskBoxes(page)) task.box->Enabled = enabled;

@@ -129,6 +129,21 @@ TEST(MasterBox, EnablesAndDisablesAWholePage) {
     EXPECT_TRUE(options.chkSafariSavedForms.Enabled);
 }
 
+TEST(MasterBox, EnablesTheInDepthBoxesOfAPageToo) {
+    OptionsFixture machine;
+    frmOptions& options = machine.options();
+    ASSERT_FALSE(options.chkMozillaCache.ticked());
+    options.enableTaskPage(TaskPage::Mozilla, true);
+    EXPECT_TRUE(options.chkMozillaINDepthCleanOfflineCache.Enabled);
+    EXPECT_TRUE(options.chkMozillaINDepthCleanTestPilotErrorLogs.Enabled);
+    // The cache's box decides from its first change on.
+    options.chkMozillaCache.Value = 1;
+    options.chkMozillaCache.Value = 0;
+    EXPECT_FALSE(options.chkMozillaINDepthCleanOfflineCache.Enabled);
+    options.enableTaskPage(TaskPage::Mozilla, false);
+    EXPECT_FALSE(options.chkMozillaINDepthCleanTestPilotErrorLogs.Enabled);
+}
+
 // --- the kill method
 
 TEST(KillMethodChoice, DrivesTheHintAndTheRecycleBinOptions) {

@@ -338,10 +338,27 @@ TEST_F(OwnLists, TakeDroppedPathsThroughTheSameDoor) {
     const std::vector<std::string> paths{"C:\\Data", "C:\\Windows", "C:\\a.txt"};
     options().dropOnFolders(paths);
     EXPECT_EQ(rows(options().lstFolders), (Rows{"C:\\Data"}));
-    EXPECT_EQ(onlyBox().text, kBanMessage);
-    options().dropOnFiles(paths);
+    EXPECT_EQ(onlyBox().text, std::string(kBanMessage) + "\r\n\r\nC:\\Windows") << "which of the three it was";
+    options().dropOnFolders({"C:\\Windows"});
+    EXPECT_EQ(machine.display.boxes.back().text, kBanMessage) << "of one alone nobody has to be told";
+    options().dropOnFiles({"C:\\a.txt"});
     EXPECT_EQ(rows(options().lstFiles), (Rows{"C:\\a.txt"}));
     EXPECT_EQ(options().lstFolders.ListCount(), 1);
+}
+
+TEST_F(OwnLists, TakeAFolderThatIsDroppedOnTheFilesIntoTheFolders) {
+    machine.files().putFolder("C:\\Data");
+    machine.files().putFolder("C:\\Windows");
+    machine.files().putFile("C:\\a.txt");
+    const std::vector<std::string> paths{"C:\\Data", "C:\\Windows", "C:\\a.txt", "C:\\gone"};
+    options().dropOnFiles(paths);
+    EXPECT_EQ(rows(options().lstFolders), (Rows{"C:\\Data"}));
+    EXPECT_EQ(rows(options().lstFiles), (Rows{"C:\\a.txt"}));
+    EXPECT_EQ(onlyBox().text, std::string(kBanMessage) + "\r\n\r\nC:\\Windows");
+    options().chkActivateOwnFolder.Value = 0;
+    options().dropOnFiles(paths);
+    EXPECT_EQ(options().lstFolders.ListCount(), 1) << "while it is off it takes nothing";
+    EXPECT_EQ(options().lstFiles.ListCount(), 2);
 }
 
 TEST_F(OwnLists, TakeNoDropWhileSwitchedOff) {
@@ -462,6 +479,37 @@ TEST_F(OwnLists, KeepTheOldFileOnAFullDisk) {
     machine.files().setDiskFull('C', true);
     options().cmdOK.setValue(true);
     EXPECT_EQ(machine.beside("td_folders.dat"), "C:\\A\r\n");
+}
+
+TEST_F(OwnLists, TellOfEachFileThatCouldNotBeWritten) {
+    (void)options();
+    machine.display.warnings.clear();
+    machine.files().refuse(machine.inFolder("td_fkeys.dat"), platform::operation::Write, platform::Status::Denied);
+    options().cmdOK.setValue(true);
+    EXPECT_EQ(machine.display.warnings, (Rows{"td_fkeys.dat could not be written and keeps its old content."}));
+    EXPECT_TRUE(machine.beside("td_ftypes.dat").has_value()) << "the others are written all the same";
+}
+
+TEST_F(OwnLists, AreWrittenOneBehindTheOtherAndTheFontOfTheLogLast) {
+    const Rows files{"td_folders.dat", "td_fkeys.dat", "td_ftypes.dat", "td_flog.dat"};
+    for (const std::string& file : files) machine.putBeside(file, "old\r\n");
+    options().lstFolders.AddItem("C:\\a");
+    options().lstFiles.AddItem("C:\\b");
+    options().lstSearchMasks.AddItem("*.c");
+    Rows changed;
+    // What has changed by the time that a file is next reached, and at the end.
+    const auto look = [&] {
+        for (const std::string& file : files) {
+            const bool isNew = machine.beside(file) != "old\r\n";
+            if (isNew && std::find(changed.begin(), changed.end(), file) == changed.end()) changed.push_back(file);
+        }
+    };
+    for (const std::string& file : files) machine.files().before(machine.inFolder(file), 1, look);
+    machine.report.onCall = [&](const std::string& call) {
+        if (call == "icons") look();
+    };
+    options().cmdOK.setValue(true);
+    EXPECT_EQ(changed, files);
 }
 
 }  // namespace
