@@ -49,12 +49,14 @@ WindowProgram::WindowProgram(const platform::Platform& platform)
       pump_(platform.events, view_),
       shell_(platform.shell),
       processes_(platform.processes, platform.system),
-      program_(frontend::withOwn(platform, {nullptr, &shell_, &processes_, &clock_, &pump_}), display_) {
+      profiles_(platform.profiles),
+      program_(frontend::withOwn(platform, {&profiles_, &shell_, &processes_, &clock_, &pump_}), display_) {
     app::offerAllWindows(program_);
     display_.setWindows(program_.windows);
     connectTray(display_, program_);
     view_.whenQuiet = [this] {
         program_.windows.sweep();
+        if (!program_.ended()) frontend::warnOfUnstored(program_, profiles_);
         if (whenQuiet) whenQuiet();
     };
 }

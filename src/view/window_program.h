@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "frontend/watched_profiles.h"
 #include "platform/platform.h"
 #include "settings/program.h"
 #include "view/view.h"
@@ -91,6 +92,7 @@ private:
     WindowPump pump_;
     WindowShell shell_;
     WindowProcesses processes_;
+    frontend::WatchedProfiles profiles_;
     settings::Program program_;
 };
 
