@@ -194,6 +194,15 @@ unsigned isButton::captionColour() const {
     return state() == ButtonState::Hot ? FontHighlightColor : FontColor;
 }
 
+bool isButton::hasOwnTip() const {
+    const auto& rows = properties();
+    return std::any_of(rows.begin(), rows.end(), [this](const StoredProperty<isButton>& row) {
+        const bool look = row.name == "ToolTipIcon" || row.name == "ToolTipType" || row.name == "ToolTipBackColor" ||
+                          row.name == "ToolTipForeColor";
+        return look && valueOf(row, *this) != initialOf(row);
+    });
+}
+
 ButtonPlaces isButton::places(Size button, Size caption) const {
     const Rect inside{kPadding, kPadding, std::max(0, button.width - 2 * kPadding),
                       std::max(0, button.height - 2 * kPadding)};

@@ -123,6 +123,9 @@ public:
         return {ToolTipText, ToolTipTitle, ToolTipIcon, ToolTipType, ToolTipBackColor, ToolTipForeColor};
     }
 
+    // Whether icon, kind or colours of the tip are others than at first, so that the desktop's own tip does not do.
+    bool hasOwnTip() const;
+
     // Icon and caption inside a button of this size; the caption's own size is measured by the view, Icon is square.
     // Nothing gets a negative size; what does not fit is cut by the button's edge.
     ButtonPlaces places(Size button, Size caption) const;

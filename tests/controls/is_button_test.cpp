@@ -253,6 +253,24 @@ TEST_F(ButtonTest, HasATipOfItsOwn) {
 
 // --- Places
 
+TEST_F(ButtonTest, TellsATipWithALookOfItsOwn) {
+    button.ToolTipText = "tip";
+    button.ToolTipTitle = "title";
+    EXPECT_FALSE(button.hasOwnTip());
+    for (auto* number : {&button.ToolTipIcon, &button.ToolTipType}) {
+        *number = 1;
+        EXPECT_TRUE(button.hasOwnTip());
+        *number = 0;
+    }
+    for (auto* colour : {&button.ToolTipBackColor, &button.ToolTipForeColor}) {
+        const unsigned before = *colour;
+        *colour = 0xFFu;
+        EXPECT_TRUE(button.hasOwnTip());
+        *colour = before;
+    }
+    EXPECT_FALSE(button.hasOwnTip());
+}
+
 TEST_F(ButtonTest, CentresACaptionAlone) {
     const ButtonPlaces places = button.places({100, 30}, {40, 14});
     EXPECT_TRUE(places.icon.empty());
