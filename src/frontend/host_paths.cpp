@@ -59,6 +59,13 @@ std::string HostPaths::hostFolderOf(const std::string& machinePath) const {
     return missing || !fs::is_directory(host, problem) ? std::string() : host;
 }
 
+std::string HostPaths::hostFileOf(const std::string& machinePath) const {
+    bool missing = false;
+    std::string host = find(machinePath, missing);
+    std::error_code problem;
+    return missing || !fs::is_regular_file(host, problem) ? std::string() : host;
+}
+
 std::string HostPaths::find(const std::string& machinePath, bool& missing) const {
     const auto place = std::find_if(places_.begin(), places_.end(), [&](const Place& known) {
         return isIn(machinePath, known.onMachine, '\\',

@@ -18,6 +18,8 @@ public:
     [[nodiscard]] std::string hostPathOf(const std::string& machinePath) const;
     // The same for a folder that is there; otherwise empty.
     [[nodiscard]] std::string hostFolderOf(const std::string& machinePath) const;
+    // The same for a file.
+    [[nodiscard]] std::string hostFileOf(const std::string& machinePath) const;
     // Empty: it lies outside the machine. Links of the host are followed.
     [[nodiscard]] std::string machinePathOf(const std::string& hostPath) const;
 

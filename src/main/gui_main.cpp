@@ -187,6 +187,8 @@ bool App::open(const std::string& directory, std::string& error) {
     display.onEnd = [this] { end(); };
     program_->shell().show = tidvane::view::showOnDesktop;
     program_->shell().hostFolderOf = [this](const std::string& folder) { return paths_->hostFolderOf(folder); };
+    program_->shell().hostFileOf = [this](const std::string& file) { return paths_->hostFileOf(file); };
+    program_->recycleBins = [this] { return machine_->platform().recycleBins(); };
     machine_->platform().setWarningSink([this](const tidvane::platform::Warning& warning) { warn(warning.text); });
     // What the end of a session asks for is heard at the points where events get in, as everything is.
     machine_->platform().events().onPump([this] { endOfSession(); });

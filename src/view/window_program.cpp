@@ -4,9 +4,13 @@
 
 #include "app/all_windows.h"
 #include "app/frmMain.h"
+#include "app/plug_in_files.h"
+#include "app/recycle_bin_window.h"
 #include "base/text.h"
 #include "frontend/own_services.h"
+#include "plugins/frmPlugsInfo.h"
 #include "settings/frmStarter.h"
+#include "settings/sentences.h"
 #include "view/tray/model_tray.h"
 
 namespace tidvane::view {
@@ -28,7 +32,11 @@ WindowProcesses::WindowProcesses(platform::Processes& processes, platform::Syste
 
 std::unique_ptr<platform::Process> WindowProcesses::CreateProcessA(const std::string& commandLine, int show) {
     const std::string own = base::withBackslash(system_.ApplicationPath()) + system_.ExecutableName() + ".exe";
-    if (!base::equalNoCase(commandLine, own)) return processes_.CreateProcessA(commandLine, show);
+    if (!base::equalNoCase(commandLine, own)) {
+        auto process = processes_.CreateProcessA(commandLine, show);
+        if (process == nullptr && showInstead && showInstead(commandLine)) process = std::make_unique<Started>();
+        return process;
+    }
     restartWanted_ = true;
     return std::make_unique<Started>();
 }
@@ -54,6 +62,7 @@ WindowProgram::WindowProgram(const platform::Platform& platform)
     app::offerAllWindows(program_);
     display_.setWindows(program_.windows);
     connectTray(display_, program_);
+    connectShell();
     view_.whenQuiet = [this] {
         program_.windows.sweep();
         if (!program_.ended()) frontend::warnOfUnstored(program_, profiles_);
@@ -62,6 +71,37 @@ WindowProgram::WindowProgram(const platform::Platform& platform)
 }
 
 WindowProgram::~WindowProgram() = default;
+
+void WindowProgram::connectShell() {
+    using namespace forms::msgbox;
+    shell_.plugInFolder = app::plugInFolder(program_);
+    shell_.onNotShown = [this](const std::string& target) {
+        display_.warn(settings::sentence(program_, settings::Sentence::NothingShows, {target}));
+    };
+    shell_.agreesToEmpty = [this] {
+        return program_.MsgBox(settings::sentence(program_, settings::Sentence::EmptyRecycleBin),
+                               YesNo | Question | DefaultButton2, "Tidvane") == Yes;
+    };
+    processes_.showInstead = [this](const std::string& commandLine) { return showInstead(commandLine); };
+}
+
+// The recycle bin's window is the folder in which it lies; whoever writes a plug-in finds the others in theirs.
+bool WindowProgram::showInstead(const std::string& commandLine) {
+    if (commandLine == app::kRecycleBinWindow) {
+        bool any = false;
+        for (const std::string& bin : recycleBins ? recycleBins() : std::vector<std::string>()) {
+            any = shell_.showFolder(bin) || any;
+        }
+        if (!any) display_.warn(settings::sentence(program_, settings::Sentence::RecycleBinIsEmpty));
+        return true;
+    }
+    const auto* info = program_.windows.ifLoaded<plugins::frmPlugsInfo>();
+    if (info == nullptr || commandLine != info->txtPlugEditor_g.Text()) return false;
+    if (!shell_.showFolder(shell_.plugInFolder)) {
+        display_.warn(settings::sentence(program_, settings::Sentence::ProgramCannotStart, {commandLine}));
+    }
+    return true;
+}
 
 bool WindowProgram::start() {
     view_.act([this] {

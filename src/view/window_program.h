@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "frontend/watched_profiles.h"
 #include "platform/platform.h"
@@ -48,7 +49,7 @@ private:
 };
 
 // A start of the program by itself is a restart: the new one may only begin once this one has stored everything and let
-// go of the machine, which its entry point sees to.
+// go of the machine, which its entry point sees to. Some of what the machine cannot start the desktop has in its place.
 class WindowProcesses final : public platform::Processes {
 public:
     WindowProcesses(platform::Processes& processes, platform::SystemInfo& system);
@@ -56,6 +57,8 @@ public:
     bool takeInstanceLock() override { return processes_.takeInstanceLock(); }
     void releaseInstanceLock() override { processes_.releaseInstanceLock(); }
     [[nodiscard]] bool restartWanted() const { return restartWanted_; }
+    // Asked about what did not start. True: something else was shown for it.
+    std::function<bool(const std::string& commandLine)> showInstead;
 
 private:
     platform::Processes& processes_;
@@ -74,6 +77,8 @@ public:
     WxDisplay& display() { return display_; }
     View& view() { return view_; }
     WindowShell& shell() { return shell_; }
+    // The folders of the user's recycle bins that are there, as paths of the machine.
+    std::function<std::vector<std::string>()> recycleBins;
     // Nobody reads along any more: pauses are over at once. May be called at any time.
     void hurry() { clock_.hurry(); }
     // Behind the end: the user wants the program to begin anew.
@@ -86,6 +91,9 @@ public:
     std::function<void()> whenQuiet;
 
 private:
+    void connectShell();
+    bool showInstead(const std::string& commandLine);
+
     View view_;
     WxDisplay display_;
     PaintingClock clock_;

@@ -45,6 +45,12 @@ TEST_F(HostPathsTest, AFolderToShowHasToBeThere) {
     EXPECT_EQ(paths->hostFolderOf("https://tidvane.example"), "");
 }
 
+TEST_F(HostPathsTest, AFileToShowHasToBeThere) {
+    EXPECT_EQ(paths->hostFileOf("c:\\program files\\tidvane\\TD_CONFIG.INI"), here / "program/td_config.ini");
+    EXPECT_EQ(paths->hostFileOf("C:\\Program Files\\Tidvane\\td_gone.ini"), "");
+    EXPECT_EQ(paths->hostFileOf("C:\\Users\\Anna"), "") << "a folder";
+}
+
 TEST_F(HostPathsTest, AnUnknownDriveLeadsNowhere) {
     EXPECT_EQ(paths->hostPathOf("Q:\\x"), "");
     EXPECT_EQ(paths->hostPathOf("Users"), "");

@@ -336,6 +336,18 @@ TEST_F(MachineShellTest, RecyclingMovesTheUnitAndWritesItsRecord) {
     EXPECT_TRUE(host.has(inBin("desktop.ini")));
 }
 
+TEST_F(MachineShellTest, TheFoldersOfTheBinsAreThoseThatAreThere) {
+    start();
+    EXPECT_TRUE(made->recycleBins().empty());
+    host.file("m/drive_c/a.txt", "1");
+    EXPECT_EQ(recycle("C:\\a.txt"), 0);
+    const std::vector<std::string> folders = made->recycleBins();
+    ASSERT_EQ(folders.size(), 1u);
+    EXPECT_TRUE(folders[0].starts_with("C:\\$Recycle.Bin\\S-1-")) << folders[0];
+    host.folder("m/drive_c/RECYCLED");
+    EXPECT_EQ(made->recycleBins(), (std::vector<std::string>{folders[0], "C:\\RECYCLED"}));
+}
+
 TEST_F(MachineShellTest, Windows10GetsRecordsOfVersion2) {
     key(kNt)->set("CurrentMajorVersionNumber", kRegDword, std::string("\x0A\0\0\0", 4));
     start();

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/common/browser_cache_on_files.h"
 #include "platform/common/environment_in_map.h"
@@ -49,6 +50,8 @@ public:
     // Past the guards, and past a preview.
     MachineFiles& files() { return files_; }
     HookedEvents& events() { return events_; }
+    // The folders of the user's recycle bins that are there, as paths of the machine.
+    std::vector<std::string> recycleBins() { return shell_.RecycleBinFolders(); }
     void setWarningSink(const WarningSink& warn);
 
     // Takes the machine for changes until release(); see Machine. The services see a registry that was read anew, and

@@ -176,6 +176,16 @@ long MachineShell::SHEmptyRecycleBinA(std::uint64_t /*hwnd*/, const std::string&
     return static_cast<long>(first);
 }
 
+std::vector<std::string> MachineShell::RecycleBinFolders() {
+    std::vector<std::string> all;
+    std::string letters;
+    (void)drivesOf({}, letters);
+    for (const char letter : letters) {
+        for (const std::string& folder : bin_.folders(letter)) all.push_back(folder);
+    }
+    return all;
+}
+
 int MachineShell::ShellExecuteA(const std::string& /*verb*/, const std::string& /*file*/,
                                 const std::string& /*parameters*/, const std::string& /*directory*/, int /*show*/) {
     return kNothingStarted;

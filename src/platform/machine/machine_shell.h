@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/environment.h"
 #include "platform/file_system.h"
@@ -29,6 +30,8 @@ public:
                       const std::string& directory, int show) override;
     bool ShellExecuteExAndWait(const std::string& verb, const std::string& file, const std::string& parameters,
                                const std::string& directory, int show) override;
+    // The folders of the user's bins that are there, in the order of the drives.
+    std::vector<std::string> RecycleBinFolders();
 
 private:
     Status removeOne(const std::string& path, bool undo);

@@ -52,6 +52,14 @@ std::vector<RecycleBin::Bin> RecycleBin::bins(char drive) const {
             {root(drive) + kBinFat, true}};
 }
 
+std::vector<std::string> RecycleBin::folders(char drive) const {
+    std::vector<std::string> there;
+    for (const Bin& bin : bins(drive)) {
+        if (files_.FolderExists(bin.folder)) there.push_back(bin.folder);
+    }
+    return there;
+}
+
 Status RecycleBin::makeBin(char drive, std::string& folder) {
     const std::string top = root(drive) + kBin;
     folder = top + "\\" + sid_;

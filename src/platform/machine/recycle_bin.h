@@ -35,6 +35,8 @@ public:
     // of the machine (a mount, the program's folder). A read-only target can be moved.
     Status take(const std::string& path);
 
+    // The folders of the bins of one fixed drive that are there.
+    [[nodiscard]] std::vector<std::string> folders(char drive) const;
     // Units and lengths in the bins of one fixed drive.
     void count(char drive, RecycleBinInfo& info);
     // Removes the units and their records; "desktop.ini" and the folders of the bin stay. The first failure, or Ok.
