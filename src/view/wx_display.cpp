@@ -4,6 +4,7 @@
 #include <wx/clipbrd.h>
 #include <wx/dirdlg.h>
 #include <wx/filedlg.h>
+#include <wx/filename.h>
 #include <wx/fontdlg.h>
 #include <wx/utils.h>
 
@@ -13,6 +14,7 @@
 #include "view/chooser/words.h"
 #include "view/layouts.h"
 #include "view/message_box.h"
+#include "view/saved_name.h"
 #include "view/sounds.h"
 #include "view/text.h"
 
@@ -151,9 +153,23 @@ std::string WxDisplay::askFile(const forms::FileQuestion& question) {
 std::string WxDisplay::askFolder(forms::Form*, const std::string& title) {
     wxDirDialog dialog(topWindow(), toNative(title), toNative(hostFolder({})), wxDD_DIR_MUST_EXIST);
     while (dialog.ShowModal() == wxID_OK) {
-        if (const auto place = chosenPlace(dialog.GetPath())) return *place;
+        wxString path = dialog.GetPath();
+        if (question.save && !completeName(path, question.filter, dialog.GetFilterIndex())) continue;
+        if (const auto place = chosenPlace(path)) return *place;
     }
     return {};
+}
+
+// False: the dialog has to ask again. It has asked about a file of the name that was typed, not of the one made of it.
+bool WxDisplay::completeName(wxString& path, const std::string& filter, int filterRow) {
+    const wxString whole = toNative(withExtension(fromNative(path), filter, filterRow));
+    if (whole == path) return true;
+    path = whole;
+    if (!wxFileName::Exists(whole)) return true;
+    const Tongue tongue = tongueOfHost();
+    return MsgBox(fromNative(wxFileName(whole).GetFullName()) + "\r\n" + word(tongue, Word::ReplaceFile),
+                  forms::msgbox::YesNo | forms::msgbox::Question | forms::msgbox::DefaultButton2,
+                  word(tongue, Word::SaveAs)) == forms::msgbox::Yes;
 }
 
 std::optional<forms::FontChoice> WxDisplay::askFont(const forms::FontChoice& current) {

@@ -68,6 +68,8 @@ public:
 private:
     wxWindow* topWindow() const;
     [[nodiscard]] std::string hostFolder(const std::string& folder) const;
+    // Gives the name an extension; asks where a file of that name is there.
+    bool completeName(wxString& path, const std::string& filter, int filterRow);
     std::optional<std::string> chosenPlace(const wxString& path);
     // The same of what was dropped: what lies inside, and one word about the rest.
     std::vector<std::string> droppedPlaces(const std::vector<std::string>& paths);

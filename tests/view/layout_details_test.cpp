@@ -9,6 +9,8 @@
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
 
+#include <chrono>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -20,7 +22,9 @@
 #include "view/binding/bindings.h"
 #include "view/display_fixture.h"
 #include "view/form_window.h"
+#include "view/saved_name.h"
 #include "view/text.h"
+#include "view/wx_display.h"
 
 namespace tidvane::tests {
 namespace {
@@ -288,6 +292,81 @@ TEST_F(RowMenus, AListViewOpensItAtTheCurrentRowByEitherKey) {
         EXPECT_LE(corner->y, list->ClientToScreen(row.GetBottomLeft()).y + row.height) << menuKey;
     }
     EXPECT_EQ(asked_, 2);
+}
+
+// --- names of saved files
+
+TEST(SavedName, GetsTheExtensionOfTheFilterWhereItHasNone) {
+    struct Case {
+        const char* path;
+        const char* filter;
+        int row;
+        const char* saved;
+    };
+    for (const Case& row : {Case{"/home/anna/list", "*.txt|*.txt", 0, "/home/anna/list.txt"},
+                            Case{"/home/anna/list", "", 0, "/home/anna/list.txt"},
+                            Case{"/home/anna/list", "Logs|*.log|All|*.*", 0, "/home/anna/list.log"},
+                            Case{"/home/anna/list", "Logs|*.log;*.txt", 0, "/home/anna/list.log"},
+                            Case{"/home/anna/list", "Logs|*.log|All|*.*", 1, "/home/anna/list.txt"},
+                            Case{"/home/anna/list", "*.log|*.log", 5, "/home/anna/list.txt"},
+                            Case{"/home/anna/list.csv", "*.txt|*.txt", 0, "/home/anna/list.csv"},
+                            Case{"/home/anna.b/list", "*.txt|*.txt", 0, "/home/anna.b/list.txt"},
+                            Case{"/home/anna/list.", "*.txt|*.txt", 0, "/home/anna/list.txt"},
+                            Case{"/home/anna/.list", "*.txt|*.txt", 0, "/home/anna/.list.txt"},
+                            Case{"C:\\a.b\\list", "*.txt|*.txt", 0, "C:\\a.b\\list.txt"},
+                            Case{"/home/anna/", "*.txt|*.txt", 0, "/home/anna/"}}) {
+        EXPECT_EQ(view::withExtension(row.path, row.filter, row.row), row.saved) << row.filter;
+    }
+}
+
+// The dialog that asks for a file, once it is on the screen.
+GtkFileChooser* fileDialog() {
+    GtkFileChooser* dialog = nullptr;
+    GList* windows = gtk_window_list_toplevels();
+    for (const GList* at = windows; at != nullptr; at = at->next) {
+        if (GTK_IS_FILE_CHOOSER(at->data) && gtk_widget_get_mapped(GTK_WIDGET(at->data))) {
+            dialog = GTK_FILE_CHOOSER(at->data);
+        }
+    }
+    g_list_free(windows);
+    return dialog;
+}
+
+class SaveDialog : public LayoutDetails {
+protected:
+    SaveDialog() {
+        std::string name = (std::filesystem::temp_directory_path() / "tidvane-save-XXXXXX").string();
+        folder = mkdtemp(name.data());
+    }
+    ~SaveDialog() override { std::filesystem::remove_all(folder); }
+    // What is asked for when its user gives this name.
+    std::string save(const std::string& name) {
+        view::WxDisplay display(view_);
+        auto next = std::chrono::steady_clock::now();
+        whenIdle([&] {
+            wxWakeUpIdle();
+            GtkFileChooser* dialog = fileDialog();
+            // It takes no answer before it has read its folder, and tells nobody when it has.
+            if (dialog == nullptr || std::chrono::steady_clock::now() < next) return;
+            next = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
+            gtk_file_chooser_set_current_name(dialog, name.c_str());
+            gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_ACCEPT);
+        });
+        forms::FileQuestion question;
+        question.filter = "*.txt|*.txt";
+        question.save = true;
+        question.initialFolder = folder.string();
+        const std::string chosen = display.askFile(question);
+        whenIdle({});
+        return chosen;
+    }
+    std::filesystem::path folder;
+};
+
+TEST_F(SaveDialog, ANameWithoutExtensionGetsOne) {
+    open([this](view::FormWindow& window) { return window.entry(window.body(), form.txtOne); });
+    EXPECT_EQ(save("list"), (folder / "list.txt").string());
+    EXPECT_EQ(save("list.csv"), (folder / "list.csv").string());
 }
 
 }  // namespace

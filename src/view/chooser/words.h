@@ -45,6 +45,7 @@ enum class Word {
     // of the dialogs that ask for files and folders
     ChooseFile,
     SaveAs,
+    ReplaceFile,  // behind a line with its name
     OutsideTheSystem,
 };
 
