@@ -27,9 +27,8 @@ ListBinding::ListBinding(View& view, forms::ListBox& list, wxListBox* widget, bo
         wxArrayInt rows;
         const int row = widget_->GetSelections(rows) > 0 ? rows.front() : wxNOT_FOUND;
         const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
-        if (row == wxNOT_FOUND || event.HasAnyModifiers() || view_.pulling()) {
-            event.Skip();
-        } else if (ticks_ != nullptr && event.GetKeyCode() == WXK_SPACE) {
+        if (row == wxNOT_FOUND || event.HasAnyModifiers() || view_.pulling()) return event.Skip();
+        if (ticks_ != nullptr && event.GetKeyCode() == WXK_SPACE) {
             // Only the mouse ticks by itself.
             view_.act([this, row] {
                 if (row < list_.ListCount()) list_.setSelected(row, !list_.Selected(row));
