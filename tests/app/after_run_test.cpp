@@ -48,6 +48,16 @@ TEST_F(MemoryTrim, RunsTheSiblingAndTellsIt) {
     EXPECT_EQ(panel(1), text(552) + " <OK>");
 }
 
+// The box beside the check of a drive is stored and nothing more.
+TEST_F(AppFixture, ARunWithTheDriveCheckTickedStartsNoProgram) {
+    store({"chkVolumeCheck=1", "chkTempFolder=1", "txtPurgeSpeed=0"});
+    machine.files.putFile("C:\\Windows\\System32\\chkdsk.exe");
+    main();
+    EXPECT_TRUE(options().chkVolumeCheck.ticked());
+    clean();
+    EXPECT_TRUE(machine.processes.started.empty());
+}
+
 TEST_F(MemoryTrim, DoesNotRunAfterAStop) {
     stopAtFirstStep();
     clean();

@@ -80,8 +80,27 @@ TEST_F(CloseMain, WritesTheTicksOfThePlugIns) {
 TEST_F(CloseMain, LogsItsHeadingWithoutATimeAndFillsPanelOne) {
     options().chkLogTimestamp.Value = 0;
     watchLog();
+    std::string one;
+    main().StatusBar1.viewChanged.connect([&] { one = main().StatusBar1.Panel(1); });
     main().ExitProgram();
     EXPECT_EQ(seenTimes(text(578)), 1);
+    EXPECT_EQ(one, text(578)) << "the last text of the panel";
+}
+
+TEST_F(CloseMain, WritesTheTicksInFrontOfItsHeadingAndItsPlaceBehindIt) {
+    machine.files.putFile(inFolder("PlugIns\\a.tdp"));
+    main().LstPlugs.setSelected(0, true);
+    std::string ticks;
+    std::string width;
+    main().log().appended.connect([&](const std::string& line) {
+        if (!line.starts_with(text(578))) return;
+        ticks = machine.files.bytesOf(inFolder("td_apps.ini")).value_or("");
+        width = storedValue("WindowState", "Width");
+    });
+    main().ExitProgram();
+    EXPECT_EQ(ticks, "[PlugIns]\r\na=1\r\n");
+    EXPECT_EQ(width, "<none>");
+    EXPECT_NE(storedValue("WindowState", "Width"), "<none>");
 }
 
 TEST_F(CloseMain, CleansAtExitBehindTheGeometry) {

@@ -1,9 +1,39 @@
 // What the start writes into the log, line by line.
+#include <algorithm>
 #include <array>
 
 #include "support/app_fixture.h"
 
 namespace tidvane::tests {
+
+namespace {
+
+// The machine's own, and how often it was asked for the members of a group.
+class CountingSystem final : public platform::SystemInfo {
+public:
+    explicit CountingSystem(platform::SystemInfo& system) : system_(system) {}
+    int asked = 0;
+
+    platform::WindowsVersion GetVersionExA() override { return system_.GetVersionExA(); }
+    std::string GetUserNameA() override { return system_.GetUserNameA(); }
+    bool groupMembers(const std::string& group, std::vector<std::string>& names) override {
+        ++asked;
+        return system_.groupMembers(group, names);
+    }
+    std::string WindowsFolder() override { return system_.WindowsFolder(); }
+    std::string SystemFolder() override { return system_.SystemFolder(); }
+    std::string ApplicationPath() override { return system_.ApplicationPath(); }
+    std::string ExecutableName() override { return system_.ExecutableName(); }
+    std::string CommandArguments() override { return system_.CommandArguments(); }
+    int codePage() override { return system_.codePage(); }
+    const base::Locale& locale() override { return system_.locale(); }
+    std::string themeName() override { return system_.themeName(); }
+
+private:
+    platform::SystemInfo& system_;
+};
+
+}  // namespace
 
 struct StartLog : AppFixture {
     StartLog() { store({"chkLogTimestamp=1"}); }
@@ -71,6 +101,19 @@ TEST_F(StartLog, WritesOneUserLineWhereTheGroupHasAnotherName) {
     // The group "Administrators" holds Anna; it is not the one that is asked.
     EXPECT_EQ(countOf(text(569) + ": Anna"), 1);
     EXPECT_EQ(countOf(text(569) + ": Anna [Administrator]"), 0);
+}
+
+TEST_F(StartLog, AsksForTheGroupTwiceAndWritesOneLineWhereItCannotBeBound) {
+    CountingSystem system(machine.system);
+    const platform::Platform own = machine.platform();
+    settings::Program counted(
+        {own.files, own.profiles, own.registry, own.shell, own.processes, own.session, own.environment,
+         own.browserCache, system, own.network, own.restorePoints, own.scriptHost, own.clock, own.events, own.removed},
+        display);
+    app::offerAllWindows(counted);
+    const std::vector<std::string> lines = linesOf(counted.get<app::frmMain>().txtLog.Text());
+    EXPECT_EQ(system.asked, 2);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), counted.LangText(569) + ": Anna"), 1);
 }
 
 TEST_F(StartLog, NamesAnUnknownVersionWithoutThePrefix) {

@@ -179,8 +179,24 @@ TEST_F(StartSteps, CountTheTickedPlugInsInPanelThree) {
 }
 
 TEST_F(StartSteps, RunACleaningLastOfAllWithCleanAtStart) {
-    store({"chkStartClean=1", "chkStartMinimized=1", "chkLogTimestamp=1"});
+    store({"chkStartClean=1", "chkStartMinimized=1", "chkLogTimestamp=1", "chkTempFolder=1"});
+    store({"Left=1234"}, "WindowState");
+    machine.system.commandArguments = "/AUTO";
+    // What the steps in front of it have left by its first step.
+    int steps = 0;
+    program.windows.offer(app::frmMain::kName, [&] {
+        auto made = std::make_unique<app::frmMain>(program);
+        made->stepDone.connect([&, form = made.get()](const app::StepResult&) {
+            if (steps++ > 0) return;
+            EXPECT_EQ(form->Left, 1234);
+            EXPECT_EQ(form->menu("mnCleanPlugs").Caption, program.LangText(104) + " (Plug-ins)");
+            EXPECT_EQ(form->lblProductName.Caption, "Tidvane");
+            EXPECT_TRUE(form->cmdClean.Value);
+        });
+        return made;
+    });
     main();
+    EXPECT_GT(steps, 0);
     // Hidden into the tray, then shown for the run; the icon stays.
     EXPECT_TRUE(display.wasShown("frmMain"));
     EXPECT_TRUE(main().Visible);

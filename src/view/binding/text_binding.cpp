@@ -1,5 +1,11 @@
+#include <gtk/gtk.h>
 #include <wx/settings.h>
 
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "base/text.h"
 #include "view/binding/bindings.h"
 #include "view/measures.h"
 #include "view/painters/painting.h"
@@ -18,6 +24,40 @@ bool isBoxColour(unsigned colour) {
     constexpr unsigned kWindow = 0x80000005u;
     constexpr unsigned kWhite = 0xFFFFFFu;
     return colour == kButtonFace || colour == kWindow || colour == kWhite;
+}
+
+// What a box with a filter takes of a text that comes at once: pasted, dropped, of the middle button of the mouse.
+std::string filtered(const std::string& text, const std::function<bool(char32_t)>& filter) {
+    std::string kept;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = base::byteOffset(std::string_view(text).substr(at), 1);
+        const wxString sign = toNative(text.substr(at, length));
+        const auto key = static_cast<char32_t>(sign.empty() ? 0 : sign[0].GetValue());
+        if (key >= WXK_SPACE && filter(key)) kept.append(text, at, length);
+        at += length;
+    }
+    return kept;
+}
+
+struct Gate {
+    View& view;
+    const forms::TextBox& box;
+};
+
+void letIn(GtkEditable* entry, const char* bytes, int count, int* place, Gate* gate) {
+    if (!gate->box.keyFilter || gate->view.pulling() || bytes == nullptr) return;
+    const std::string text(bytes, count < 0 ? std::char_traits<char>::length(bytes) : static_cast<std::size_t>(count));
+    const std::string kept = filtered(text, gate->box.keyFilter);
+    if (kept == text) return;
+    g_signal_stop_emission_by_name(entry, "insert-text");
+    if (!kept.empty()) gtk_editable_insert_text(entry, kept.data(), static_cast<int>(kept.size()), place);
+}
+
+// The keys have gone through the filter by then and pass it once more.
+void filterInsertions(View& view, forms::TextBox& box, wxTextCtrl* widget) {
+    g_signal_connect_data(
+        widget->GetHandle(), "insert-text", G_CALLBACK(letIn), new Gate{view, box},
+        [](gpointer gate, GClosure*) { delete static_cast<Gate*>(gate); }, GConnectFlags{});
 }
 
 }  // namespace
@@ -45,6 +85,7 @@ TextBinding::TextBinding(View& view, forms::TextBox& box, wxTextCtrl* widget, bo
         }
         event.Skip();
     });
+    if (!lines_) filterInsertions(view, box, widget);
     if (selection_) {
         // Behind the widget's own handling of the key or the click.
         const auto later = [this](wxEvent& event) {

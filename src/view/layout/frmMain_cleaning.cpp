@@ -7,7 +7,6 @@
 #include <array>
 #include <memory>
 
-#include "app/main_layout.h"
 #include "app/shortcuts.h"
 #include "forms/system_colours.h"
 #include "view/binding/bindings.h"
@@ -21,7 +20,8 @@ namespace {
 
 constexpr int kWelcome = 150;
 constexpr int kDrive = 319;
-constexpr int kLeastLog = 60;  // device-independent pixels
+constexpr int kLogPaneHeight = 3180;  // twips, where the window has the room for it; the list takes the rest
+constexpr int kLeastLog = 60;         // device-independent pixels
 constexpr int kLeastList = 80;
 constexpr int kWelcomeWidth = 440;
 
@@ -196,7 +196,7 @@ void CleaningPage::arrange() {
         page_->Layout();
     }
     const int others = page_->GetSizer()->GetMinSize().y - log_->GetMinSize().y;
-    const int full = toPixels(app::kLogPaneHeight, page_);
+    const int full = toPixels(kLogPaneHeight, page_);
     const int height = std::clamp(room.y - others, page_->FromDIP(kLeastLog), full);
     if (log_->GetMinSize().y != height) log_->SetMinSize(wxSize(log_->GetMinSize().x, height));
 }

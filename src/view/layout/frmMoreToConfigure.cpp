@@ -28,12 +28,14 @@ wxWindow* entry(FormWindow& window, wxWindow* page, forms::TextBox& box, const f
     return made;
 }
 
-// Some boxes show in their tool tip what they hold, as it is when the pointer gets there.
+// Some boxes show in their tool tip what they hold, as it is under the moving pointer.
 void tipUnderPointer(FormWindow& window, frmMoreToConfigure& form, wxWindow* widget, forms::Control& control) {
-    window.on(widget, wxEVT_ENTER_WINDOW, [&form, &control](wxMouseEvent& event) {
-        event.Skip();
-        form.Form_MouseMove(control);
-    });
+    for (const auto& moves : {wxEVT_ENTER_WINDOW, wxEVT_MOTION}) {
+        window.on(widget, moves, [&form, &control](wxMouseEvent& event) {
+            event.Skip();
+            form.Form_MouseMove(control);
+        });
+    }
 }
 
 // The picture of a colour, with a thin edge so that it is seen on a background like it.
