@@ -93,7 +93,9 @@ public:
     void pull() override {
         std::vector<int> wanted;
         for (int tab = 0; tab < strip_.Tabs() && tab < static_cast<int>(pages_.size()); ++tab) {
-            if (strip_.TabVisible(tab) && strip_.TabEnabled(tab)) wanted.push_back(tab);
+            // The program may turn to a tab that it has switched off: that one is on offer while it is the current one.
+            const bool offered = strip_.TabEnabled(tab) || strip_.Tab == tab;
+            if (strip_.TabVisible(tab) && offered) wanted.push_back(tab);
         }
         if (wanted != shown_) {
             while (book_->GetPageCount() > 0) {
@@ -178,20 +180,22 @@ wxWindow* FormWindow::check(wxWindow* parent, forms::CheckBox& box) {
 }
 
 wxWindow* FormWindow::option(wxWindow* parent, forms::OptionButton& button) {
-    // The first button of a group in the model begins a group of the toolkit.
+    // The first button of a group in the model begins a group of the toolkit. One of such a group is chosen at all
+    // times: while none of the model's is, it is a button that nobody sees.
     bool first = true;
     for (const auto& [control, widget] : widgets_) {
         const auto* other = dynamic_cast<const forms::OptionButton*>(control);
         if (other != nullptr && other->group == button.group) first = false;
     }
-    auto* widget = new wxRadioButton(parent, wxID_ANY, toNative(button.Caption.get()), wxDefaultPosition, wxDefaultSize,
-                                     first ? wxRB_GROUP : 0);
+    if (first) (new wxRadioButton(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxRB_GROUP))->Hide();
+    auto* widget = new wxRadioButton(parent, wxID_ANY, toNative(button.Caption.get()));
     widget->Bind(wxEVT_RADIOBUTTON,
                  [this, &button](wxCommandEvent&) { view_.act([&button] { button.setValue(-1); }); });
     adopt(button, widget);
     whenever(button, [this, widget, &button] {
         if (setLabel(widget, mnemonics_.marked(button))) layoutSoon();
-        if (button.selected() && !widget->GetValue()) widget->SetValue(true);
+        if (button.selected() == widget->GetValue()) return;
+        (button.selected() ? widget : widget->GetFirstInGroup())->SetValue(true);
     });
     return widget;
 }
