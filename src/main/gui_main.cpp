@@ -244,7 +244,10 @@ void App::noteEndOfSession() {
 // The end of Windows, or of this desktop: nobody is asked anything any more.
 void App::endOfSession() {
     if (!sessionEnds_ || ended_) return;
-    if (!program_) return end();
+    if (!program_) {
+        dismissBoxes();
+        return end();
+    }
     tidvane::settings::Program& program = program_->program();
     program.unattended = true;
     dismissBoxes();

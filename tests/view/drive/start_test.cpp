@@ -162,6 +162,32 @@ TEST_F(WindowsStart, LeavingTheFirstWindowLeavesNothingBehind) {
     EXPECT_FALSE(here.has(".local/share/tidvane"));
 }
 
+TEST_F(WindowsStart, TheEndOfTheSessionLeavesTheDialogsOfTheFirstWindow) {
+    struct Opened {
+        const char* key;
+        const char* title;
+    };
+    for (const Opened& dialog : {Opened{"alt+f", "Folder of a Wine prefix"}, Opened{"alt+s", "Create a sample"}}) {
+        const auto process = start({});
+        ASSERT_TRUE(shows(*process, 1));
+        const auto isOpen = [&] {
+            return !xdotool({"search", "--onlyvisible", "--all", "--pid", std::to_string(process->id()), "--name",
+                             dialog.title})
+                        .empty();
+        };
+        for (int turn = 0; turn < 100 && !isOpen(); ++turn) {
+            xdotool({"key", dialog.key});
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        }
+        ASSERT_TRUE(isOpen()) << dialog.title;
+        process->send(SIGTERM);
+        const ProcessResult result = process->wait();
+        EXPECT_EQ(result.status, kDone) << dialog.title << result.err;
+        EXPECT_FALSE(result.timedOut) << dialog.title;
+    }
+    EXPECT_FALSE(here.has(".local/share/tidvane"));
+}
+
 TEST_F(WindowsStart, TheEndOfTheSessionIsHeardAlsoWhileARunIsUnderWay) {
     // Every step has its pause, while which nothing gets in: all of them would take longer than the test waits.
     here.file("program/td_config.ini",
