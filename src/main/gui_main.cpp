@@ -111,6 +111,12 @@ void dismissBoxes() {
     }
 }
 
+// What the run would still remove stays: it hears of the end no earlier than at its next point. The button may lie on a
+// page that nobody sees.
+void stopRun(tidvane::app::frmMain& main) {
+    if (main.cmdStop.Enabled) main.cmdStop.Click();
+}
+
 bool App::OnInit() {
     SetAppName(kTitle);
     SetExitOnFrameDelete(false);
@@ -254,11 +260,12 @@ void App::endOfSession() {
     auto* main = program.windows.ifLoaded<tidvane::app::frmMain>();
     if (program.windows.isLoading(tidvane::app::frmMain::kName)) {
         // What cannot be unloaded yet comes to an end first: a box is away by now, a run of the start is stopped.
-        if (main != nullptr) program_->view().act([main] { main->cmdStop.press(); });
+        if (main != nullptr) program_->view().act([main] { stopRun(*main); });
         return;
     }
     sessionEnds_ = false;
     program_->view().act([&program, main] {
+        if (main != nullptr) stopRun(*main);
         if (main == nullptr || !program.windows.unload(*main, tidvane::forms::UnloadMode::WindowsShutdown)) {
             program.UnloadAllForms();
         }

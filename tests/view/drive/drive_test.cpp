@@ -5,6 +5,7 @@
 #include <fstream>
 #include <thread>
 
+#include "view/drive/full_temp.h"
 #include "view/drive/gui_run.h"
 #include "view/x_tray.h"
 
@@ -100,36 +101,18 @@ TEST_F(Drive, cancelledOptionsLeaveTheTaskUnticked) {
     leave();
 }
 
-// The sweep by masks hears a stop at each folder that it enters.
 TEST_F(Drive, aStopInTheMiddleOfASweepIsHeardAndTheRestStays) {
-    constexpr int kFolders = 300;
-    constexpr int kEach = 200;
-    const auto folder = [this](int number) {
-        return gui.places().drive() + kUserTemp + "/folder" + std::to_string(number);
-    };
-    for (int number = 0; number < kFolders; ++number) {
-        fs::create_directory(folder(number));
-        for (int file = 0; file < kEach; ++file) {
-            std::ofstream(folder(number) + "/trace" + std::to_string(file) + ".tmp") << "x";
-        }
-    }
-    const auto emptied = [&folder] {
-        int count = 0;
-        for (int number = 0; number < kFolders; ++number) count += fs::is_empty(folder(number)) ? 1 : 0;
-        return count;
-    };
-    ASSERT_EQ(gui.places().console({"lists", "add", "masks", "trace*.tmp"}).status, 0);
-    gui.set({"chkSearchTasks=1", "cboKillMethod=2"});
+    const FullTemp temp(gui);
     gui.start();
     const Reader::Place stop = gui.reader().placeOf(kStop);
     gui.key({"F9"});
-    ASSERT_TRUE(GuiRun::waitUntil([&emptied] { return emptied() > 0; })) << "the sweep begins";
+    ASSERT_TRUE(GuiRun::waitUntil([&temp] { return temp.emptied() > 0; })) << "the sweep begins";
     gui.clickAt(stop.x + stop.width / 2, stop.y + stop.height / 2);
     ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.reader().isEnabled(kClean); })) << "the run ends";
-    const int done = emptied();
-    EXPECT_LT(done, kFolders) << "stopped in the middle";
+    const int done = temp.emptied();
+    EXPECT_LT(done, temp.folders()) << "stopped in the middle";
     pause(500);
-    EXPECT_EQ(emptied(), done) << "nothing goes behind the stop";
+    EXPECT_EQ(temp.emptied(), done) << "nothing goes behind the stop";
     leave();
 }
 

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
@@ -41,7 +42,7 @@ void GuiRun::set(const std::vector<std::string>& settings) const {
     if (result.status != console_status::Done) throw std::runtime_error("the settings are not taken: " + result.err);
 }
 
-void GuiRun::start(const std::vector<std::string>& words) {
+void GuiRun::startAgain(const std::vector<std::string>& words) {
     ProcessOptions options;
     options.environment = Desktop::get().environment();
     options.environment.push_back("HOME=" + places_.directory().path());
@@ -51,6 +52,10 @@ void GuiRun::start(const std::vector<std::string>& words) {
     process_ = std::make_unique<Process>(command, options);
     reader_ = std::make_unique<Reader>(process_->id());
     inWindow(kTitle);
+}
+
+void GuiRun::start(const std::vector<std::string>& words) {
+    startAgain(words);
     // The start page of the first start stands in front of it, under the same title: the smaller one.
     if (waitUntil([this] { return windowsOf(kTitle).size() > 1; }, 3)) {
         std::string smallest;
@@ -94,8 +99,11 @@ std::string GuiRun::xdotool(const std::vector<std::string>& words) const {
 std::vector<std::string> GuiRun::windowsOf(const std::string& title) const {
     std::istringstream found(xdotool({"search", "--onlyvisible", "--name", title}));
     std::vector<std::string> windows;
+    // Tool tips are windows too, with the name of the program: "tidvane", which the search takes for the same.
+    const std::regex exactly(title);
     for (std::string number; std::getline(found, number);) {
-        if (placeOfWindow(number)[2] >= kLeastWidth) windows.push_back(number);
+        const bool tip = !std::regex_search(xdotool({"getwindowname", number}), exactly);
+        if (!tip && placeOfWindow(number)[2] >= kLeastWidth) windows.push_back(number);
     }
     return windows;
 }

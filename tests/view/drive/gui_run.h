@@ -37,7 +37,10 @@ public:
 
     // Starts, waits for the main window and puts the start page of a first start away. Throws where none comes.
     void start(const std::vector<std::string>& words = {});
+    // The same in a program folder that has seen a start: no start page comes.
+    void startAgain(const std::vector<std::string>& words = {});
     [[nodiscard]] bool isRunning() { return process_ != nullptr && process_->isRunning(); }
+    void send(int signal) const { process_->send(signal); }
     // Until it has ended by itself; its status.
     int waitForEnd();
     // What is on its screen, by name.
@@ -66,7 +69,7 @@ public:
     // --- what is left behind
     // Of td_config.ini; "<none>" for none.
     [[nodiscard]] std::string setting(const std::string& key, const std::string& section = "frmOptions") const;
-    static bool waitUntil(const std::function<bool()>& condition, int seconds = 20);
+    static bool waitUntil(const std::function<bool()>& condition, int seconds = 60);
 
 private:
     ConsoleRun places_;
