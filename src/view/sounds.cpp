@@ -6,6 +6,8 @@
 
 #ifdef __WXGTK__
 #include <glib.h>
+#include <sys/mman.h>
+#include <unistd.h>
 #endif
 
 #include <algorithm>
@@ -38,8 +40,30 @@ bool startPlayer(const std::string& path) {
         return started;
     });
 }
+
+// A file that players can open and that leaves nothing behind: it lies in memory and goes with the program. Empty: the
+// system makes none.
+std::string fileInMemory(const EmbeddedFile& sound) {
+    const int file = ::memfd_create("tidvane-sound", MFD_CLOEXEC);
+    if (file < 0) return {};
+    if (::write(file, sound.content.data(), sound.content.size()) != static_cast<ssize_t>(sound.content.size())) {
+        ::close(file);
+        return {};
+    }
+    return "/proc/" + std::to_string(::getpid()) + "/fd/" + std::to_string(file);
+}
+
+bool startPlayer(const EmbeddedFile& sound) {
+    static std::map<std::string, std::string> files;
+    const auto [place, isNew] = files.try_emplace(std::string(sound.name));
+    if (isNew) place->second = fileInMemory(sound);
+    return !place->second.empty() && startPlayer(place->second);
+}
 #else
 bool startPlayer(const std::string&) {
+    return false;
+}
+bool startPlayer(const EmbeddedFile&) {
     return false;
 }
 #endif
@@ -50,7 +74,7 @@ void playEmbeddedSound(const std::string& name) {
     const auto sounds = embeddedSounds();
     const auto found =
         std::find_if(sounds.begin(), sounds.end(), [&](const EmbeddedFile& row) { return row.name == name; });
-    if (found == sounds.end()) return;
+    if (found == sounds.end() || startPlayer(*found)) return;
     const wxLogNull noWordOfMissingDevices;
     // Kept, for a sound plays on after the call. Never destroyed: the toolkit is gone before static objects are.
     static auto& kept = *new std::map<std::string, wxSound>;

@@ -1,11 +1,18 @@
 #include "view/painters/painting.h"
 
+#include <wx/bitmap.h>
 #include <wx/brush.h>
+#include <wx/image.h>
 #include <wx/pen.h>
 #include <wx/settings.h>
+#include <wx/toplevel.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+
+#include "controls/is_button.h"
 
 namespace tidvane::view {
 
@@ -74,6 +81,37 @@ std::optional<controls::Key> keyOf(const wxKeyEvent& event) {
     }
 }
 
+void whenDeactivated(wxWindow* widget, std::function<void()> what) {
+    wxGetTopLevelParent(widget)->Bind(
+        wxEVT_ACTIVATE, [weak = wxWeakRef<wxWindow>(widget), what = std::move(what)](wxActivateEvent& event) {
+            event.Skip();
+            if (!event.GetActive() && weak) what();
+        });
+}
+
+void bindKeysTo(wxWindow* widget, Act act, std::function<bool(controls::Key)> down,
+                std::function<bool(controls::Key)> up) {
+    const auto told = [act = std::move(act)](wxKeyEvent& event, const std::function<bool(controls::Key)>& what) {
+        bool taken = false;
+        if (const auto key = keyOf(event)) act([&] { taken = what(*key); });
+        if (!taken) event.Skip();
+    };
+    widget->Bind(wxEVT_KEY_DOWN, [widget, told, down = std::move(down)](wxKeyEvent& event) {
+        if (event.GetKeyCode() == WXK_TAB && !event.ControlDown()) {
+            widget->Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
+        } else if (event.AltDown() && event.GetKeyCode() != WXK_ALT) {
+            event.Skip();
+        } else {
+            told(event, down);
+        }
+    });
+    widget->Bind(wxEVT_KEY_UP, [told, up = std::move(up)](wxKeyEvent& event) { told(event, up); });
+}
+
+bool focusByKeyboard() {
+    return !wxGetMouseState().LeftIsDown();
+}
+
 bool darkDesktop() {
     return wxSystemSettings::GetAppearance().IsUsingDarkBackground();
 }
@@ -103,6 +141,20 @@ wxColour readable(const wxColour& wish, const wxColour& ground) {
     return contrast(*wxBLACK, ground) > contrast(*wxWHITE, ground) ? *wxBLACK : *wxWHITE;
 }
 
+wxBitmap greyed(const wxBitmap& bitmap) {
+    wxImage image = bitmap.ConvertToImage();
+    if (!image.HasAlpha()) image.InitAlpha();
+    const std::size_t count = static_cast<std::size_t>(image.GetWidth()) * static_cast<std::size_t>(image.GetHeight());
+    unsigned char* part = image.GetData();
+    unsigned char* alpha = image.GetAlpha();
+    for (std::size_t i = 0; i < count; ++i, part += 3) {
+        const unsigned colour = part[0] | static_cast<unsigned>(part[1]) << 8 | static_cast<unsigned>(part[2]) << 16;
+        part[0] = part[1] = part[2] = static_cast<unsigned char>(controls::isButton::PaintIconGrayscale(colour) & 0xFF);
+        alpha[i] = static_cast<unsigned char>(alpha[i] / 2);
+    }
+    return wxBitmap(image, wxBITMAP_SCREEN_DEPTH, bitmap.GetScaleFactor());
+}
+
 void roundedBox(wxGraphicsContext& context, const wxRect& box, double radius, const wxBrush& fill,
                 const wxColour& edge) {
     context.SetBrush(fill);
@@ -130,9 +182,9 @@ void arrowHead(wxGraphicsContext& context, const wxRect& box, const wxColour& co
     context.StrokePath(path);
 }
 
-void focusRing(wxGraphicsContext& context, const wxRect& box, double radius) {
+void focusRing(wxGraphicsContext& context, const wxRect& box, double radius, const wxColour& ground) {
     context.SetBrush(*wxTRANSPARENT_BRUSH);
-    context.SetPen(wxPen(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), 2));
+    context.SetPen(wxPen(readable(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), ground), 2));
     context.DrawRoundedRectangle(box.x + 1, box.y + 1, box.width - 2, box.height - 2, radius);
 }
 

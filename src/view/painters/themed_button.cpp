@@ -1,5 +1,6 @@
 #include "view/painters/themed_button.h"
 
+#include <wx/button.h>
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/eventfilter.h>
@@ -13,15 +14,17 @@
 
 #include "view/binding/bindings.h"
 #include "view/icons.h"
+#include "view/painters/tip_window.h"
 #include "view/text.h"
 
 namespace tidvane::view {
 
 namespace {
 
-constexpr int kLeastHeight = 30;  // device-independent pixels
+constexpr int kLeastHeight = 30;  // device-independent pixels; of a look that is not the desktop's
 constexpr int kLeastWidth = 76;
 constexpr int kIconOnly = 34;
+constexpr int kTipDelay = 500;  // milliseconds, as the desktop's own tips
 
 using controls::ButtonLook;
 using controls::ButtonState;
@@ -52,6 +55,17 @@ AltWatch& altWatch() {
     return watch;
 }
 
+// How large the toolkit makes a button of its own with a short caption. What it calls its default size is less.
+wxSize usualButton(wxWindow* parent) {
+    static const wxSize size = [parent] {
+        auto* sample = new wxButton(parent, wxID_ANY, "X");
+        const wxSize best = sample->GetBestSize();
+        sample->Destroy();
+        return best;
+    }();
+    return size;
+}
+
 }  // namespace
 
 ThemedButton::ThemedButton(wxWindow* parent, controls::isButton& button, std::string iconName, Act act)
@@ -63,6 +77,11 @@ ThemedButton::ThemedButton(wxWindow* parent, controls::isButton& button, std::st
     Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { act_([this] { button_.press(); }); });
     bindMouse();
     bindKeys();
+    Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+        event.Skip();
+        InvalidateBestSize();
+        Refresh();
+    });
     update(toNative(button_.Caption.get()));
     altWatch().add(this);
 }
@@ -72,8 +91,13 @@ ThemedButton::~ThemedButton() {
 }
 
 void ThemedButton::bindMouse() {
-    Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent&) { act_([this] { button_.mouseEnter(); }); });
+    Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent&) {
+        act_([this] { button_.mouseEnter(); });
+        if (button_.hasOwnTip()) tipTimer_.StartOnce(kTipDelay);
+    });
+    tipTimer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { showOwnTip(); });
     Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) {
+        hideOwnTip();
         if (!HasCapture()) act_([this] { button_.mouseLeave(); });
     });
     Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
@@ -89,6 +113,7 @@ void ThemedButton::bindMouse() {
         });
     });
     const auto down = [this](wxMouseEvent&) {
+        hideOwnTip();
         if (!IsEnabled()) return;
         SetFocus();
         if (!HasCapture()) CaptureMouse();
@@ -109,32 +134,22 @@ void ThemedButton::bindMouse() {
         });
     });
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { act_([this] { button_.cancelMode(); }); });
+    // A dialog that comes up hides from it that the pointer goes.
+    whenDeactivated(this, [this] { act_([this] { button_.mouseLeave(); }); });
 }
 
 void ThemedButton::bindKeys() {
     Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         event.Skip();
-        const bool byKeyboard = !wxGetMouseState().LeftIsDown();
-        act_([this, byKeyboard] { button_.setFocus(true, byKeyboard); });
+        act_([this] { button_.setFocus(true, focusByKeyboard()); });
     });
     Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
         event.Skip();
         act_([this] { button_.setFocus(false); });
     });
-    Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
-        if (event.GetKeyCode() == WXK_TAB) {
-            Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
-            return;
-        }
-        bool taken = false;
-        if (const auto key = keyOf(event)) act_([this, key, &taken] { taken = button_.keyDown(*key); });
-        if (!taken) event.Skip();
-    });
-    Bind(wxEVT_KEY_UP, [this](wxKeyEvent& event) {
-        bool taken = false;
-        if (const auto key = keyOf(event)) act_([this, key, &taken] { taken = button_.keyUp(*key); });
-        if (!taken) event.Skip();
-    });
+    bindKeysTo(
+        this, act_, [this](controls::Key key) { return button_.keyDown(key); },
+        [this](controls::Key key) { return button_.keyUp(key); });
 }
 
 wxString ThemedButton::caption() const {
@@ -166,6 +181,7 @@ void ThemedButton::showTip() {
     const controls::ButtonTip tip = button_.tip();
     wxString text = toNative(tip.text);
     if (!tip.title.empty() && !text.empty()) text = toNative(tip.title) + "\n" + text;
+    if (button_.hasOwnTip()) text.clear();
     if (GetToolTipText() == text) return;
     if (text.empty()) {
         UnsetToolTip();
@@ -174,12 +190,31 @@ void ThemedButton::showTip() {
     }
 }
 
+void ThemedButton::showOwnTip() {
+    const controls::ButtonTip tip = button_.tip();
+    if (tip.text.empty() || !button_.hovered() || ownTip_) return;
+    ownTip_ = new TipWindow(this, tip);
+    ownTip_->Show();
+}
+
+void ThemedButton::hideOwnTip() {
+    tipTimer_.Stop();
+    if (ownTip_) ownTip_->Destroy();
+    ownTip_ = nullptr;
+}
+
 wxSize ThemedButton::DoGetBestClientSize() const {
     const controls::Size wanted = button_.wanted(captionSize());
     const bool words = !caption().empty();
     const int side = words ? 2 * controls::isButton::kGap : 0;
-    return FromDIP(
+    wxSize best = FromDIP(
         wxSize(std::max(wanted.width + side, words ? kLeastWidth : kIconOnly), std::max(wanted.height, kLeastHeight)));
+    // With the desktop's look it stands beside the desktop's own buttons, and is as large as they are.
+    if (controls::buttonLook(button_.look(true)).body == ButtonLook::Body::Native) {
+        const wxSize usual = usualButton(GetParent());
+        best.IncTo({words ? usual.x : best.x, usual.y});
+    }
+    return best;
 }
 
 void ThemedButton::paint() {
@@ -196,7 +231,7 @@ void ThemedButton::paint() {
     if (!caption().empty()) paintCaption(dc, places.caption);
     if (HasFocus() && button_.showsFocus()) {
         const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
-        if (context) focusRing(*context, box, FromDIP(5));
+        if (context) focusRing(*context, box, FromDIP(5), wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     }
 }
 
@@ -307,7 +342,7 @@ void ThemedButton::paintIcon(wxDC& dc) {
     if (!bundle.IsOk()) return;
     wxBitmap bitmap = bundle.GetBitmapFor(this);
     if (button_.iconInGrey() || !IsEnabled()) {
-        bitmap = bitmap.ConvertToDisabled(darkDesktop() ? 90 : 220);
+        bitmap = greyed(bitmap);
     }
     dc.DrawBitmap(bitmap, place.x, place.y, true);
 }
