@@ -8,6 +8,7 @@
 #include <wx/choice.h>
 #include <wx/combobox.h>
 #include <wx/dataview.h>
+#include <wx/frame.h>
 #include <wx/notebook.h>
 #include <wx/radiobut.h>
 #include <wx/simplebook.h>
@@ -622,6 +623,27 @@ TEST_F(Bindings, theRowOfAListViewIsSelectedInBothDirections) {
     EXPECT_FALSE(form.lsvOne.item("c")->selected);
 }
 
+TEST_F(Bindings, theArrowKeysGoOnFromTheRowThatTheProgramHasSelected) {
+    form.lsvOne.ColumnHeaders = {{"Task", "Task", 3000}};
+    open([this](view::FormWindow& window) { return window.listView(window.body(), form.lsvOne); });
+    for (const char* row : {"a", "b", "c", "d", "e"}) form.lsvOne.Add(0, row, row, 2);
+    const auto* list = widget<wxDataViewCtrl>(form.lsvOne);
+    const auto shows = [&](int row) {
+        const auto* rows = dynamic_cast<const wxDataViewVirtualListModel*>(list->GetModel());
+        const wxDataViewItem item = list->GetSelection();
+        return item.IsOk() && static_cast<int>(rows->GetRow(item)) == row - 1;
+    };
+    form.lsvOne.setSelected(3);
+    ASSERT_TRUE(letRunUntil([&] { return shows(3); }, 5000));
+    focus(form.lsvOne);
+    typeKey(WXK_DOWN);
+    EXPECT_TRUE(letRunUntil([&] { return form.lsvOne.item(4)->selected && shows(4); }, 5000));
+    form.lsvOne.setSelected(2);
+    ASSERT_TRUE(letRunUntil([&] { return shows(2); }, 5000));
+    typeKey(WXK_UP);
+    EXPECT_TRUE(letRunUntil([&] { return form.lsvOne.item(1)->selected && shows(1); }, 5000));
+}
+
 TEST_F(Bindings, severalRowsOfAListViewAreMarkedTogether) {
     withColumns(form.lsvSeveral);
     open([this](view::FormWindow& window) { return window.listView(window.body(), form.lsvSeveral, true); });
@@ -726,6 +748,21 @@ TEST_F(Bindings, buttonsArePressedByMouseKeyAndTheLetterOfTheirCaption) {
     EXPECT_EQ(themed.count, 2);
     clickMiddle(window_->widgetOf(form.imgOne));
     EXPECT_EQ(picture.count, 1);
+}
+
+TEST_F(Bindings, aButtonLooksLeftByThePointerOnceAnotherWindowIsInFront) {
+    form.cmdThemed.Caption = "Themed";
+    openAll([this](view::FormWindow& window) {
+        return std::vector<wxWindow*>{window.button(window.body(), form.cmdThemed, "clean")};
+    });
+    auto* other = new wxFrame(nullptr, wxID_ANY, "Another", wxPoint(0, 0), wxSize(200, 100));
+    form.cmdThemed.Click.connect([other] { other->Show(); });
+    clickMiddle(window_->widgetOf(form.cmdThemed));
+    ASSERT_TRUE(letRunUntil([&] { return other->IsShownOnScreen(); }, 10000));
+    bringToFront(other);
+    EXPECT_TRUE(
+        letRunUntil([&] { return isActive(other) && form.cmdThemed.state() == controls::ButtonState::Normal; }, 10000));
+    other->Destroy();
 }
 
 TEST_F(Bindings, enterPressesTheDefaultButtonFromATextBox) {

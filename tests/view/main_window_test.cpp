@@ -5,6 +5,7 @@
 #include <wx/menu.h>
 #include <wx/statusbr.h>
 #include <wx/textctrl.h>
+#include <wx/uiaction.h>
 
 #include "app/frmMain.h"
 #include "platform/memory/memory_platform.h"
@@ -195,6 +196,28 @@ TEST_F(MainWindow, LeavesThePageWhereAKeyHasNothingToDo) {
     typeKey('L', wxMOD_CONTROL);
     EXPECT_TRUE(letRunUntil([this] { return !form().LogVisible(); }, 10000)) << "the next key is heard";
     EXPECT_EQ(form().SSTab1.Tab, app::frmMain::kCleaningTab);
+}
+
+TEST_F(MainWindow, ShowsNothingInThePaneAsUnderThePointerOnceAnotherWindowIsInFront) {
+    controls::ExplorerBar& bar = form().ExplorerBar1;
+    wxWindow* pane = shown(bar.Name);
+    ASSERT_NE(pane, nullptr);
+    const controls::PaneTarget first{0, 0};
+    wxPoint place = wxDefaultPosition;
+    for (int y = 0; y < pane->GetClientSize().y && place == wxDefaultPosition; ++y) {
+        if (bar.layout().at(40, pane->ToDIP(y)) == first) place = {pane->FromDIP(40), y + pane->FromDIP(4)};
+    }
+    ASSERT_NE(place, wxDefaultPosition);
+    bringToFront(frame());
+    ASSERT_TRUE(letRunUntil([this] { return isActive(frame()); }, 10000));
+    wxUIActionSimulator().MouseMove(pane->ClientToScreen(place));
+    ASSERT_TRUE(letRunUntil([&] { return bar.state(first).hot; }, 10000));
+    auto* other = new wxFrame(nullptr, wxID_ANY, "Another", wxPoint(0, 0), wxSize(200, 100));
+    other->Show();
+    ASSERT_TRUE(letRunUntil([&] { return other->IsShownOnScreen(); }, 10000));
+    bringToFront(other);
+    EXPECT_TRUE(letRunUntil([&] { return isActive(other) && !bar.state(first).hot; }, 10000));
+    other->Destroy();
 }
 
 TEST_F(MainWindow, KeepsTheColourThatWasChosenForTheLog) {

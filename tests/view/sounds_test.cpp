@@ -8,12 +8,14 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 #include "view/display_fixture.h"
 
 namespace tidvane::tests {
 namespace {
 
+namespace fs = std::filesystem;
 using view::playEmbeddedSound;
 using view::playSoundFile;
 
@@ -68,26 +70,60 @@ TEST_F(Sounds, OfAFileThatIsNoneAreSilent) {
     EXPECT_LT(play(fileWith(std::string(100000, 'x'))), kNoticed);
 }
 
-// A player of the host takes half a second and writes down what it is to play.
-TEST_F(Sounds, OfAFileAreLeftToAPlayerOfTheHost) {
-    namespace fs = std::filesystem;
-    const fs::path folder = fs::temp_directory_path() / ("tidvane-players-" + std::to_string(wxGetProcessId()));
-    fs::create_directory(folder);
-    const fs::path heard = folder / "heard";
-    std::ofstream(folder / "paplay") << "#!/bin/sh\n/bin/sleep 0.5\necho \"$1\" > '" << heard.string()
-                                     << "'\necho noise\n";
-    fs::permissions(folder / "paplay", fs::perms::owner_all);
-    const std::string before = std::getenv("PATH");
-    ::setenv("PATH", folder.c_str(), 1);
+// The only player of the host; it waits for its turn, says something, and keeps the path and the sound that it is to
+// play.
+class SoundsWithAPlayer : public Sounds {
+protected:
+    SoundsWithAPlayer() {
+        fs::create_directory(folder_);
+        const std::string heard = heardPath().string();
+        std::ofstream(folder_ / "paplay")
+            << "#!/bin/sh\nrounds=0\nwhile [ ! -e '" << turnPath().string()
+            << "' ] && [ $rounds -lt 200 ]; do /bin/sleep 0.05; rounds=$((rounds + 1)); done\n/bin/cat \"$1\" > '"
+            << heard << ".part'\necho \"$1\" > '" << heard << ".path'\n/bin/mv '" << heard << ".part' '" << heard
+            << "'\necho noise\n";
+        fs::permissions(folder_ / "paplay", fs::perms::owner_all);
+        ::setenv("PATH", folder_.c_str(), 1);
+    }
+    ~SoundsWithAPlayer() override {
+        ::setenv("PATH", before_.c_str(), 1);
+        fs::remove_all(folder_);
+    }
+    [[nodiscard]] fs::path heardPath() const { return folder_ / "heard"; }
+    [[nodiscard]] fs::path turnPath() const { return folder_ / "turn"; }
+    void letItPlay() const { std::ofstream(turnPath()) << "now"; }
+    [[nodiscard]] bool waitUntilPlayed() const {
+        return letRunUntil([this] { return fs::exists(heardPath()); }, 10000);
+    }
+    static std::string bytesOf(const fs::path& path) {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+private:
+    fs::path folder_ = fs::temp_directory_path() / ("tidvane-players-" + std::to_string(wxGetProcessId()));
+    std::string before_ = std::getenv("PATH");
+};
+
+TEST_F(SoundsWithAPlayer, OfAFileAreLeftToIt) {
     const char* file = TIDVANE_SOURCE_DIR "/data/sounds/group.wav";
     EXPECT_LT(play(file), kNoticed);
-    EXPECT_FALSE(fs::exists(heard));
-    letRunUntil([&] { return fs::exists(heard) && fs::file_size(heard) > 0; });
-    std::string line;
-    std::getline(std::ifstream(heard) >> std::ws, line);
-    EXPECT_EQ(line, file);
-    ::setenv("PATH", before.c_str(), 1);
-    fs::remove_all(folder);
+    EXPECT_FALSE(fs::exists(heardPath()));
+    letItPlay();
+    ASSERT_TRUE(waitUntilPlayed());
+    EXPECT_EQ(bytesOf(heardPath().string() + ".path"), std::string(file) + "\n");
+}
+
+TEST_F(SoundsWithAPlayer, OfTheProgramAreLeftToItTooAsOftenAsTheyAreWanted) {
+    letItPlay();
+    for (const char* name : {"group", "item", "group"}) {
+        playEmbeddedSound(name);
+        ASSERT_TRUE(waitUntilPlayed()) << name;
+        const std::string original = bytesOf(std::string(TIDVANE_SOURCE_DIR "/data/sounds/") + name + ".wav");
+        ASSERT_GT(original.size(), 44U);
+        EXPECT_EQ(bytesOf(heardPath()), original) << name;
+        fs::remove(heardPath());
+    }
 }
 
 }  // namespace

@@ -25,6 +25,19 @@ int givenWidth(const wxDataViewColumn& column) {
     return column.GetWidth();
 }
 
+// In a list with one selected row the toolkit takes that for the current one and moves nothing; the library below it
+// has a cursor of its own.
+void setCursor(wxDataViewCtrl* widget, int row) {
+#ifdef __WXGTK__
+    GtkTreePath* path = gtk_tree_path_new_from_indices(row, -1);
+    gtk_tree_view_set_cursor(GTK_TREE_VIEW(widget->GtkGetTreeView()), path, nullptr, FALSE);
+    gtk_tree_path_free(path);
+#else
+    (void)widget;
+    (void)row;
+#endif
+}
+
 }  // namespace
 
 class ListViewBinding::Rows final : public wxDataViewVirtualListModel {
@@ -112,7 +125,7 @@ void ListViewBinding::pullSelection() {
         widget_->Select(item);
         if (several_) continue;
         // The arrow keys go on from here.
-        widget_->SetCurrentItem(item);
+        setCursor(widget_, row - 1);
         widget_->EnsureVisible(item);
     }
 }
