@@ -3,7 +3,6 @@
 #include <gtk/gtk.h>
 #include <unistd.h>
 #include <wx/app.h>
-#include <wx/dialog.h>
 #include <wx/init.h>
 #include <wx/msgdlg.h>
 
@@ -33,6 +32,7 @@
 #include "frontend/window_arguments.h"
 #include "settings/sentences.h"
 #include "view/chooser/chooser.h"
+#include "view/modal_dialog.h"
 #include "view/text.h"
 #include "view/window_program.h"
 
@@ -106,8 +106,7 @@ void dismissBoxes() {
     g_list_free(windows);
     // The innermost first: each loop ends only behind those within it.
     for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
-        auto* dialog = dynamic_cast<wxDialog*>(node->GetData());
-        if (dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+        if (auto* dialog = dynamic_cast<tidvane::view::ModalDialog*>(node->GetData())) dialog->endSoon(wxID_CANCEL);
     }
 }
 

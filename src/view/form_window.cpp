@@ -19,6 +19,7 @@
 #include <utility>
 
 #include "view/icons.h"
+#include "view/modal_dialog.h"
 #include "view/painters/themed_button.h"
 #include "view/text.h"
 
@@ -169,7 +170,7 @@ wxTopLevelWindow* makeNative(const forms::Form& form, const WindowStyle& style, 
     if (style.frame) return new wxFrame(owner, wxID_ANY, title);
     long look = wxDEFAULT_DIALOG_STYLE;
     if (style.resizable) look |= wxRESIZE_BORDER | wxMAXIMIZE_BOX;
-    return new wxDialog(owner, wxID_ANY, title, wxDefaultPosition, wxDefaultSize, look);
+    return new ModalDialog(owner, title, look);
 }
 
 }  // namespace
@@ -197,8 +198,7 @@ void FormWindow::destroy() {
     bindings_.clear();
     if (native_ == nullptr) return;
     wxTopLevelWindow* gone = std::exchange(native_, nullptr);
-    auto* dialog = dynamic_cast<wxDialog*>(gone);
-    if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+    if (auto* dialog = dynamic_cast<ModalDialog*>(gone); modal_ && dialog != nullptr) dialog->endSoon(wxID_CANCEL);
     deafen(gone);
     gone->Hide();
     view_.bury(gone);
@@ -287,6 +287,7 @@ void FormWindow::layoutSoon() {
             // What has grown is not cut, and what has gone needs no room.
             wxSize least = native_->GetSizer()->CalcMin();
             least.IncTo({toPixels(style_.minWidth, native_), toPixels(style_.minHeight, native_)});
+            least.DecTo(wxGetClientDisplayRect().GetSize());
             native_->SetMinClientSize(least);
             wxSize size = native_->GetClientSize();
             if (style_.keepsModelSize) size = {toPixels(form_.Width, native_), toPixels(form_.Height, native_)};
@@ -317,6 +318,7 @@ void FormWindow::defaultButton(wxWindow* button) {
     if (auto* native = dynamic_cast<wxButton*>(button)) native->SetDefault();
     native_->SetDefaultItem(button);
     button->Refresh();
+    if (std::exchange(hearsEnter_, true)) return;
     // Enter presses it from everywhere but where Enter has a meaning of its own.
     native_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
@@ -356,6 +358,9 @@ bool FormWindow::rectangleIsNoted() const {
 void FormWindow::noteRectangle() {
     if (!finished_ || native_ == nullptr || view_.pulling()) return;
     forms::Form& form = form_;
+    // One that is to come up minimised is told of its size before the window manager has made it small.
+    if (form.State == forms::WindowState::Minimized && !native_->IsIconized() && !wasIconized_) return;
+    wasIconized_ = native_->IsIconized();
     view_.act([this, &form] {
         form.State = native_->IsIconized()    ? forms::WindowState::Minimized
                      : native_->IsMaximized() ? forms::WindowState::Maximized
@@ -419,6 +424,7 @@ void FormWindow::finish() {
     // Measured inside the frame of the window manager, whose size nobody knows before the window is shown.
     wxSize least = native_->GetSizer()->CalcMin();
     least.IncTo({toPixels(style_.minWidth, native_), toPixels(style_.minHeight, native_)});
+    least.DecTo(wxGetClientDisplayRect().GetSize());
     native_->SetMinClientSize(least);
     wxSize size = least;
     if (style_.keepsModelSize) size.IncTo({toPixels(form_.Width, native_), toPixels(form_.Height, native_)});
@@ -465,6 +471,8 @@ void FormWindow::finish() {
 
 // A window that opens without a focus hears no key.
 void FormWindow::focusSomething() {
+    // The focus would open a minimised window.
+    if (native_->IsIconized()) return;
     const wxWindow* focus = wxWindow::FindFocus();
     if (focus != nullptr && wxGetTopLevelParent(const_cast<wxWindow*>(focus)) == native_ && focus->IsShownOnScreen() &&
         focus->IsEnabled()) {
@@ -496,16 +504,26 @@ void FormWindow::focusSoon() {
 void FormWindow::show(bool visible) {
     if (native_ == nullptr) return;
     if (!visible) {
-        auto* dialog = dynamic_cast<wxDialog*>(native_);
-        if (modal_ && dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+        auto* dialog = dynamic_cast<ModalDialog*>(native_);
+        if (modal_ && dialog != nullptr) dialog->endSoon(wxID_CANCEL);
     }
-    if (visible) focusSoon();
+    if (visible && form_.State != forms::WindowState::Minimized) focusSoon();
     native_->Show(visible);
     if (visible) {
         if (form_.State == forms::WindowState::Minimized) return;
         if (native_->IsIconized()) native_->Restore();
         native_->Raise();
     }
+}
+
+void FormWindow::standAbove(FormWindow& owner) {
+    if (native_ == nullptr || owner.native_ == nullptr) return;
+#ifdef __WXGTK__
+    gtk_window_set_transient_for(GTK_WINDOW(native_->GetHandle()), GTK_WINDOW(owner.native_->GetHandle()));
+#endif
+    if (!isShown()) return;
+    native_->Raise();
+    focusSoon();
 }
 
 void FormWindow::showModal() {

@@ -149,6 +149,8 @@ public:
     void show(bool visible);
     // Blocks until the form is hidden or unloaded.
     void showModal();
+    // Of a dialog that was there before its owner was.
+    void standAbove(FormWindow& owner);
     [[nodiscard]] bool isShown() const { return native_ != nullptr && native_->IsShown(); }
     // The native window goes; the form may live on.
     void destroy();
@@ -176,6 +178,8 @@ private:
     std::map<std::string, std::function<void(wxMenu*)>> popups_;
     void askForPopup(const wxWindow& list, const wxContextMenuEvent& event, const std::function<wxRect()>& currentRow,
                      const std::function<void()>& ask);
+    bool hearsEnter_ = false;                 // the default button is bound
+    bool wasIconized_ = false;                // the window manager has made it small
     wxPoint popupPlace_ = wxDefaultPosition;  // in the window; wxDefaultPosition: where the pointer is
     bool fillingPopup_ = false;               // a popup lives for one choice: its entries are not bound
     std::function<void()> onResize_;

@@ -173,6 +173,8 @@ void FormWindow::askForPopup(const wxWindow& list, const wxContextMenuEvent& eve
         const bool seen = !row.IsEmpty() && list.GetClientRect().Intersects(row);
         const wxPoint place = seen ? wxPoint(std::max(row.x, 0) + inset.x, row.GetBottom() + 1) : inset;
         popupPlace_ = native_->ScreenToClient(list.ClientToScreen(place));
+    } else {
+        popupPlace_ = native_->ScreenToClient(event.GetPosition());
     }
     view_.act(ask);
     popupPlace_ = wxDefaultPosition;
@@ -199,7 +201,11 @@ void FormWindow::rowMenu(forms::ListBox& list, std::function<void()> ask) {
 
 void FormWindow::rowMenu(forms::ListView& list, std::function<void()> ask) {
     auto* widget = dynamic_cast<wxDataViewCtrl*>(widgetOf(list));
-    on(widget, wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [ask](wxDataViewEvent&) { ask(); });
+    on(widget, wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this, ask](wxDataViewEvent&) {
+        popupPlace_ = native_->ScreenToClient(wxGetMousePosition());
+        ask();
+        popupPlace_ = wxDefaultPosition;
+    });
     widget->Bind(wxEVT_CONTEXT_MENU, [this, widget, ask = std::move(ask)](wxContextMenuEvent& event) {
         const auto currentRow = [widget] {
             const wxDataViewItem item = widget->GetCurrentItem();

@@ -1,7 +1,6 @@
 #include "view/message_box.h"
 
 #include <wx/button.h>
-#include <wx/dialog.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 
@@ -9,6 +8,7 @@
 #include "view/chooser/words.h"
 #include "view/form_window.h"
 #include "view/icons.h"
+#include "view/modal_dialog.h"
 #include "view/text.h"
 
 namespace tidvane::view {
@@ -45,7 +45,7 @@ wxButton* answer(wxDialog& box, wxWindowID id, Word which) {
 
 int showMessageBox(wxWindow* owner, const std::string& text, int style, const std::string& title) {
     const bool question = (style & kButtons) == msgbox::YesNo;
-    wxDialog box(owner, wxID_ANY, toNative(title));
+    ModalDialog box(owner, toNative(title));
     auto* picture = new wxStaticBitmap(&box, wxID_ANY, icon(pictureOf(style), wxSize(kPicture, kPicture)));
     auto* words = new wxStaticText(&box, wxID_ANY, {});
     words->SetLabelText(linesToNative(text));

@@ -131,13 +131,18 @@ bool View::firePolls() {
     if (!changed_) return false;
     changed_ = false;
     sample();
+    fireTimers();
+    return true;
+}
+
+void View::fireTimers() {
+    nextPolls_ = Clock::now() + kFrame;
     std::erase_if(polls_, [](const Poll& poll) { return poll.alive.expired(); });
     // A timer's handler may close its window, and with it go timers of this list.
     const std::vector<Poll> now = polls_;
     for (const Poll& poll : now) {
         if (const auto alive = poll.alive.lock(); alive && *alive && poll.timer->Enabled) poll.timer->fire();
     }
-    return true;
 }
 
 void View::bury(wxWindow* window) {
@@ -193,7 +198,14 @@ void View::letEventsIn() {
     if (now - lastEvents_ < kBetweenEvents || breathing_ || pulling_) return;
     catchUp();
     const bool paints = now >= nextPaint_;
-    if (paints) settle();
+    if (paints) {
+        settle();
+    } else if (now >= nextPolls_) {
+        // A program that paints in its own pauses would starve those who look at it in turns.
+        ++depth_;
+        fireTimers();
+        --depth_;
+    }
     if (auto* loop = wxEventLoopBase::GetActive(); loop != nullptr) loop->YieldFor(wxEVT_CATEGORY_ALL);
     if (paints) {
         settle();

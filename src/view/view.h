@@ -122,6 +122,7 @@ private:
     void catchUp();
     void beQuiet();
     bool firePolls();
+    void fireTimers();
     void wake();
 
     std::vector<std::weak_ptr<Binding>> bindings_;
@@ -137,6 +138,7 @@ private:
     bool breathing_ = false;
     bool changed_ = false;
     Clock::time_point nextPaint_;  // not before
+    Clock::time_point nextPolls_;  // while the program works
     Clock::time_point lastEvents_;
 };
 

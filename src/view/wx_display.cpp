@@ -48,7 +48,9 @@ FormWindow* WxDisplay::windowOf(forms::Form& form, const forms::Form* ownedBy) {
     wxWindow* owner = nullptr;
     if (!layout->style.frame && !layout->style.bare) {
         const auto above = ownedBy == nullptr ? open_.end() : open_.find(ownedBy);
-        owner = above != open_.end() && above->second->isShown() ? above->second->native() : topWindow();
+        const bool isThere = above != open_.end() && above->second->isShown();
+        owner = isThere ? above->second->native() : topWindow();
+        if (ownedBy != nullptr && !isThere) comeFirst_[&form] = ownedBy;
     }
     auto made = std::make_unique<FormWindow>(view_, form, layout->style, owner);
     FormWindow* window = made.get();
@@ -71,9 +73,14 @@ void WxDisplay::Show(forms::Form& form, forms::Form* owner, bool modal) {
     view_.settle();
     if (modal) {
         window->showModal();
-    } else {
-        window->show(true);
+        return;
     }
+    window->show(true);
+    for (const auto& [above, itsOwner] : comeFirst_) {
+        const auto found = open_.find(above);
+        if (itsOwner == &form && found != open_.end()) found->second->standAbove(*window);
+    }
+    std::erase_if(comeFirst_, [&form](const auto& pair) { return pair.second == &form; });
 }
 
 void WxDisplay::Hide(forms::Form& form) {
@@ -84,6 +91,7 @@ void WxDisplay::Hide(forms::Form& form) {
 
 void WxDisplay::Forget(forms::Form& form) {
     topmost_.erase(&form);
+    std::erase_if(comeFirst_, [&form](const auto& pair) { return pair.first == &form || pair.second == &form; });
     const auto found = open_.find(&form);
     if (found == open_.end()) return;
     const std::unique_ptr<FormWindow> gone = std::move(found->second);
@@ -145,14 +153,6 @@ std::string WxDisplay::askFile(const forms::FileQuestion& question) {
                         filter.empty() ? wxString("*") : filter,
                         question.save ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     while (dialog.ShowModal() == wxID_OK) {
-        if (const auto place = chosenPlace(dialog.GetPath())) return *place;
-    }
-    return {};
-}
-
-std::string WxDisplay::askFolder(forms::Form*, const std::string& title) {
-    wxDirDialog dialog(topWindow(), toNative(title), toNative(hostFolder({})), wxDD_DIR_MUST_EXIST);
-    while (dialog.ShowModal() == wxID_OK) {
         wxString path = dialog.GetPath();
         if (question.save && !completeName(path, question.filter, dialog.GetFilterIndex())) continue;
         if (const auto place = chosenPlace(path)) return *place;
@@ -170,6 +170,14 @@ bool WxDisplay::completeName(wxString& path, const std::string& filter, int filt
     return MsgBox(fromNative(wxFileName(whole).GetFullName()) + "\r\n" + word(tongue, Word::ReplaceFile),
                   forms::msgbox::YesNo | forms::msgbox::Question | forms::msgbox::DefaultButton2,
                   word(tongue, Word::SaveAs)) == forms::msgbox::Yes;
+}
+
+std::string WxDisplay::askFolder(forms::Form*, const std::string& title) {
+    wxDirDialog dialog(topWindow(), toNative(title), toNative(hostFolder({})), wxDD_DIR_MUST_EXIST);
+    while (dialog.ShowModal() == wxID_OK) {
+        if (const auto place = chosenPlace(dialog.GetPath())) return *place;
+    }
+    return {};
 }
 
 std::optional<forms::FontChoice> WxDisplay::askFont(const forms::FontChoice& current) {

@@ -80,6 +80,8 @@ private:
     forms::Windows* windows_ = nullptr;
     std::map<const forms::Form*, std::unique_ptr<FormWindow>> open_;
     std::map<const forms::Form*, bool> topmost_;
+    // Dialogs that came up before the window they belong to, with that window.
+    std::map<const forms::Form*, const forms::Form*> comeFirst_;
     std::unique_ptr<Tray> tray_;
     bool trayShown_ = false;
     bool pointerBusy_ = false;

@@ -67,11 +67,12 @@ public:
 
 private:
     void push();
+    void followCursorSoon();
     forms::ListBox& list_;
     wxListBox* widget_;
     wxCheckListBox* ticks_;
     bool several_;
-    int shownIndex_ = -1;  // the current row that was scrolled to last
+    int shownIndex_ = -1;  // the current row that the widget's cursor was put to last
 };
 
 // Rows straight from the model; the widget asks for what it shows and nothing else.

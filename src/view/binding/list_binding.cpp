@@ -1,4 +1,5 @@
 #include "view/binding/bindings.h"
+#include "view/binding/cursor_row.h"
 #include "view/text.h"
 
 namespace tidvane::view {
@@ -9,7 +10,19 @@ ListBinding::ListBinding(View& view, forms::ListBox& list, wxListBox* widget, bo
       widget_(widget),
       ticks_(dynamic_cast<wxCheckListBox*>(widget)),
       several_(several && ticks_ == nullptr) {
-    widget->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { push(); });
+    widget->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) {
+        push();
+        followCursorSoon();
+    });
+    // It moves without a change of the marks too.
+    widget->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
+        event.Skip();
+        followCursorSoon();
+    });
+    widget->Bind(wxEVT_KEY_UP, [this](wxKeyEvent& event) {
+        event.Skip();
+        followCursorSoon();
+    });
     widget->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) {
         push();
         view_.act([this] { list_.DblClick(); });
@@ -66,6 +79,18 @@ void ListBinding::push() {
     });
 }
 
+// The toolkit moves its cursor behind the change of the marks.
+void ListBinding::followCursorSoon() {
+    if (!several_ || view_.pulling()) return;
+    widget_->CallAfter([this, weak = weak_from_this()] {
+        if (const auto live = weak.lock(); !live || view_.pulling()) return;
+        const int row = cursorRow(*widget_);
+        if (row == wxNOT_FOUND || row == list_.ListIndex() || row >= list_.ListCount()) return;
+        shownIndex_ = row;
+        view_.act([this, row] { list_.setListIndex(row); });
+    });
+}
+
 void ListBinding::pull() {
     const int count = list_.ListCount();
     bool same = count == static_cast<int>(widget_->GetCount());
@@ -97,7 +122,7 @@ void ListBinding::pull() {
     }
     if (several_ && list_.ListIndex() != shownIndex_) {
         shownIndex_ = list_.ListIndex();
-        if (shownIndex_ >= 0 && shownIndex_ < count) widget_->EnsureVisible(shownIndex_);
+        if (shownIndex_ >= 0 && shownIndex_ < count) setCursorRow(*widget_, shownIndex_);
     }
     const double size = wxNORMAL_FONT->GetFractionalPointSize() * list_.FontSize.get() / 8.25;
     if (widget_->GetFont().GetFractionalPointSize() != size) {

@@ -1,7 +1,6 @@
 #include "view/chooser/sample_dialog.h"
 
 #include <wx/button.h>
-#include <wx/dialog.h>
 #include <wx/dirdlg.h>
 #include <wx/msgdlg.h>
 #include <wx/stattext.h>
@@ -10,6 +9,7 @@
 
 #include "view/form_window.h"
 #include "view/icons.h"
+#include "view/modal_dialog.h"
 #include "view/text.h"
 
 namespace tidvane::view {
@@ -21,8 +21,7 @@ constexpr int kTextWidth = 480;  // device-independent pixels
 std::string createSampleByDialog(wxWindow* owner, Tongue tongue, const std::string& proposed,
                                  const CreateSample& create) {
     const auto say = [tongue](Word which) { return toNative(word(tongue, which)); };
-    wxDialog dialog(owner, wxID_ANY, say(Word::SampleTitle), wxDefaultPosition, wxDefaultSize,
-                    wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
+    ModalDialog dialog(owner, say(Word::SampleTitle), wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
     dialog.SetName("sample");
     auto* about = new wxStaticText(&dialog, wxID_ANY, say(Word::SampleAbout));
     about->Wrap(dialog.FromDIP(kTextWidth));

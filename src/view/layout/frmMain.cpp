@@ -45,6 +45,8 @@ void makeStatusBar(FormWindow& window, app::frmMain& form) {
     if (frame == nullptr) return;
     wxStatusBar* bar = frame->CreateStatusBar(kPanels);
     bar->SetName(form.StatusBar1.Name);
+    // A menu that opens would blank the first panel and bring its old words back.
+    frame->SetStatusBarPane(-1);
     window.whenever(form.StatusBar1, [bar, &form] {
         std::array<int, kPanels> widths{-1};
         for (int panel = 1; panel <= kPanels; ++panel) {

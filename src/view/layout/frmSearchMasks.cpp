@@ -22,14 +22,19 @@ void layoutFrmSearchMasks(FormWindow& window) {
                                    cell(row(body, {cell(all), cell(none), rest(), cell(selected)})), gap(kGap),
                                    cell(row(body, {rest(), cell(cancel), cell(add)}))}));
     window.defaultButton(add);
+    const auto onEnter = [](wxWindow* widget, const std::function<void()>& what) {
+        widget->Bind(wxEVT_CHAR_HOOK, [what](wxKeyEvent& event) {
+            const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+            if (enter && !event.HasAnyModifiers()) {
+                what();
+            } else {
+                event.Skip();
+            }
+        });
+    };
     // What is searched for is not marked yet.
-    search->Bind(wxEVT_CHAR_HOOK, [list](wxKeyEvent& event) {
-        if (event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER) {
-            list->SetFocus();
-        } else {
-            event.Skip();
-        }
-    });
+    onEnter(search, [list] { list->SetFocus(); });
+    onEnter(list, [&window, &form] { window.act([&form] { form.cmdAdd.press(); }); });
     window.onEscape([&form] { form.cmdCancel.press(); });
 }
 

@@ -1,0 +1,39 @@
+#include "view/binding/cursor_row.h"
+
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
+namespace tidvane::view {
+
+int cursorRow(const wxListBox& list) {
+#ifdef __WXGTK__
+    GtkTreePath* path = nullptr;
+    gtk_tree_view_get_cursor(list.m_treeview, &path, nullptr);
+    if (path == nullptr) return wxNOT_FOUND;
+    const int row = gtk_tree_path_get_indices(path)[0];
+    gtk_tree_path_free(path);
+    return row;
+#else
+    (void)list;
+    return wxNOT_FOUND;
+#endif
+}
+
+void setCursorRow(wxListBox& list, int row) {
+#ifdef __WXGTK__
+    // The toolkit marks the row its cursor goes to, and no other.
+    wxArrayInt marked;
+    list.GetSelections(marked);
+    GtkTreePath* path = gtk_tree_path_new_from_indices(row, -1);
+    gtk_tree_view_set_cursor(list.m_treeview, path, nullptr, FALSE);
+    gtk_tree_path_free(path);
+    if (marked.Index(row) == wxNOT_FOUND) list.Deselect(row);
+    for (const int other : marked) {
+        if (!list.IsSelected(other)) list.SetSelection(other);
+    }
+#endif
+    list.EnsureVisible(row);
+}
+
+}  // namespace tidvane::view

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <wx/listbox.h>
+
+namespace tidvane::view {
+
+// The row of a list that the keyboard stands at, which a list of several marked rows does not tell by its marks.
+// wxNOT_FOUND: none, or the toolkit has no such thing.
+[[nodiscard]] int cursorRow(const wxListBox& list);
+// Puts it there and brings the row into view; the marks stay as they are.
+void setCursorRow(wxListBox& list, int row);
+
+}  // namespace tidvane::view

@@ -1,0 +1,199 @@
+// Windows beside and above each other: who belongs to whom, who ends when, who is small.
+#include <glib.h>
+#include <gtest/gtest.h>
+#include <gtk/gtk.h>
+#include <wx/frame.h>
+#include <wx/listbox.h>
+#include <wx/menu.h>
+#include <wx/statusbr.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+
+#include "app/frmMain.h"
+#include "forms/simple_controls.h"
+#include "platform/memory/memory_platform.h"
+#include "support/app_fixture.h"
+#include "tools/frmSearchMasks.h"
+#include "view/binding/cursor_row.h"
+#include "view/display_fixture.h"
+#include "view/modal_dialog.h"
+#include "view/window_program.h"
+
+namespace tidvane::tests {
+namespace {
+
+class StandingWindows : public testing::Test {
+protected:
+    StandingWindows() { machine.files.putFile(AppFixture::inFolder("English.lng"), englishLanguageFile()); }
+    ~StandingWindows() override {
+        whenIdle({});
+        program_.reset();
+        letSettle();
+    }
+    void hasRunBefore() {
+        machine.files.putFile(AppFixture::inFolder("td_last.dat"), "#2009-11-02#\r\n#07:05:09#\r\n");
+    }
+    void start() {
+        program_ = std::make_unique<view::WindowProgram>(machine.platform());
+        whenIdle([this] {
+            if (program_ && !program_->view().busy()) program_->view().settle();
+        });
+        if (!program_->start()) throw std::runtime_error("the program does not start");
+        letSettle();
+    }
+    view::FormWindow& window(const std::string& name) {
+        view::FormWindow* found = program_->display().ifOpen(name);
+        if (found == nullptr) throw std::runtime_error(name + " is not open");
+        return *found;
+    }
+    void act(const std::function<void()>& what) {
+        program_->view().act(what);
+        letSettle();
+    }
+
+    platform::MemoryPlatform machine;
+    std::unique_ptr<view::WindowProgram> program_;
+};
+
+TEST_F(StandingWindows, TheStartPageOfAFirstStartBelongsToTheMainWindowThatComesBehindIt) {
+    start();
+    auto* page = GTK_WINDOW(window("frmStarter").native()->GetHandle());
+    EXPECT_EQ(gtk_window_get_transient_for(page), GTK_WINDOW(window("frmMain").native()->GetHandle()));
+    EXPECT_TRUE(letRunUntil([this] { return isActive(window("frmStarter").native()); })) << "it has the keyboard";
+}
+
+TEST_F(StandingWindows, AStartThatIsToBeMinimisedStaysSoWhereThereIsNoTray) {
+    hasRunBefore();
+    machine.files.putFile(AppFixture::inFolder("td_config.ini"), "[frmOptions]\r\nchkStartMinimized=1\r\n");
+    start();
+    auto& main = program_->program().get<app::frmMain>();
+    ASSERT_EQ(main.State.get(), forms::WindowState::Minimized);
+    EXPECT_TRUE(letRunUntil([this] { return window("frmMain").native()->IsIconized(); }));
+    letRun(300);
+    EXPECT_TRUE(window("frmMain").native()->IsIconized());
+    EXPECT_EQ(main.State.get(), forms::WindowState::Minimized);
+}
+
+TEST_F(StandingWindows, OpeningAMenuLeavesTheWordsOfTheStatusBar) {
+    hasRunBefore();
+    start();
+    auto* frame = dynamic_cast<wxFrame*>(window("frmMain").native());
+    const wxString words = frame->GetStatusBar()->GetStatusText(0);
+    ASSERT_FALSE(words.empty());
+    wxMenuEvent open(wxEVT_MENU_HIGHLIGHT, frame->GetMenuBar()->GetMenu(0)->GetMenuItems().front()->GetId(),
+                     frame->GetMenuBar()->GetMenu(0));
+    frame->ProcessWindowEvent(open);
+    EXPECT_EQ(frame->GetStatusBar()->GetStatusText(0), words);
+}
+
+TEST_F(StandingWindows, TheMaskThatIsFoundIsTheOneTheKeyboardMarks) {
+    hasRunBefore();
+    start();
+    auto& form = program_->program().get<tools::frmSearchMasks>();
+    program_->display().Show(form, nullptr, false);
+    auto* list = dynamic_cast<wxListBox*>(window(form.Name).widgetOf(form.lstSearchMasks));
+    bringToFront(window(form.Name).native());
+    ASSERT_TRUE(letRunUntil([&] { return isActive(window(form.Name).native()); }));
+    act([&form] { form.txtSearchMasks.setText("*.tm"); });
+    const int found = form.lstSearchMasks.ListIndex();
+    ASSERT_GT(found, 0);
+    EXPECT_EQ(view::cursorRow(*list), found);
+    EXPECT_FALSE(list->IsSelected(found)) << "only looked for";
+    list->SetFocus();
+    ASSERT_TRUE(letRunUntil([list] { return list->HasFocus(); }));
+    typeKey(WXK_SPACE);
+    EXPECT_TRUE(letRunUntil([&] { return form.lstSearchMasks.Selected(found); }));
+    EXPECT_FALSE(form.lstSearchMasks.Selected(0));
+}
+
+TEST_F(StandingWindows, TheCurrentRowOfSeveralMarkedOnesIsThatOfTheKeyboard) {
+    hasRunBefore();
+    start();
+    auto& form = program_->program().get<tools::frmSearchMasks>();
+    program_->display().Show(form, nullptr, false);
+    auto* list = dynamic_cast<wxListBox*>(window(form.Name).widgetOf(form.lstSearchMasks));
+    bringToFront(window(form.Name).native());
+    ASSERT_TRUE(letRunUntil([&] { return isActive(window(form.Name).native()); }));
+    list->SetFocus();
+    ASSERT_TRUE(letRunUntil([list] { return list->HasFocus(); }));
+    act([&form] { form.lstSearchMasks.setListIndex(4); });
+    typeKey(WXK_SPACE);
+    typeKey(WXK_UP, wxMOD_SHIFT);
+    typeKey(WXK_UP, wxMOD_SHIFT);
+    EXPECT_TRUE(letRunUntil([&] { return form.lstSearchMasks.ListIndex() == 2; })) << form.lstSearchMasks.ListIndex();
+    for (const int row : {2, 3, 4}) EXPECT_TRUE(form.lstSearchMasks.Selected(row)) << row;
+    typeKey(WXK_DOWN, wxMOD_CONTROL);
+    EXPECT_TRUE(letRunUntil([&] { return form.lstSearchMasks.ListIndex() == 3; })) << form.lstSearchMasks.ListIndex();
+}
+
+TEST(ModalDialogs, AnOuterOneEndsAsSoonAsTheOneAboveItHas) {
+    // Without an end of its own it would stand for ever.
+    const guint watch = g_timeout_add_seconds(
+        60, [](gpointer) -> gboolean { std::abort(); }, nullptr);
+    view::ModalDialog outer(nullptr, "outer");
+    outer.CallAfter([&outer] {
+        view::ModalDialog inner(&outer, "inner");
+        inner.CallAfter([&] {
+            outer.endSoon(wxID_NO);
+            EXPECT_TRUE(outer.IsModal()) << "not before";
+            EXPECT_FALSE(outer.IsShown());
+            inner.endSoon(wxID_YES);
+        });
+        EXPECT_EQ(inner.ShowModal(), wxID_YES);
+    });
+    EXPECT_EQ(outer.ShowModal(), wxID_NO);
+    EXPECT_FALSE(outer.IsModal());
+    g_source_remove(watch);
+}
+
+TEST(ModalDialogs, HidingAnOuterOneEndsItToo) {
+    const guint watch = g_timeout_add_seconds(
+        60, [](gpointer) -> gboolean { std::abort(); }, nullptr);
+    view::ModalDialog outer(nullptr, "outer");
+    outer.CallAfter([&outer] {
+        view::ModalDialog inner(&outer, "inner");
+        inner.CallAfter([&] {
+            outer.Hide();
+            inner.Hide();
+        });
+        EXPECT_EQ(inner.ShowModal(), wxID_CANCEL);
+    });
+    EXPECT_EQ(outer.ShowModal(), wxID_CANCEL);
+    g_source_remove(watch);
+}
+
+// What looks at controls in turns is served also where the program paints all the time by itself.
+TEST(WorkingView, PollingTimersAreHeardBetweenItsOwnPaintings) {
+    class Painted final : public view::Binding {
+    public:
+        explicit Painted(view::View& view) : Binding(view) {}
+        void pull() override {}
+    };
+    class Clocked final : public forms::Form {
+    public:
+        Clocked() : Form("Clocked") {}
+        forms::Timer timer{*this, "timer", 100, true};
+    };
+    view::View view;
+    Clocked form;
+    int fired = 0;
+    form.timer.Tick.connect([&fired] { ++fired; });
+    const auto painted = std::make_shared<Painted>(view);
+    view.add(painted);
+    const auto alive = std::make_shared<bool>(true);
+    view.addPoll(alive, form.timer);
+    view.act([&] {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(600);
+        while (std::chrono::steady_clock::now() < end) {
+            painted->touched();
+            view.letEventsIn();
+        }
+        EXPECT_GE(fired, 3);
+    });
+}
+
+}  // namespace
+}  // namespace tidvane::tests
