@@ -1,8 +1,8 @@
 // The tips of buttons: the desktop's own, or a window with the icon and the colours that were chosen.
 #include <gtest/gtest.h>
-#include <gtk/gtk.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
+#include <wx/weakref.h>
 
 #include <memory>
 
@@ -13,11 +13,6 @@
 
 namespace tidvane::tests {
 namespace {
-
-// Until the toolkit has nothing left to do.
-void settle() {
-    letRunUntil([] { return gtk_events_pending() == FALSE; }, 10000);
-}
 
 class TipForm final : public forms::Form {
 public:
@@ -33,9 +28,11 @@ protected:
         button.ToolTipTitle.design("Press");
     }
     ~ButtonTips() override {
-        whenIdle({});
+        // The window goes when nothing runs; until then it may still hear of the screen.
+        const wxWeakRef<wxWindow> widgets(widget);
         window_.reset();
-        settle();
+        EXPECT_TRUE(letRunUntil([&] { return !widgets; }, 10000));
+        whenIdle({});
         for (const std::string& complaint : takeComplaints()) ADD_FAILURE() << complaint;
     }
     void open() {

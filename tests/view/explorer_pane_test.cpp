@@ -5,6 +5,7 @@
 #include <gtk/gtk.h>
 #include <wx/settings.h>
 #include <wx/utils.h>
+#include <wx/weakref.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -51,9 +52,11 @@ protected:
         bar.MouseOut.connect([this] { log_ += "out;"; });
     }
     ~ExplorerPanes() override {
-        whenIdle({});
+        // The window goes when nothing runs; until then it may still hear of the screen.
+        const wxWeakRef<wxWindow> widgets(pane);
         window_.reset();
-        settle();
+        EXPECT_TRUE(letRunUntil([&] { return !widgets; }, 10000));
+        whenIdle({});
         for (const std::string& complaint : takeComplaints()) ADD_FAILURE() << complaint;
     }
     void tell(const char* what, int one, int other) {
