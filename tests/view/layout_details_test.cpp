@@ -16,6 +16,7 @@
 #include <optional>
 #include <string>
 
+#include "controls/is_button.h"
 #include "forms/list_controls.h"
 #include "forms/simple_controls.h"
 #include "forms/text_box.h"
@@ -40,6 +41,8 @@ public:
     forms::ListBox lstOne{*this, "lstOne"};
     forms::ListView lsvOne{*this, "lsvOne"};
     forms::Menu mnuEntry{*this, "mnuEntry", "Entry"};
+    controls::isButton cmdThemed{*this, "cmdThemed", "OK"};
+    forms::CommandButton cmdNative{*this, "cmdNative", "OK"};
 };
 
 class LayoutDetails : public testing::Test {
@@ -152,6 +155,20 @@ TEST_F(LayoutDetails, TheLastColumnKeepsTheWidthItWasGivenHoweverWideItIsDrawn) 
     window_->act([] {});
     EXPECT_EQ(form.lsvOne.ColumnHeaders[0].width, 130 * 15);
     EXPECT_EQ(form.lsvOne.ColumnHeaders[1].width, 140 * 15);
+}
+
+// --- buttons of both kinds
+
+TEST_F(LayoutDetails, ButtonsOfBothKindsAreOfOneSizeAndFont) {
+    open([this](view::FormWindow& window) {
+        wxWindow* native = window.button(window.body(), form.cmdNative);
+        window.button(window.body(), form.cmdThemed);
+        return native;
+    });
+    wxWindow* native = window_->widgetOf(form.cmdNative);
+    wxWindow* themed = window_->widgetOf(form.cmdThemed);
+    EXPECT_EQ(themed->GetBestSize(), native->GetBestSize());
+    EXPECT_EQ(themed->GetFont(), native->GetFont());
 }
 
 // --- menus of rows

@@ -35,7 +35,13 @@ void layoutFrmDiskSizeStats(FormWindow& window) {
     figure(form.lblDiskSizeFreeAfter, form.lblFreeSpaceAfter);
     grid->Add(window.label(body, form.lblDiskSizeFreed), 0, wxALIGN_CENTRE_VERTICAL);
     wxWindow* gain = window.link(body, form.lblFreedSpace);
-    gain->SetFont(gain->GetFont().Bold().Scaled(kGainSize));
+    // A number is written large; the sentence that there is none would make the window far too wide.
+    const wxFont bold = gain->GetFont().Bold();
+    window.whenever(form.lblFreedSpace, [gain, bold, &form] {
+        const bool number = form.lblFreedSpace.Caption.get().find_first_of("0123456789") != std::string::npos;
+        const wxFont wanted = number ? bold.Scaled(kGainSize) : bold;
+        if (gain->GetFont() != wanted) gain->SetFont(wanted);
+    });
     grid->Add(gain, 0, wxALIGN_CENTRE_VERTICAL);
     // Before the first run it has no words of its own.
     window.whenever(form.lblFreedSpace, [gain, &form] {
