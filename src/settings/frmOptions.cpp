@@ -193,7 +193,7 @@ void frmOptions::buildTaskPane() {
     const LangTable& text = program_.LangText;
     ExplorerBar2.DeleteAllGroups();
     const auto item = [this](int group, const std::string& caption, const char* tag) {
-        // Pictures are found by the tag too.
+        // The tag has the name of the picture.
         ExplorerBar2.AddItem(group, caption, false, tag, false, {}, tag);
     };
     const int settings = ExplorerBar2.AddSpecialGroup(text(320), {}, "special group");
