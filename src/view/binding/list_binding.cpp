@@ -1,8 +1,29 @@
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 #include "view/binding/bindings.h"
 #include "view/binding/cursor_row.h"
 #include "view/text.h"
 
 namespace tidvane::view {
+
+#ifdef __WXGTK__
+namespace {
+
+// Asks the list's own handler ahead of the toolkit's, which would press the default button of the window besides.
+gboolean hearEnter(GtkWidget*, GdkEvent* native, gpointer list) {
+    if (native->type != GDK_KEY_PRESS) return GDK_EVENT_PROPAGATE;
+    const guint key = native->key.keyval;
+    const bool enter = key == GDK_KEY_Return || key == GDK_KEY_KP_Enter;
+    if (!enter || (native->key.state & gtk_accelerator_get_default_mod_mask()) != 0) return GDK_EVENT_PROPAGATE;
+    wxKeyEvent event(wxEVT_KEY_DOWN);
+    event.m_keyCode = WXK_RETURN;
+    return static_cast<wxListBox*>(list)->HandleWindowEvent(event) ? GDK_EVENT_STOP : GDK_EVENT_PROPAGATE;
+}
+
+}  // namespace
+#endif
 
 ListBinding::ListBinding(View& view, forms::ListBox& list, wxListBox* widget, bool several)
     : Binding(view),
@@ -47,13 +68,16 @@ ListBinding::ListBinding(View& view, forms::ListBox& list, wxListBox* widget, bo
                 if (row < list_.ListCount()) list_.setSelected(row, !list_.Selected(row));
             });
         } else if (ticks_ == nullptr && enter) {
-            // As a double click. The toolkit would press the window's default button besides.
+            // As a double click.
             push();
             view_.act([this] { list_.DblClick(); });
         } else {
             event.Skip();
         }
     });
+#ifdef __WXGTK__
+    g_signal_connect(gtk_bin_get_child(GTK_BIN(widget->GetHandle())), "event", G_CALLBACK(&hearEnter), widget);
+#endif
 }
 
 void ListBinding::push() {
