@@ -53,4 +53,4 @@ build() {
 build_packages="cmake g++ ninja-build libcli11-dev nlohmann-json3-dev"
 # The windows; and what shows and drives them where nobody sits in front of a screen.
 window_packages="libwxgtk3.2-dev libgtk-3-dev"
-screen_packages="xvfb xdotool openbox dbus dbus-x11 x11-utils imagemagick at-spi2-core"
+screen_packages="libxtst-dev xvfb xdotool openbox dbus dbus-x11 x11-utils imagemagick at-spi2-core"

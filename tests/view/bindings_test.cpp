@@ -8,6 +8,7 @@
 #include <wx/choice.h>
 #include <wx/combobox.h>
 #include <wx/dataview.h>
+#include <wx/dialog.h>
 #include <wx/frame.h>
 #include <wx/notebook.h>
 #include <wx/radiobut.h>
@@ -78,7 +79,7 @@ protected:
     ~Bindings() override {
         whenIdle({});
         window_.reset();
-        letRun(5);
+        letSettle();
         for (const std::string& complaint : takeComplaints()) ADD_FAILURE() << complaint;
     }
 
@@ -107,7 +108,7 @@ protected:
         window_->native()->SetSize(600, 500);
         window_->show(true);
         ASSERT_TRUE(letRunUntil([this] { return isActive(window_->native()); })) << "the window gets no focus";
-        letRun(60);
+        letDraw(window_->native());
     }
     // The native widget of a control.
     template <class Widget>
@@ -122,7 +123,19 @@ protected:
     // What the program does to its model, seen once the program is idle again.
     void programDoes(const std::function<void()>& what) {
         what();
-        letRun(30);
+        letDraw(window_->native());
+    }
+    // Presses a key on a box of rows; its list is open behind it.
+    void openRows(const forms::Control& control) {
+        focus(control);
+        typeKey(WXK_SPACE);
+        auto* box = GTK_COMBO_BOX(window_->widgetOf(control)->GetHandle());
+        ASSERT_TRUE(letRunUntil([box] {
+            gboolean open = FALSE;
+            g_object_get(box, "popup-shown", &open, nullptr);
+            return open != FALSE;
+        })) << control.Name
+            << " shows no rows";
     }
     // The middle of a row of a list, from 0.
     static wxPoint inRow(wxListBox* list, int row) {
@@ -138,6 +151,18 @@ protected:
         const wxRect place = list->GetItemRect(model->GetItem(static_cast<unsigned>(row)));
         return {place.x + 20, place.y + place.height / 2};
     }
+
+    // Whether a number that changes with every round of the program comes to rest.
+    static bool staysAt(const int& number) {
+        return letRunUntil([&number] {
+            const int before = number;
+            letRun(300);
+            return number == before;
+        });
+    }
+
+    // Longer than a button stays down that a key presses: by then it would have been pressed.
+    static constexpr int kPress = 400;
 
     view::View view;
     Specimen form;
@@ -358,9 +383,8 @@ TEST_F(Bindings, aGrowingLogIsAppendedToAndScrollsToItsEnd) {
         form.txtLines.setSelText("line " + std::to_string(line) + "\r\n");
         text += "line " + std::to_string(line) + "\n";
     }
-    letRun(60);
-    EXPECT_EQ(fromNative(box->GetValue()), text);
-    EXPECT_TRUE(isEndVisible(box));
+    EXPECT_TRUE(letRunUntil([&] { return fromNative(box->GetValue()) == text; }));
+    EXPECT_TRUE(letRunUntil([box] { return isEndVisible(box); }));
     // Texts that replace others do not append.
     programDoes([this] { form.txtLines.setText("new"); });
     EXPECT_EQ(fromNative(box->GetValue()), "new");
@@ -395,13 +419,10 @@ TEST_F(Bindings, rowsOfAComboBoxAreChosenInBothDirections) {
     programDoes([this] { form.cboRows.setListIndex(1); });
     EXPECT_EQ(box->GetSelection(), 1);
     EXPECT_EQ(heard.count, 1);
-    focus(form.cboRows);
-    typeKey(WXK_SPACE);  // opens the list
-    letRun(150);
+    openRows(form.cboRows);
     typeKey(WXK_DOWN);
     typeKey(WXK_RETURN);
-    letRun(150);
-    EXPECT_EQ(form.cboRows.ListIndex(), 2);
+    EXPECT_TRUE(letRunUntil([this] { return form.cboRows.ListIndex() == 2; }));
     EXPECT_EQ(form.cboRows.Text(), "three");
     EXPECT_EQ(heard.count, 2);
     programDoes([this] {
@@ -419,8 +440,7 @@ TEST_F(Bindings, aComboBoxForAnyTextTakesTypedOnesAndRows) {
     auto* box = widget<wxComboBox>(form.cboTyped);
     const Heard heard(form.cboTyped.Change);
     const Heard chosen(form.cboTyped.Click);
-    box->SetFocus();
-    letRun(30);
+    focus(form.cboTyped);
     typeText("*.old");
     EXPECT_EQ(form.cboTyped.Text(), "*.old");
     EXPECT_EQ(form.cboTyped.ListIndex(), -1);
@@ -437,13 +457,10 @@ TEST_F(Bindings, drivesAreListedAndChosen) {
     auto* box = widget<wxChoice>(form.drvOne);
     EXPECT_EQ(box->GetSelection(), 0);
     const Heard heard(form.drvOne.Change);
-    focus(form.drvOne);
-    typeKey(WXK_SPACE);
-    letRun(150);
+    openRows(form.drvOne);
     typeKey(WXK_DOWN);
     typeKey(WXK_RETURN);
-    letRun(150);
-    EXPECT_EQ(form.drvOne.Drive(), "d: [DATA]");
+    EXPECT_TRUE(letRunUntil([this] { return form.drvOne.Drive() == "d: [DATA]"; }));
     EXPECT_EQ(heard.count, 1);
     programDoes([this] { form.drvOne.ListIndex = 0; });
     EXPECT_EQ(box->GetSelection(), 0);
@@ -498,7 +515,8 @@ TEST_F(Bindings, enterOnARowIsADoubleClickAndPressesNoButton) {
     const Heard pressed(form.cmdOne.Click);
     click(list, inRow(list, 1));
     typeKey(WXK_RETURN);
-    letRun(150);
+    EXPECT_TRUE(letRunUntil([&twice] { return twice.count > 0; }));
+    letRun(kPress);
     EXPECT_EQ(twice.count, 1);
     EXPECT_EQ(pressed.count, 0);
 }
@@ -669,7 +687,7 @@ TEST_F(Bindings, columnTitlesAndWidthsAreKeptEqual) {
     EXPECT_EQ(fromNative(list->GetColumn(0)->GetTitle()), "Aufgabe");
     // A user draws it wider; the program finds it so when it looks the next time.
     list->GetColumn(0)->SetWidth(260);
-    letRun(40);
+    ASSERT_TRUE(letRunUntil([list] { return list->GetColumn(0)->GetWidth() == 260; }));
     window_->act([] {});
     EXPECT_EQ(form.lsvOne.ColumnHeaders[0].width, 260 * 15);
 }
@@ -741,10 +759,12 @@ TEST_F(Bindings, buttonsArePressedByMouseKeyAndTheLetterOfTheirCaption) {
     EXPECT_EQ(plain.count, 1);
     focus(form.cmdThemed);
     typeKey(WXK_SPACE);
-    letRun(200);  // a button stays down for a moment when a key presses it
+    EXPECT_TRUE(letRunUntil([&themed] { return themed.count > 0; }));
+    letRun(kPress);
     EXPECT_EQ(themed.count, 1);
     typeKey('T', wxMOD_ALT);
-    letRun(200);
+    EXPECT_TRUE(letRunUntil([&themed] { return themed.count > 1; }));
+    letRun(kPress);
     EXPECT_EQ(themed.count, 2);
     clickMiddle(window_->widgetOf(form.imgOne));
     EXPECT_EQ(picture.count, 1);
@@ -776,7 +796,8 @@ TEST_F(Bindings, enterPressesTheDefaultButtonFromATextBox) {
     focus(form.txtOne);
     typeText("x");
     typeKey(WXK_RETURN);
-    letRun(200);
+    EXPECT_TRUE(letRunUntil([&heard] { return heard.count > 0; }));
+    letRun(kPress);
     EXPECT_EQ(heard.count, 1);
     EXPECT_EQ(form.txtOne.Text(), "x");
 }
@@ -867,14 +888,14 @@ TEST_F(Bindings, titleAndRectangleOfTheWindowAreKeptEqual) {
         form.Width = 9000;
         form.Height = 6000;
     });
-    letRun(100);
+    letRunUntil([this] { return window_->native()->GetClientSize() == wxSize(600, 400); });
     EXPECT_EQ(window_->native()->GetClientSize(), wxSize(600, 400)) << "the size inside the window manager's frame";
     window_->native()->SetClientSize(660, 440);
-    letRun(100);
+    letRunUntil([this] { return form.Width == 9900 && form.Height == 6600; });
     EXPECT_EQ(form.Width.get(), 9900);
     EXPECT_EQ(form.Height.get(), 6600);
     window_->native()->Move(300, 200);
-    letRun(100);
+    letRunUntil([this] { return form.Left == 300 * 15 && form.Top == 200 * 15; });
     EXPECT_EQ(form.Left.get(), 300 * 15);
     EXPECT_EQ(form.Top.get(), 200 * 15);
 }
@@ -935,7 +956,7 @@ TEST_F(Bindings, theCloseBoxAsksTheWindowAndClosesNothingByItself) {
     int asked = 0;
     window_->onClose = [&asked] { ++asked; };
     window_->native()->Close();
-    letRun(30);
+    letSettle();
     EXPECT_EQ(asked, 1);
     EXPECT_TRUE(window_->isShown());
 }
@@ -970,13 +991,14 @@ TEST_F(Bindings, anErrorOfAHandlerIsToldAndTheWindowGoesOn) {
 TEST_F(Bindings, pollingTimersLookWhenSomethingHappenedAndNeverOtherwise) {
     open([this](view::FormWindow& window) { return window.check(window.body(), form.chkOne); });
     focus(form.chkOne);
-    letRun(100);
-    const Heard looked(form.tmrPoll.Tick);
-    letRun(1000);
+    Heard looked(form.tmrPoll.Tick);
+    ASSERT_TRUE(staysAt(looked.count)) << "it looks on and on";
+    looked.count = 0;
+    letRun(5 * form.tmrPoll.Interval);
     EXPECT_EQ(looked.count, 0);
     typeKey(WXK_SPACE);
     EXPECT_GE(looked.count, 1);
-    EXPECT_LE(looked.count, 4);
+    EXPECT_TRUE(staysAt(looked.count)) << "it goes on looking";
 }
 
 TEST_F(Bindings, aTimerThatPollsSeesTheChangeAndItsOwnChangesAreShownAtOnce) {
@@ -998,11 +1020,11 @@ TEST_F(Bindings, aSlowTimerRunsWhileItIsSwitchedOn) {
     letRun(1200);
     EXPECT_EQ(ticks.count, 0);
     programDoes([this] { form.tmrSlow.Enabled = true; });
-    letRun(1200);
-    EXPECT_EQ(ticks.count, 1);
+    EXPECT_TRUE(letRunUntil([&ticks] { return ticks.count > 0; }));
     programDoes([this] { form.tmrSlow.Enabled = false; });
+    const int then = ticks.count;
     letRun(1200);
-    EXPECT_EQ(ticks.count, 1);
+    EXPECT_EQ(ticks.count, then);
 }
 
 TEST_F(Bindings, anIdleWindowSettlesNothing) {
@@ -1011,15 +1033,14 @@ TEST_F(Bindings, anIdleWindowSettlesNothing) {
                                       window.entry(window.body(), form.txtOne)};
     });
     focus(form.chkOne);
-    letRun(300);
     int rounds = 0;
     int shown = 0;
     view.whenQuiet = [&rounds] { ++rounds; };
     window_->whenever(form.chkOne, [&shown] { ++shown; });
-    letRun(100);
+    ASSERT_TRUE(staysAt(rounds)) << "it never comes to rest";
     rounds = 0;
     shown = 0;
-    letRun(2000);
+    letRun(1500);  // longer than any timer of the window takes
     EXPECT_EQ(rounds, 0);
     EXPECT_EQ(shown, 0);
     typeKey(WXK_SPACE);

@@ -5,12 +5,14 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/init.h>
-#include <wx/uiaction.h>
 
 #include <chrono>
 #include <cstdlib>
 
 #include "e2e/screen.h"
+
+// The last one: it gives everyday words a meaning of its own.
+#include <X11/extensions/XI2.h>
 
 namespace tidvane::tests {
 
@@ -18,6 +20,18 @@ namespace {
 
 std::function<void()> idleWork;
 std::vector<std::string> complaints;
+int keys = 0;
+int buttons = 0;
+
+// All events of the screen pass here on their way to the toolkit, whichever loop fetches them.
+GdkFilterReturn countEvent(GdkXEvent* native, GdkEvent*, gpointer) {
+    const auto* event = static_cast<const XEvent*>(native);
+    if (event->type == GenericEvent) {
+        if (event->xcookie.evtype == XI_KeyPress) ++keys;
+        if (event->xcookie.evtype == XI_ButtonRelease) ++buttons;
+    }
+    return GDK_FILTER_CONTINUE;
+}
 
 class TestApp final : public wxApp {
 public:
@@ -75,6 +89,7 @@ void DisplayEnvironment::SetUp() {
     char* argv[] = {name, nullptr};
     ASSERT_TRUE(wxEntryStart(argc, argv)) << "The toolkit does not start on " << state_->screen->name();
     ASSERT_TRUE(wxTheApp->CallOnInit());
+    gdk_window_add_filter(nullptr, &countEvent, nullptr);
     state_->outer = std::make_unique<wxGUIEventLoop>();
     state_->active = std::make_unique<wxEventLoopActivator>(state_->outer.get());
 }
@@ -82,7 +97,7 @@ void DisplayEnvironment::SetUp() {
 void DisplayEnvironment::TearDown() {
     if (wxTheApp == nullptr) return;
     idleWork = {};
-    letRun(10);
+    letSettle();
     state_->active.reset();
     state_->outer.reset();
     wxTheApp->OnExit();
@@ -90,17 +105,69 @@ void DisplayEnvironment::TearDown() {
     state_->screen.reset();
 }
 
-void letRun(int milliseconds) {
+namespace {
+
+// A loop that a source of the library below ends, once. A timer of the toolkit would count as an event, and idle work
+// follows events.
+struct TimedLoop {
     wxGUIEventLoop loop;
-    // A timer of the library below: one of the toolkit's would count as an event, and idle work follows events.
-    g_timeout_add(
-        static_cast<guint>(milliseconds),
-        [](gpointer data) -> gboolean {
-            static_cast<wxGUIEventLoop*>(data)->Exit();
-            return G_SOURCE_REMOVE;
-        },
-        &loop);
-    loop.Run();
+    guint source = 0;
+    int depth = g_main_depth() + 1;  // where the source is called if nothing that the loop runs waits for something
+};
+
+gboolean endLoop(gpointer data) {
+    auto* timed = static_cast<TimedLoop*>(data);
+    timed->source = 0;
+    timed->loop.Exit();
+    return G_SOURCE_REMOVE;
+}
+
+gboolean waitForQuiet(gpointer data);
+
+gboolean endLoopWhenQuiet(gpointer data) {
+    auto* timed = static_cast<TimedLoop*>(data);
+    if (g_main_depth() <= timed->depth) return endLoop(data);
+    // A handler lets events in, all of them: what is always there would keep it from going on.
+    timed->source = g_timeout_add(1, &waitForQuiet, data);
+    return G_SOURCE_REMOVE;
+}
+
+gboolean waitForQuiet(gpointer data) {
+    static_cast<TimedLoop*>(data)->source = g_idle_add_full(G_PRIORITY_LOW, &endLoopWhenQuiet, data, nullptr);
+    return G_SOURCE_REMOVE;
+}
+
+}  // namespace
+
+void letRun(int milliseconds) {
+    TimedLoop timed;
+    timed.source = g_timeout_add(static_cast<guint>(milliseconds), &endLoop, &timed);
+    timed.loop.Run();
+    if (timed.source != 0) g_source_remove(timed.source);
+}
+
+void letSettle() {
+    if (GdkDisplay* display = gdk_display_get_default()) gdk_display_sync(display);
+    TimedLoop timed;
+    waitForQuiet(&timed);
+    timed.loop.Run();
+    if (timed.source != 0) g_source_remove(timed.source);
+}
+
+void letDraw(wxWindow* window) {
+    letSettle();
+    GdkFrameClock* clock = gtk_widget_get_frame_clock(window->GetHandle());
+    if (clock == nullptr) return;
+    int frames = 0;
+    const gulong heard =
+        g_signal_connect_swapped(clock, "after-paint", G_CALLBACK(+[](int* count) { ++*count; }), &frames);
+    // What one picture finds too small is laid out anew in the next one.
+    for (int picture = 1; picture <= 2; ++picture) {
+        gdk_frame_clock_request_phase(clock, GDK_FRAME_CLOCK_PHASE_AFTER_PAINT);
+        letRunUntil([&] { return frames >= picture; });
+    }
+    g_signal_handler_disconnect(clock, heard);
+    letSettle();
 }
 
 bool letRunUntil(const std::function<bool()>& condition, int atMostMilliseconds) {
@@ -121,43 +188,12 @@ std::string scaleName() {
     return scale == nullptr ? "100%" : std::string(scale) + "00%";
 }
 
-void pressKey(int key, int modifiers) {
-    wxUIActionSimulator user;
-    user.Char(key, modifiers);
+int keysPressed() {
+    return keys;
 }
 
-void typeKey(int key, int modifiers) {
-    pressKey(key, modifiers);
-    letRun(15);
-}
-
-void typeText(const std::string& text) {
-    wxUIActionSimulator user;
-    for (const char letter : text) {
-        user.Text(std::string(1, letter).c_str());
-        letRun(10);
-    }
-}
-
-void click(wxWindow* window, wxPoint at) {
-    wxUIActionSimulator user;
-    user.MouseMove(window->ClientToScreen(at));
-    letRun(15);
-    user.MouseClick();
-    letRun(25);
-}
-
-void clickMiddle(wxWindow* window) {
-    const wxSize size = window->GetClientSize();
-    click(window, wxPoint(size.x / 2, size.y / 2));
-}
-
-void doubleClick(wxWindow* window, wxPoint at) {
-    wxUIActionSimulator user;
-    user.MouseMove(window->ClientToScreen(at));
-    letRun(15);
-    user.MouseDblClick();
-    letRun(30);
+int buttonsReleased() {
+    return buttons;
 }
 
 void bringToFront(wxWindow* window) {

@@ -27,10 +27,15 @@ private:
     std::unique_ptr<State> state_;
 };
 
-// Lets the toolkit's own loop run: events, timers, idle work.
+// Lets the toolkit's own loop run: events, timers, idle work. For what has to stay away for a while; what has to come
+// is waited for by the functions below.
 void letRun(int milliseconds);
+// Until there is nothing left to do: events that the screen has sent by now, idle work, whatever comes of them.
+void letSettle();
+// Until the window is laid out and painted as it is now.
+void letDraw(wxWindow* window);
 // Until it holds, at most this long. False: it never did.
-bool letRunUntil(const std::function<bool()>& condition, int atMostMilliseconds = 3000);
+bool letRunUntil(const std::function<bool()>& condition, int atMostMilliseconds = 10000);
 // What is done whenever the loop has nothing to do, as the program does it; empty for nothing.
 void whenIdle(std::function<void()> what);
 
@@ -38,7 +43,7 @@ void whenIdle(std::function<void()> what);
 std::string scaleName();
 
 // Presses and lets it go, as the keyboard does: whoever has the focus gets it.
-// pressKey() does not wait for what comes of it.
+// pressKey() does not wait for what comes of it; the others do, as far as the toolkit does it at once.
 void pressKey(int key, int modifiers = 0);
 void typeKey(int key, int modifiers = 0);
 void typeText(const std::string& text);
@@ -46,6 +51,9 @@ void typeText(const std::string& text);
 void click(wxWindow* window, wxPoint at);
 void clickMiddle(wxWindow* window);
 void doubleClick(wxWindow* window, wxPoint at);
+// How many times a key of the keyboard, a button of the mouse has come to a window of this program so far.
+int keysPressed();
+int buttonsReleased();
 
 // As a click of the user on its title would: a window manager keeps windows behind that nobody has asked for.
 void bringToFront(wxWindow* window);

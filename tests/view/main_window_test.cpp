@@ -1,5 +1,6 @@
 // The main window on the screen: what its menus, its bars and its buttons do that no model decides.
 #include <gtest/gtest.h>
+#include <gtk/gtk.h>
 #include <wx/button.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
@@ -29,19 +30,19 @@ protected:
             if (program_ && !program_->view().busy()) program_->view().settle();
         });
         if (!program_->start()) throw std::runtime_error("the program does not start");
-        letRun(100);
+        letDraw(frame());
     }
     ~MainWindow() override {
         whenIdle({});
         program_.reset();
-        letRun(5);
+        letSettle();
     }
 
     app::frmMain& form() { return program_->program().get<app::frmMain>(); }
     wxFrame* frame() { return dynamic_cast<wxFrame*>(program_->display().ifOpen("frmMain")->native()); }
     void act(const std::function<void()>& what) {
         program_->view().act(what);
-        letRun(50);
+        letDraw(frame());
     }
     std::string bar() {
         std::string titles;
@@ -64,8 +65,23 @@ protected:
         return found;
     }
     void resize(int width, int height) {
-        frame()->SetClientSize(frame()->FromDIP(wxSize(width, height)));
-        letRun(200);
+        const wxSize size = frame()->FromDIP(wxSize(width, height));
+        frame()->SetClientSize(size);
+        ASSERT_TRUE(letRunUntil([&] { return frame()->GetClientSize() == size && drawnAt() == frame()->GetSize(); }))
+            << "the window is not " << width << " x " << height;
+        letDraw(frame());
+    }
+
+    // The keyboard is the main window's.
+    void front() {
+        bringToFront(frame());
+        ASSERT_TRUE(letRunUntil([this] { return isActive(frame()); })) << "the window gets no focus";
+    }
+    // The size that the window manager has given it; what the toolkit answers may be one that it has only asked for.
+    wxSize drawnAt() {
+        GdkRectangle extents;
+        gdk_window_get_frame_extents(gtk_widget_get_window(frame()->GetHandle()), &extents);
+        return {extents.width, extents.height};
     }
 
     platform::MemoryPlatform machine_;
@@ -124,12 +140,14 @@ TEST_F(MainWindow, ShowsWhatTheFrontEndTellsUntilItIsPutAway) {
 
 TEST_F(MainWindow, PutsNoticesAwayWithEscapeAndStays) {
     act([this] { program_->display().warn("A place is protected."); });
-    bringToFront(frame());
-    shown("closeNotices")->SetFocus();
-    letRun(100);
+    front();
+    wxWindow* close = shown("closeNotices");
+    close->SetFocus();
+    ASSERT_TRUE(letRunUntil([close] { return close->HasFocus(); }));
     typeKey(WXK_ESCAPE);
     EXPECT_TRUE(letRunUntil([this] { return shown("notices") == nullptr; }));
     typeKey(WXK_ESCAPE);
+    letRun(100);
     EXPECT_TRUE(frame()->IsShown());
     EXPECT_FALSE(program_->program().ended());
 }
@@ -158,7 +176,7 @@ TEST_F(MainWindow, GivesTheLogItsHeightAndInALowWindowTheListItsRoom) {
 }
 
 TEST_F(MainWindow, HidesAndShowsTheLogByItsKeys) {
-    bringToFront(frame());
+    front();
     ASSERT_NE(shown("txtLog"), nullptr);
     typeKey('L', wxMOD_CONTROL);
     EXPECT_TRUE(letRunUntil([this] { return shown("txtLog") == nullptr; }));
@@ -178,7 +196,7 @@ TEST_F(MainWindow, HearsTheKeysOfTheCleaningOnEveryPageAndShowsItFirst) {
     for (const char* page : {"mnuApps", "mnuAddOns", "mnuAbout"}) {
         act([this, page] { form().menu(page).Click(); });
         ASSERT_NE(form().SSTab1.Tab, app::frmMain::kCleaningTab);
-        bringToFront(frame());
+        front();
         const int before = runs;
         typeKey(WXK_F9);
         EXPECT_TRUE(letRunUntil([&] { return runs == before + 1; }, 10000)) << page;
@@ -189,7 +207,7 @@ TEST_F(MainWindow, HearsTheKeysOfTheCleaningOnEveryPageAndShowsItFirst) {
 
 TEST_F(MainWindow, LeavesThePageWhereAKeyHasNothingToDo) {
     act([this] { form().menu("mnuApps").Click(); });
-    bringToFront(frame());
+    front();
     ASSERT_FALSE(form().cmdStop.Enabled);
     typeKey(WXK_F9, wxMOD_SHIFT);
     EXPECT_EQ(form().SSTab1.Tab, app::frmMain::kPlugInsTab);
@@ -208,15 +226,15 @@ TEST_F(MainWindow, ShowsNothingInThePaneAsUnderThePointerOnceAnotherWindowIsInFr
         if (bar.layout().at(40, pane->ToDIP(y)) == first) place = {pane->FromDIP(40), y + pane->FromDIP(4)};
     }
     ASSERT_NE(place, wxDefaultPosition);
-    bringToFront(frame());
-    ASSERT_TRUE(letRunUntil([this] { return isActive(frame()); }, 10000));
+    front();
     wxUIActionSimulator().MouseMove(pane->ClientToScreen(place));
     ASSERT_TRUE(letRunUntil([&] { return bar.state(first).hot; }, 10000));
     auto* other = new wxFrame(nullptr, wxID_ANY, "Another", wxPoint(0, 0), wxSize(200, 100));
     other->Show();
-    ASSERT_TRUE(letRunUntil([&] { return other->IsShownOnScreen(); }, 10000));
+    letDraw(other);
     bringToFront(other);
-    EXPECT_TRUE(letRunUntil([&] { return isActive(other) && !bar.state(first).hot; }, 10000));
+    EXPECT_TRUE(letRunUntil([other] { return isActive(other); })) << "the other window gets no focus";
+    EXPECT_TRUE(letRunUntil([&] { return !bar.state(first).hot; }));
     other->Destroy();
 }
 

@@ -37,12 +37,12 @@ protected:
         window->show(true);
         bringToFront(window->native());
         ASSERT_TRUE(letRunUntil([this] { return isActive(window->native()); })) << "the window gets no focus";
-        letRun(60);
+        letDraw(window->native());
     }
     void TearDown() override {
         whenIdle({});
         window.reset();
-        letRun(60);
+        letSettle();
     }
     // Its page has to be the one that is seen.
     void focus(const forms::Control& control) {
@@ -98,7 +98,7 @@ TEST_F(OptionsWindow, EnterElsewherePressesOk) {
     options.txtPurgeSpeed.setText("");
     typeInto(options.txtPurgeSpeed, "25");
     typeKey(WXK_RETURN);
-    EXPECT_FALSE(isOpen());
+    EXPECT_TRUE(letRunUntil([this] { return !isOpen(); }));
     EXPECT_EQ(machine.stored("txtPurgeSpeed"), "25");
 }
 
@@ -159,7 +159,7 @@ TEST_F(OptionsWindow, TheChosenMethodShowsItsHintAndItsBox) {
     EXPECT_FALSE(preview->IsShown());
     options.cboKillMethod.setListIndex(1);
     EXPECT_TRUE(letRunUntil([preview] { return preview->IsShownOnScreen(); }));
-    letRun(60);
+    letDraw(window->native());
     EXPECT_EQ(options.lblKillMethodInfo.Caption.get(), "About recycling");
     EXPECT_GE(preview->GetScreenPosition().y, window->widgetOf(options.lblKillMethodInfo)->GetScreenRect().GetBottom());
 }

@@ -138,7 +138,7 @@ Panel::Value Panel::call(const std::string& item, const char* path, const char* 
         GVariant* value = nullptr;
     } answer;
     g_dbus_connection_call(
-        connection_, item.c_str(), path, interface, method, arguments, nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, 3000,
+        connection_, item.c_str(), path, interface, method, arguments, nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, 9000,
         nullptr,
         [](GObject* connection, GAsyncResult* result, gpointer data) {
             auto* got = static_cast<Answer*>(data);
@@ -146,7 +146,7 @@ Panel::Value Panel::call(const std::string& item, const char* path, const char* 
             got->there = true;
         },
         &answer);
-    letRunUntil([&] { return answer.there; }, 5000);
+    letRunUntil([&] { return answer.there; });
     return {answer.value, &g_variant_unref};
 }
 

@@ -2,8 +2,10 @@
 #include "view/tray.h"
 
 #include <gtest/gtest.h>
+#include <gtk/gtk.h>
 #include <wx/utils.h>
 
+#include <functional>
 #include <optional>
 
 #include "view/display_fixture.h"
@@ -41,7 +43,7 @@ class NotifierIcon : public testing::Test {
 protected:
     NotifierIcon() { takeComplaints(); }
     ~NotifierIcon() override {
-        letRun(20);
+        letSettle();
         EXPECT_EQ(takeComplaints(), std::vector<std::string>());
     }
 
@@ -69,7 +71,7 @@ protected:
     void choose(int id) {
         panel_.call(item(), "/MenuBar", "com.canonical.dbusmenu", "Event",
                     g_variant_new("(isvu)", id, "clicked", g_variant_new_int32(0), 0));
-        letRun(20);
+        letSettle();
     }
 
     static constexpr const char* kNothing[1] = {nullptr};
@@ -132,7 +134,7 @@ TEST_F(NotifierIcon, PassesItsTwoGesturesOn) {
                 g_variant_new("(ii)", 1, 1));
     EXPECT_TRUE(letRunUntil([&] { return icon.menus == 1; }));
     panel_.call(item(), "/StatusNotifierItem", "org.kde.StatusNotifierItem", "Scroll", g_variant_new("(is)", 1, "v"));
-    letRun(20);
+    letRun(50);
     EXPECT_EQ(icon.doubleClicks, 1);
     EXPECT_EQ(icon.menus, 1);
 }
@@ -182,6 +184,7 @@ TEST_F(NotifierIcon, TellsOfAChangedMenuOnceAndKeepsTheNumbersOfItsEntries) {
     EXPECT_TRUE(letRunUntil([&] { return panel_.layoutUpdates() > 0; }));
     icon.tray->menuChanged();  // and nothing has
     letRun(50);
+    layout();  // what was told before has been heard once this is answered
     EXPECT_EQ(panel_.layoutUpdates(), 1);
     choose(2);
     EXPECT_EQ(icon.chosen, std::vector<std::string>{"mnuOff"});
@@ -232,7 +235,25 @@ TEST_F(NotifierIcon, IsNotAddedOnABusWithoutADesktop) {
 
 class EmbeddedIcon : public testing::Test {
 protected:
-    ~EmbeddedIcon() override { letRun(20); }
+    ~EmbeddedIcon() override { letSettle(); }
+
+    // Until the icon is what the pointer finds in the tray: what is clicked before is nothing yet.
+    static void letStand(XTray& desktop) {
+        ASSERT_TRUE(letRunUntil([&desktop] { return desktop.icons() == 1; }));
+        desktop.point();
+        GdkDevice* pointer = gdk_seat_get_pointer(gdk_display_get_default_seat(gdk_display_get_default()));
+        ASSERT_TRUE(letRunUntil([pointer] {
+            return gdk_device_get_window_at_position(pointer, nullptr, nullptr) != nullptr;
+        })) << "the tray shows no icon";
+        letSettle();
+    }
+    // A click is over once the icon has got it.
+    static void letFinish(int clicks, const std::function<void()>& gesture) {
+        const int before = buttonsReleased();
+        gesture();
+        EXPECT_TRUE(letRunUntil([before, clicks] { return buttonsReleased() >= before + clicks; }));
+        letSettle();
+    }
 };
 
 TEST_F(EmbeddedIcon, HasNoPlaceOnAScreenWithoutATray) {
@@ -258,11 +279,10 @@ TEST_F(EmbeddedIcon, PassesItsTwoGesturesOn) {
     XTray desktop;
     Icon icon;
     ASSERT_TRUE(icon.tray->add("Tidvane"));
-    ASSERT_TRUE(letRunUntil([&] { return desktop.icons() == 1; }));
-    letRun(100);
-    desktop.rightClick();
+    letStand(desktop);
+    letFinish(1, [&desktop] { desktop.rightClick(); });
     EXPECT_TRUE(letRunUntil([&] { return icon.menus == 1; }));
-    desktop.doubleClick();
+    letFinish(2, [&desktop] { desktop.doubleClick(); });
     EXPECT_TRUE(letRunUntil([&] { return icon.doubleClicks == 1; }));
     letRun(50);
     EXPECT_EQ(icon.menus, 1);
@@ -273,12 +293,11 @@ TEST_F(EmbeddedIcon, DoesNothingOnASingleClick) {
     XTray desktop;
     Icon icon;
     ASSERT_TRUE(icon.tray->add("Tidvane"));
-    ASSERT_TRUE(letRunUntil([&] { return desktop.icons() == 1; }));
-    letRun(100);
-    desktop.click();
+    letStand(desktop);
+    letFinish(1, [&desktop] { desktop.click(); });
     letRun(800);  // longer than a double click takes
-    desktop.click();
-    letRun(100);
+    letFinish(1, [&desktop] { desktop.click(); });
+    letRun(50);
     EXPECT_EQ(icon.doubleClicks, 0);
     EXPECT_EQ(icon.menus, 0);
 }

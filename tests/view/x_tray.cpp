@@ -80,31 +80,24 @@ void XTray::run() {
     XCloseDisplay(display);
 }
 
-namespace {
-
-void pointAtIcon(wxUIActionSimulator& user) {
-    user.MouseMove(kSide / 2, kSide / 2);
-    letRun(20);
+void XTray::point() {
+    wxUIActionSimulator().MouseMove(kSide / 2, kSide / 2);
+    letSettle();
 }
 
-}  // namespace
-
 void XTray::click() {
-    wxUIActionSimulator user;
-    pointAtIcon(user);
-    user.MouseClick();
+    point();
+    wxUIActionSimulator().MouseClick();
 }
 
 void XTray::rightClick() {
-    wxUIActionSimulator user;
-    pointAtIcon(user);
-    user.MouseClick(wxMOUSE_BTN_RIGHT);
+    point();
+    wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT);
 }
 
 void XTray::doubleClick() {
-    wxUIActionSimulator user;
-    pointAtIcon(user);
-    user.MouseDblClick();
+    point();
+    wxUIActionSimulator().MouseDblClick();
 }
 
 }  // namespace tidvane::tests

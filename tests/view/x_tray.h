@@ -16,7 +16,8 @@ public:
 
     // How many icons it shows.
     [[nodiscard]] int icons() const { return icons_; }
-    // A user's gestures on it.
+    // A user's gestures on it. Each points at the icon first.
+    void point();
     void click();
     void rightClick();
     void doubleClick();
