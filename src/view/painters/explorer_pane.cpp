@@ -39,11 +39,18 @@ ExplorerPane::ExplorerPane(wxWindow* parent, controls::ExplorerBar& bar, Act act
         event.Skip();
         sized();
     });
-    motion_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { act_([this] { bar_.tick(); }); });
-    repeat_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
-        act_([this] { bar_.tsbVertical.repeat(); });
-        repeatLater();
-    });
+    // Told to this widget, which is deaf once its window goes: the pane's model may go with it.
+    motion_.SetOwner(this);
+    repeat_.SetOwner(this);
+    Bind(
+        wxEVT_TIMER, [this](wxTimerEvent&) { act_([this] { bar_.tick(); }); }, motion_.GetId());
+    Bind(
+        wxEVT_TIMER,
+        [this](wxTimerEvent&) {
+            act_([this] { bar_.tsbVertical.repeat(); });
+            repeatLater();
+        },
+        repeat_.GetId());
     bar_.Sound.connect([weak = wxWeakRef<ExplorerPane>(this)](controls::PaneSound sound) {
         if (weak) playEmbeddedSound(sound == controls::PaneSound::GroupClicked ? "group" : "item");
     });

@@ -95,7 +95,10 @@ void ThemedButton::bindMouse() {
         act_([this] { button_.mouseEnter(); });
         if (button_.hasOwnTip()) tipTimer_.StartOnce(kTipDelay);
     });
-    tipTimer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { showOwnTip(); });
+    // Told to this widget, which is deaf once its window goes: the button's model may go with it.
+    tipTimer_.SetOwner(this);
+    Bind(
+        wxEVT_TIMER, [this](wxTimerEvent&) { showOwnTip(); }, tipTimer_.GetId());
     Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) {
         hideOwnTip();
         if (!HasCapture()) act_([this] { button_.mouseLeave(); });
