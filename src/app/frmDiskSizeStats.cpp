@@ -5,12 +5,13 @@
 #include "settings/addresses.h"
 #include "settings/log_font_file.h"
 #include "settings/modFormINI.h"
+#include "settings/modLanguage.h"
 
 namespace tidvane::app {
 
 namespace {
 constexpr const char* kSection = "WindowStateDiskSize";
-constexpr int kLogHeight = 3600;  // twips that the window grows by when the log is shown
+constexpr int kLogHeight = 3600;               // twips that the window grows by when the log is shown
 constexpr unsigned kLinkColour = 0x00C8661Bu;  // blue, green, red
 constexpr unsigned kHoverColour = 0x00A0890Fu;
 }  // namespace
@@ -43,14 +44,7 @@ frmDiskSizeStats::frmDiskSizeStats(settings::Program& program) : forms::Form(kNa
 
 void frmDiskSizeStats::Form_Load() {
     Caption = "Tidvane - " + program_.LangText(432);
-    cmdClean.Caption = program_.LangText(432);
-    lblDiskSizeTotal.Caption = program_.LangText(433);
-    lblDiskSizeFree.Caption = program_.LangText(434);
-    lblDiskSizeFreeAfter.Caption = program_.LangText(435);
-    lblDiskSizeFreed.Caption = program_.LangText(436);
-    cmdExit.Caption = program_.LangText(110);
-    cmdBackground.Caption = program_.LangText(127);
-    cmdReclean.Caption = program_.LangText(401);
+    settings::captionWindow(program_, *this);
     settings::loadWindowNumbers(program_, kSection, settings::rectangleOf(*this),
                                 State == forms::WindowState::Minimized);
     if (const auto font = settings::readLogFont(program_, program_.report().logFont())) applyFont(txtLog, *font);
