@@ -1,5 +1,8 @@
 #include "view/painters/painting.h"
 
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
 #include <wx/bitmap.h>
 #include <wx/brush.h>
 #include <wx/image.h>
@@ -81,6 +84,26 @@ std::optional<controls::Key> keyOf(const wxKeyEvent& event) {
     }
 }
 
+#ifdef __WXGTK__
+// The toolkit tells the wrong window where the focus comes to another one before it has left this one, as it does while
+// the pointer rests here. A widget whose window goes is deaf, and so is this.
+void whenDeactivated(wxWindow* widget, std::function<void()> what) {
+    struct Watch {
+        wxWeakRef<wxWindow> widget;
+        std::function<void()> what;
+    };
+    const auto tell = [](GtkWindow* window, GParamSpec*, gpointer data) {
+        const auto* watch = static_cast<const Watch*>(data);
+        const bool hears = watch->widget && watch->widget->GetEvtHandlerEnabled();
+        if (hears && gtk_window_is_active(window) == 0) watch->what();
+    };
+    g_signal_connect_data(
+        wxGetTopLevelParent(widget)->GetHandle(), "notify::is-active",
+        G_CALLBACK(static_cast<void (*)(GtkWindow*, GParamSpec*, gpointer)>(tell)),
+        new Watch{wxWeakRef<wxWindow>(widget), std::move(what)},
+        [](gpointer data, GClosure*) { delete static_cast<Watch*>(data); }, GConnectFlags{});
+}
+#else
 void whenDeactivated(wxWindow* widget, std::function<void()> what) {
     wxGetTopLevelParent(widget)->Bind(
         wxEVT_ACTIVATE, [weak = wxWeakRef<wxWindow>(widget), what = std::move(what)](wxActivateEvent& event) {
@@ -88,6 +111,7 @@ void whenDeactivated(wxWindow* widget, std::function<void()> what) {
             if (!event.GetActive() && weak) what();
         });
 }
+#endif
 
 void bindKeysTo(wxWindow* widget, Act act, std::function<bool(controls::Key)> down,
                 std::function<bool(controls::Key)> up) {
