@@ -14,7 +14,8 @@ namespace tidvane::tests {
 
 namespace {
 constexpr int kSide = 32;
-constexpr long kDock = 0;  // the request of an icon for a place
+constexpr int kInside = 8;  // in every icon: one may have asked for a smaller size behind that of the tray
+constexpr long kDock = 0;   // the request of an icon for a place
 }  // namespace
 
 XTray::XTray() {
@@ -81,7 +82,7 @@ void XTray::run() {
 }
 
 void XTray::point() {
-    wxUIActionSimulator().MouseMove(kSide / 2, kSide / 2);
+    wxUIActionSimulator().MouseMove(kInside, kInside);
     letSettle();
 }
 
