@@ -164,9 +164,9 @@ public:
 private:
     // What comes over the bus becomes an event of the window's loop, of a kind that painting does not let in: a program
     // that works hears it where it listens.
-    void later(std::function<void()> what) {
+    void later(const std::function<void()>& what) {
         auto* event = new wxThreadEvent;
-        event->SetPayload(std::move(what));
+        event->SetPayload(what);
         QueueEvent(event);
     }
 
