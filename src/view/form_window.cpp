@@ -39,6 +39,18 @@ wxPoint placeOf(const wxTopLevelWindow* native) {
     return native->GetPosition();
 }
 
+#ifdef __WXGTK__
+// The toolkit takes a window that the program moves for moved at once, and keeps silent when the window manager has
+// really moved it.
+gboolean tellOfMove(GtkWidget*, GdkEvent*, gpointer native) {
+    auto* window = static_cast<wxTopLevelWindow*>(native);
+    wxMoveEvent event(placeOf(window), window->GetId());
+    event.SetEventObject(window);
+    window->HandleWindowEvent(event);
+    return GDK_EVENT_PROPAGATE;
+}
+#endif
+
 // Nothing but zeros is no place: a window that stands nowhere yet has that. The upper left corner of the screen is told
 // with one twip, which is less than a pixel.
 constexpr int kInTheCorner = 1;
@@ -97,6 +109,13 @@ public:
         if (now == sampled_) return;
         sampled_ = now;
         window_.noteRectangle();
+    }
+    // The form asks for another rectangle, and the window has not been told yet.
+    [[nodiscard]] bool pending() const {
+        const forms::Form& form = window_.form_;
+        if (!seen_) return false;
+        const bool size = window_.style_.keepsModelSize && (form.Width != width_ || form.Height != height_);
+        return size || form.Left != left_ || form.Top != top_;
     }
     // What the form says now is what the window is.
     void remember() {
@@ -366,6 +385,11 @@ void FormWindow::noteRectangle() {
                      : native_->IsMaximized() ? forms::WindowState::Maximized
                                               : forms::WindowState::Normal;
         if (form.State != forms::WindowState::Normal) return;
+        // What the program asks for must not be lost; once the window has it, it tells.
+        for (const auto& binding : bindings_) {
+            const auto* rectangle = dynamic_cast<const RectangleBinding*>(binding.get());
+            if (rectangle != nullptr && rectangle->pending()) return;
+        }
         const wxPoint place = placeInTwips(native_);
         // The size inside the window manager's frame: what is stored is what comes back.
         const wxSize size = native_->GetClientSize();
@@ -458,6 +482,9 @@ void FormWindow::finish() {
         event.Skip();
         noteRectangle();
     });
+#ifdef __WXGTK__
+    g_signal_connect(native_->GetHandle(), "configure-event", G_CALLBACK(&tellOfMove), native_);
+#endif
     native_->Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
         event.Skip();
         noteRectangle();

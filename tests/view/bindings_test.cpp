@@ -907,6 +907,23 @@ wxPoint cornerOf(view::FormWindow& window) {
     return {frame.x, frame.y};
 }
 
+// The window manager tells of the place where the window still is while the program sends it elsewhere.
+TEST_F(Bindings, aPlaceThatTheProgramAsksForIsNotLostToOneThatIsTold) {
+    openAll(
+        [this](view::FormWindow& window) { return std::vector<wxWindow*>{window.check(window.body(), form.chkOne)}; });
+    window_->act([this] {
+        form.Left = 4500;
+        wxMoveEvent told(window_->native()->GetPosition());
+        window_->native()->HandleWindowEvent(told);
+        form.Top = 3000;
+        window_->native()->HandleWindowEvent(told);
+    });
+    letRunUntil([this] { return cornerOf(*window_) == wxPoint(300, 200) && form.Left == 4500 && form.Top == 3000; });
+    EXPECT_EQ(cornerOf(*window_), wxPoint(300, 200));
+    EXPECT_EQ(form.Left.get(), 4500);
+    EXPECT_EQ(form.Top.get(), 3000);
+}
+
 TEST_F(Bindings, aWindowThatWasLeftInTheUpperLeftCornerComesBackThere) {
     const auto layout = [this](view::FormWindow& window) {
         return std::vector<wxWindow*>{window.check(window.body(), form.chkOne)};
