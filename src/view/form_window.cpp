@@ -93,6 +93,8 @@ public:
         if (large) return;
         const wxPoint place(toPixels(form.Left, native), toPixels(form.Top, native));
         if (seen_ && (form.Left != left_ || form.Top != top_)) {
+            from_ = placeOf(native);
+            sent_ = from_ != place;
             native->Move(place);
             if (!hasPlace(form)) form.Top = kInTheCorner;
         }
@@ -109,6 +111,11 @@ public:
         if (now == sampled_) return;
         sampled_ = now;
         window_.noteRectangle();
+    }
+    // The window is still where it was when the program sent it elsewhere.
+    [[nodiscard]] bool awaitsMove() {
+        sent_ = sent_ && placeOf(window_.native_) == from_;
+        return sent_;
     }
     // The form asks for another rectangle, and the window has not been told yet.
     [[nodiscard]] bool pending() const {
@@ -130,6 +137,8 @@ public:
 private:
     FormWindow& window_;
     wxRect sampled_;
+    wxPoint from_;
+    bool sent_ = false;
     bool seen_ = false;
     int left_ = 0;
     int top_ = 0;
@@ -386,16 +395,21 @@ void FormWindow::noteRectangle() {
                                               : forms::WindowState::Normal;
         if (form.State != forms::WindowState::Normal) return;
         // What the program asks for must not be lost; once the window has it, it tells.
+        bool sent = false;
         for (const auto& binding : bindings_) {
-            const auto* rectangle = dynamic_cast<const RectangleBinding*>(binding.get());
-            if (rectangle != nullptr && rectangle->pending()) return;
+            auto* rectangle = dynamic_cast<RectangleBinding*>(binding.get());
+            if (rectangle == nullptr) continue;
+            if (rectangle->pending()) return;
+            sent = rectangle->awaitsMove();
         }
         const wxPoint place = placeInTwips(native_);
         // The size inside the window manager's frame: what is stored is what comes back.
         const wxSize size = native_->GetClientSize();
         noting_ = true;
-        form.Left = place.x;
-        form.Top = place.y;
+        if (!sent) {
+            form.Left = place.x;
+            form.Top = place.y;
+        }
         form.Width = toTwips(size.x, native_);
         form.Height = toTwips(size.y, native_);
         for (const auto& binding : bindings_) {
