@@ -57,7 +57,8 @@ void ModalDialog::endSoon(int code) {
         return;
     }
     code_ = code;
-    wxTopLevelWindow::Show(false);
+    // The parent's own hiding would end the loop, which is what does not work here.
+    wxTopLevelWindow::Show(false);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void ModalDialog::uncovered() {
