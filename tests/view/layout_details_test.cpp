@@ -51,7 +51,7 @@ protected:
     ~LayoutDetails() override {
         whenIdle({});
         window_.reset();
-        letRun(5);
+        letSettle();
         for (const std::string& complaint : takeComplaints()) ADD_FAILURE() << complaint;
     }
     void open(const std::function<wxWindow*(view::FormWindow&)>& layout) {
@@ -256,7 +256,7 @@ TEST_F(RowMenus, ARightClickMakesTheRowUnderTheMouseTheCurrentOne) {
     const wxPoint at(40, yOf(3) + 4);
     const auto corner = popupBehind([&] {
         movePointer(at);
-        letRun(15);
+        letSettle();
         wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT);
     });
     ASSERT_TRUE(corner);
