@@ -323,6 +323,7 @@ int becomeAnew(const std::string& program, const std::vector<std::string>& words
     std::vector<std::string> line{program};
     line.insert(line.end(), words.begin(), words.end());
     std::vector<char*> pointers;
+    pointers.reserve(line.size() + 1);
     for (std::string& word : line) pointers.push_back(word.data());
     pointers.push_back(nullptr);
     ::execv(program.c_str(), pointers.data());

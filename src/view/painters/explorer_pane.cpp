@@ -21,7 +21,6 @@ namespace tidvane::view {
 
 namespace {
 
-using controls::ExplorerMetrics;
 using controls::GroupKind;
 using controls::PaneTarget;
 
