@@ -15,6 +15,7 @@
 #include "app/frmMain.h"
 #include "forms/simple_controls.h"
 #include "platform/memory/memory_platform.h"
+#include "settings/frmOptions.h"
 #include "support/app_fixture.h"
 #include "tools/frmSearchMasks.h"
 #include "view/binding/cursor_row.h"
@@ -88,44 +89,67 @@ TEST_F(StandingWindows, OpeningAMenuLeavesTheWordsOfTheStatusBar) {
     EXPECT_EQ(frame->GetStatusBar()->GetStatusText(0), words);
 }
 
-TEST_F(StandingWindows, TheMaskThatIsFoundIsTheOneTheKeyboardMarks) {
-    hasRunBefore();
-    start();
-    auto& form = program_->program().get<tools::frmSearchMasks>();
-    program_->display().Show(form, nullptr, false);
-    auto* list = dynamic_cast<wxListBox*>(window(form.Name).widgetOf(form.lstSearchMasks));
-    bringToFront(window(form.Name).native());
-    ASSERT_TRUE(letRunUntil([&] { return isActive(window(form.Name).native()); }));
-    act([&form] { form.txtSearchMasks.setText("*.tm"); });
-    const int found = form.lstSearchMasks.ListIndex();
+// The window of masks to choose from, with the keyboard in its list.
+class MasksOnTheScreen : public StandingWindows {
+protected:
+    MasksOnTheScreen() {
+        hasRunBefore();
+        start();
+        form = &program_->program().get<tools::frmSearchMasks>();
+        program_->display().Show(*form, nullptr, false);
+        list = dynamic_cast<wxListBox*>(window(form->Name).widgetOf(form->lstSearchMasks));
+    }
+    void SetUp() override {
+        bringToFront(window(form->Name).native());
+        ASSERT_TRUE(letRunUntil([this] { return isActive(window(form->Name).native()); }));
+        goTo(list);
+    }
+    static void goTo(wxWindow* widget) {
+        widget->SetFocus();
+        ASSERT_TRUE(letRunUntil([widget] { return widget->HasFocus(); }));
+    }
+
+    tools::frmSearchMasks* form = nullptr;
+    wxListBox* list = nullptr;
+};
+
+TEST_F(MasksOnTheScreen, TheOneThatIsFoundIsTheOneTheKeyboardMarks) {
+    act([this] { form->txtSearchMasks.setText("*.tm"); });
+    const int found = form->lstSearchMasks.ListIndex();
     ASSERT_GT(found, 0);
     EXPECT_EQ(view::cursorRow(*list), found);
     EXPECT_FALSE(list->IsSelected(found)) << "only looked for";
-    list->SetFocus();
-    ASSERT_TRUE(letRunUntil([list] { return list->HasFocus(); }));
     typeKey(WXK_SPACE);
-    EXPECT_TRUE(letRunUntil([&] { return form.lstSearchMasks.Selected(found); }));
-    EXPECT_FALSE(form.lstSearchMasks.Selected(0));
+    EXPECT_TRUE(letRunUntil([&] { return form->lstSearchMasks.Selected(found); }));
+    EXPECT_FALSE(form->lstSearchMasks.Selected(0));
 }
 
-TEST_F(StandingWindows, TheCurrentRowOfSeveralMarkedOnesIsThatOfTheKeyboard) {
-    hasRunBefore();
-    start();
-    auto& form = program_->program().get<tools::frmSearchMasks>();
-    program_->display().Show(form, nullptr, false);
-    auto* list = dynamic_cast<wxListBox*>(window(form.Name).widgetOf(form.lstSearchMasks));
-    bringToFront(window(form.Name).native());
-    ASSERT_TRUE(letRunUntil([&] { return isActive(window(form.Name).native()); }));
-    list->SetFocus();
-    ASSERT_TRUE(letRunUntil([list] { return list->HasFocus(); }));
-    act([&form] { form.lstSearchMasks.setListIndex(4); });
+TEST_F(MasksOnTheScreen, TheCurrentOneOfSeveralMarkedIsThatOfTheKeyboard) {
+    act([this] { form->lstSearchMasks.setListIndex(4); });
     typeKey(WXK_SPACE);
     typeKey(WXK_UP, wxMOD_SHIFT);
     typeKey(WXK_UP, wxMOD_SHIFT);
-    EXPECT_TRUE(letRunUntil([&] { return form.lstSearchMasks.ListIndex() == 2; })) << form.lstSearchMasks.ListIndex();
-    for (const int row : {2, 3, 4}) EXPECT_TRUE(form.lstSearchMasks.Selected(row)) << row;
+    EXPECT_TRUE(letRunUntil([this] { return form->lstSearchMasks.ListIndex() == 2; }))
+        << form->lstSearchMasks.ListIndex();
+    for (const int row : {2, 3, 4}) EXPECT_TRUE(form->lstSearchMasks.Selected(row)) << row;
     typeKey(WXK_DOWN, wxMOD_CONTROL);
-    EXPECT_TRUE(letRunUntil([&] { return form.lstSearchMasks.ListIndex() == 3; })) << form.lstSearchMasks.ListIndex();
+    EXPECT_TRUE(letRunUntil([this] { return form->lstSearchMasks.ListIndex() == 3; }))
+        << form->lstSearchMasks.ListIndex();
+}
+
+TEST_F(MasksOnTheScreen, EnterGoesFromTheSearchToTheListAndAddsWhatIsMarkedThere) {
+    auto* search = window(form->Name).widgetOf(form->txtSearchMasks);
+    goTo(search);
+    typeKey(WXK_RETURN);
+    ASSERT_TRUE(letRunUntil([this] { return list->HasFocus(); })) << "nothing is marked yet";
+    act([this] { form->lstSearchMasks.setListIndex(4); });
+    typeKey(WXK_SPACE);
+    const std::string mask = form->lstSearchMasks.List(4);
+    typeKey(WXK_RETURN);
+    EXPECT_TRUE(letRunUntil([this] { return program_->display().ifOpen("frmSearchMasks") == nullptr; }));
+    const auto& own = program_->program().get<settings::frmOptions>().lstSearchMasks;
+    ASSERT_GT(own.ListCount(), 0);
+    EXPECT_EQ(own.List(own.ListCount() - 1), mask);
 }
 
 TEST(ModalDialogs, AnOuterOneEndsAsSoonAsTheOneAboveItHas) {

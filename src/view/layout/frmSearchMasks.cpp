@@ -22,8 +22,9 @@ void layoutFrmSearchMasks(FormWindow& window) {
                                    cell(row(body, {cell(all), cell(none), rest(), cell(selected)})), gap(kGap),
                                    cell(row(body, {rest(), cell(cancel), cell(add)}))}));
     window.defaultButton(add);
-    const auto onEnter = [](wxWindow* widget, const std::function<void()>& what) {
-        widget->Bind(wxEVT_CHAR_HOOK, [what](wxKeyEvent& event) {
+    const auto onEnter = [](wxWindow* widget, const wxEventTypeTag<wxKeyEvent>& type,
+                            const std::function<void()>& what) {
+        widget->Bind(type, [what](wxKeyEvent& event) {
             const bool enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
             if (enter && !event.HasAnyModifiers()) {
                 what();
@@ -33,8 +34,9 @@ void layoutFrmSearchMasks(FormWindow& window) {
         });
     };
     // What is searched for is not marked yet.
-    onEnter(search, [list] { list->SetFocus(); });
-    onEnter(list, [&window, &form] { window.act([&form] { form.cmdAdd.press(); }); });
+    onEnter(search, wxEVT_CHAR_HOOK, [list] { list->SetFocus(); });
+    // Ahead of the list's own meaning, the double click that nobody hears here.
+    onEnter(list, wxEVT_KEY_DOWN, [&window, &form] { window.act([&form] { form.cmdAdd.press(); }); });
     window.onEscape([&form] { form.cmdCancel.press(); });
 }
 
