@@ -6,6 +6,18 @@
 
 namespace tidvane::view {
 
+#ifdef __WXGTK__
+namespace {
+
+void putCursor(GtkTreeView* tree, int row) {
+    GtkTreePath* path = gtk_tree_path_new_from_indices(row, -1);
+    gtk_tree_view_set_cursor(tree, path, nullptr, FALSE);
+    gtk_tree_path_free(path);
+}
+
+}  // namespace
+#endif
+
 int cursorRow(const wxListBox& list) {
 #ifdef __WXGTK__
     GtkTreePath* path = nullptr;
@@ -25,15 +37,22 @@ void setCursorRow(wxListBox& list, int row) {
     // The toolkit marks the row its cursor goes to, and no other.
     wxArrayInt marked;
     list.GetSelections(marked);
-    GtkTreePath* path = gtk_tree_path_new_from_indices(row, -1);
-    gtk_tree_view_set_cursor(list.m_treeview, path, nullptr, FALSE);
-    gtk_tree_path_free(path);
+    putCursor(list.m_treeview, row);
     if (marked.Index(row) == wxNOT_FOUND) list.Deselect(row);
     for (const int other : marked) {
         if (!list.IsSelected(other)) list.SetSelection(other);
     }
 #endif
     list.EnsureVisible(row);
+}
+
+void setCursorRow(wxDataViewCtrl& list, int row) {
+#ifdef __WXGTK__
+    putCursor(GTK_TREE_VIEW(list.GtkGetTreeView()), row);
+#else
+    (void)list;
+    (void)row;
+#endif
 }
 
 }  // namespace tidvane::view

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "view/binding/bindings.h"
+#include "view/binding/cursor_row.h"
 #include "view/icons.h"
 #include "view/measures.h"
 #include "view/text.h"
@@ -23,19 +24,6 @@ int givenWidth(const wxDataViewColumn& column) {
     if (given > 0) return given;
 #endif
     return column.GetWidth();
-}
-
-// In a list with one selected row the toolkit takes that for the current one and moves nothing; the library below it
-// has a cursor of its own.
-void setCursor(wxDataViewCtrl* widget, int row) {
-#ifdef __WXGTK__
-    GtkTreePath* path = gtk_tree_path_new_from_indices(row, -1);
-    gtk_tree_view_set_cursor(GTK_TREE_VIEW(widget->GtkGetTreeView()), path, nullptr, FALSE);
-    gtk_tree_path_free(path);
-#else
-    (void)widget;
-    (void)row;
-#endif
 }
 
 }  // namespace
@@ -125,7 +113,7 @@ void ListViewBinding::pullSelection() {
         widget_->Select(item);
         if (several_) continue;
         // The arrow keys go on from here.
-        setCursor(widget_, row - 1);
+        setCursorRow(*widget_, row - 1);
         widget_->EnsureVisible(item);
     }
 }

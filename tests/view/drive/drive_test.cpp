@@ -14,9 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kMain = "^Tidvane$";
 constexpr const char* kOptions = "^Options";
-constexpr const char* kResults = "Disk space$";
 constexpr const char* kTask = "Temporary folder of the user";
 constexpr const char* kLog = "Log";
 constexpr const char* kClean = "Start cleaning";
@@ -47,17 +45,6 @@ protected:
         }
         return count;
     }
-    void leave() {
-        // Behind a run.
-        if (!gui.window(kResults).empty()) {
-            gui.inWindow(kResults);
-            gui.key({"Escape"});
-            EXPECT_TRUE(gui.waitForNoWindow(kResults));
-        }
-        gui.inWindow(kMain);
-        gui.key({"ctrl+q"});
-        EXPECT_EQ(gui.waitForEnd(), 0);
-    }
 
     GuiRun gui;
 };
@@ -75,13 +62,13 @@ TEST_F(Drive, aPersonTicksATaskRunsItReadsTheLogAndLeaves) {
     ASSERT_TRUE(gui.waitForNoWindow(kOptions));
     ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.setting("chkUserTemp") == "1"; }));
 
-    gui.inWindow(kMain);
+    gui.inWindow(GuiRun::kMain);
     gui.click(kClean);
     ASSERT_TRUE(GuiRun::waitUntil([this] { return filesInTemp() == 0; }));
     ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.reader().isEnabled(kClean); })) << "the run ends";
     const std::string log = gui.reader().textOf(kLog);
     EXPECT_NE(log.find("Temporary folder of the user 3 files (3 Byte)"), std::string::npos) << log;
-    leave();
+    EXPECT_EQ(gui.leave(), 0);
 }
 
 TEST_F(Drive, cancelledOptionsLeaveTheTaskUnticked) {
@@ -93,12 +80,12 @@ TEST_F(Drive, cancelledOptionsLeaveTheTaskUnticked) {
     ASSERT_TRUE(GuiRun::waitUntil([this] { return gui.reader().isTicked(kTask); }));
     gui.key({"Escape"});
     ASSERT_TRUE(gui.waitForNoWindow(kOptions));
-    gui.inWindow(kMain);
+    gui.inWindow(GuiRun::kMain);
     gui.key({"ctrl+t"});
     gui.inWindow(kOptions);
     EXPECT_FALSE(gui.reader().isTicked(kTask));
     gui.key({"Escape"});
-    leave();
+    EXPECT_EQ(gui.leave(), 0);
 }
 
 TEST_F(Drive, aStopInTheMiddleOfASweepIsHeardAndTheRestStays) {
@@ -113,36 +100,36 @@ TEST_F(Drive, aStopInTheMiddleOfASweepIsHeardAndTheRestStays) {
     EXPECT_LT(done, temp.folders()) << "stopped in the middle";
     pause(500);
     EXPECT_EQ(temp.emptied(), done) << "nothing goes behind the stop";
-    leave();
+    EXPECT_EQ(gui.leave(), 0);
 }
 
 TEST_F(Drive, theCloseBoxPutsTheProgramIntoTheTrayAndADoubleClickBringsItBack) {
     XTray tray;
     gui.start();
-    gui.closeBox(kMain);
-    ASSERT_TRUE(gui.waitForNoWindow(kMain));
+    gui.closeBox(GuiRun::kMain);
+    ASSERT_TRUE(gui.waitForNoWindow(GuiRun::kMain));
     ASSERT_TRUE(GuiRun::waitUntil([&tray] { return tray.icons() == 1; }));
     EXPECT_TRUE(gui.isRunning());
     // Where every icon is, however small it asks to be. What comes before it has settled there is made again.
-    for (int attempt = 0; attempt < 10 && gui.window(kMain).empty(); ++attempt) {
+    for (int attempt = 0; attempt < 10 && gui.window(GuiRun::kMain).empty(); ++attempt) {
         gui.xdotool({"mousemove", "8", "8", "sleep", "0.3", "click", "--repeat", "2", "--delay", "80", "1"});
-        (void)GuiRun::waitUntil([this] { return !gui.window(kMain).empty(); }, 3);
+        (void)GuiRun::waitUntil([this] { return !gui.window(GuiRun::kMain).empty(); }, 3);
     }
-    ASSERT_TRUE(gui.waitForWindow(kMain));
+    ASSERT_TRUE(gui.waitForWindow(GuiRun::kMain));
     EXPECT_TRUE(GuiRun::waitUntil([&tray] { return tray.icons() == 0; })) << "the icon goes when the window comes";
-    leave();
+    EXPECT_EQ(gui.leave(), 0);
 }
 
 TEST_F(Drive, whereThereIsNoTrayTheCloseBoxMinimises) {
     gui.start();
-    gui.closeBox(kMain);
-    ASSERT_TRUE(gui.waitForNoWindow(kMain));
+    gui.closeBox(GuiRun::kMain);
+    ASSERT_TRUE(gui.waitForNoWindow(GuiRun::kMain));
     EXPECT_TRUE(gui.isRunning());
     // The task bar still has it.
-    const std::string window = gui.xdotool({"search", "--name", kMain});
+    const std::string window = gui.xdotool({"search", "--name", GuiRun::kMain});
     gui.xdotool({"windowactivate", window.substr(window.rfind('\n') + 1)});
-    EXPECT_TRUE(gui.waitForWindow(kMain));
-    leave();
+    EXPECT_TRUE(gui.waitForWindow(GuiRun::kMain));
+    EXPECT_EQ(gui.leave(), 0);
 }
 
 TEST_F(Drive, aRestartFindsWindowColumnsAndTicksAsTheyWereLeft) {
@@ -153,9 +140,9 @@ TEST_F(Drive, aRestartFindsWindowColumnsAndTicksAsTheyWereLeft) {
     gui.key({"space"});
     gui.key({"Return"});
     ASSERT_TRUE(gui.waitForNoWindow(kOptions));
-    gui.inWindow(kMain);
-    gui.xdotool({"windowsize", gui.window(kMain), "1100", "700"});
-    gui.xdotool({"windowmove", gui.window(kMain), "160", "120"});
+    gui.inWindow(GuiRun::kMain);
+    gui.xdotool({"windowsize", gui.window(GuiRun::kMain), "1100", "700"});
+    gui.xdotool({"windowmove", gui.window(GuiRun::kMain), "160", "120"});
     pause(500);
     const Reader::Place title = gui.reader().columnTitle(0);
     gui.drag(title.x + title.width - 1, title.y + title.height / 2, title.x + title.width + 59,
@@ -163,12 +150,12 @@ TEST_F(Drive, aRestartFindsWindowColumnsAndTicksAsTheyWereLeft) {
     pause(300);
     const int column = gui.reader().columnTitle(0).width;
     EXPECT_NEAR(column, title.width + 60, 4) << "the column was drawn wider";
-    const std::vector<int> place = gui.placeOf(kMain);
-    leave();
+    const std::vector<int> place = gui.placeOf(GuiRun::kMain);
+    EXPECT_EQ(gui.leave(), 0);
 
     gui.start();
     pause(500);
-    const std::vector<int> again = gui.placeOf(kMain);
+    const std::vector<int> again = gui.placeOf(GuiRun::kMain);
     for (std::size_t at = 0; at < place.size(); ++at) {
         EXPECT_NEAR(again[at], place[at], 2) << "of x, y, width, height the " << at;
     }
@@ -177,7 +164,7 @@ TEST_F(Drive, aRestartFindsWindowColumnsAndTicksAsTheyWereLeft) {
     gui.inWindow(kOptions);
     EXPECT_TRUE(gui.reader().isTicked(kTask));
     gui.key({"Escape"});
-    leave();
+    EXPECT_EQ(gui.leave(), 0);
 }
 
 }  // namespace

@@ -10,7 +10,6 @@
 namespace tidvane::tests {
 
 namespace {
-constexpr const char* kTitle = "^Tidvane$";
 constexpr int kLeastWidth = 100;  // pixels; an icon in a tray is a window too
 }  // namespace
 
@@ -51,16 +50,16 @@ void GuiRun::startAgain(const std::vector<std::string>& words) {
     command.insert(command.end(), words.begin(), words.end());
     process_ = std::make_unique<Process>(command, options);
     reader_ = std::make_unique<Reader>(process_->id());
-    inWindow(kTitle);
+    inWindow(kMain);
 }
 
 void GuiRun::start(const std::vector<std::string>& words) {
     startAgain(words);
     // The start page of the first start stands in front of it, under the same title: the smaller one.
-    if (waitUntil([this] { return windowsOf(kTitle).size() > 1; }, 3)) {
+    if (waitUntil([this] { return windowsOf(kMain).size() > 1; }, 3)) {
         std::string smallest;
         int least = 0;
-        for (const std::string& window : windowsOf(kTitle)) {
+        for (const std::string& window : windowsOf(kMain)) {
             const int width = placeOfWindow(window)[2];
             if (smallest.empty() || width < least) {
                 smallest = window;
@@ -71,11 +70,22 @@ void GuiRun::start(const std::vector<std::string>& words) {
             xdotool({"windowactivate", "--sync", smallest});
             key({"Escape"});
             std::this_thread::sleep_for(std::chrono::milliseconds(300));
-            return windowsOf(kTitle).size() == 1;
+            return windowsOf(kMain).size() == 1;
         });
         if (!closed) throw std::runtime_error("Escape does not close the start page");
-        inWindow(kTitle);
+        inWindow(kMain);
     }
+}
+
+int GuiRun::leave() {
+    if (!window(kResults).empty()) {
+        inWindow(kResults);
+        key({"Escape"});
+        if (!waitForNoWindow(kResults)) throw std::runtime_error("the results do not close");
+    }
+    inWindow(kMain);
+    key({"ctrl+q"});
+    return waitForEnd();
 }
 
 int GuiRun::waitForEnd() {

@@ -41,6 +41,11 @@ public:
     void startAgain(const std::vector<std::string>& words = {});
     [[nodiscard]] bool isRunning() { return process_ != nullptr && process_->isRunning(); }
     void send(int signal) const { process_->send(signal); }
+    // Titles of windows, as xdotool searches them.
+    static constexpr const char* kMain = "^Tidvane$";
+    static constexpr const char* kResults = "Disk space$";
+    // By the key of the main window, behind a run too; its status.
+    int leave();
     // Until it has ended by itself; its status.
     int waitForEnd();
     // What is on its screen, by name.

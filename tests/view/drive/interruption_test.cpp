@@ -10,9 +10,7 @@
 namespace tidvane::tests {
 namespace {
 
-constexpr const char* kMain = "^Tidvane$";
 constexpr const char* kOptions = "^Options";
-constexpr const char* kResults = "Disk space$";
 constexpr const char* kNothingToClean = "^Nothing to clean$";
 constexpr const char* kTask = "Temporary folder of the user";
 constexpr const char* kClean = "Start cleaning";
@@ -39,19 +37,9 @@ protected:
         return ::testing::AssertionFailure() << temp.emptied() << " of " << temp.folders() << " folders are empty";
     }
     void bringMainBack() {
-        const std::string window = gui.xdotool({"search", "--name", kMain});
+        const std::string window = gui.xdotool({"search", "--name", GuiRun::kMain});
         gui.xdotool({"windowactivate", window.substr(window.rfind('\n') + 1)});
-        ASSERT_TRUE(gui.waitForWindow(kMain));
-    }
-    void leave() {
-        if (!gui.window(kResults).empty()) {
-            gui.inWindow(kResults);
-            gui.key({"Escape"});
-            EXPECT_TRUE(gui.waitForNoWindow(kResults));
-        }
-        gui.inWindow(kMain);
-        gui.key({"ctrl+q"});
-        EXPECT_EQ(gui.waitForEnd(), 0);
+        ASSERT_TRUE(gui.waitForWindow(GuiRun::kMain));
     }
 
     GuiRun gui;
@@ -60,21 +48,21 @@ protected:
 TEST_F(Interruption, ByTheCloseBoxMinimisesTheProgramAndTheRunGoesOn) {
     const FullTemp temp(gui);
     startRun(temp);
-    gui.closeBox(kMain);
-    ASSERT_TRUE(gui.waitForNoWindow(kMain));
+    gui.closeBox(GuiRun::kMain);
+    ASSERT_TRUE(gui.waitForNoWindow(GuiRun::kMain));
     EXPECT_TRUE(gui.isRunning());
     EXPECT_TRUE(runsToItsEnd(temp));
     bringMainBack();
     EXPECT_TRUE(GuiRun::waitUntil([this] { return gui.reader().isEnabled(kClean); })) << "the run ends";
-    leave();
+    EXPECT_EQ(gui.leave(), 0);
 }
 
 TEST_F(Interruption, ByTheCloseBoxPutsTheProgramIntoTheTrayAndTheRunGoesOn) {
     const FullTemp temp(gui);
     XTray tray;
     startRun(temp);
-    gui.closeBox(kMain);
-    ASSERT_TRUE(gui.waitForNoWindow(kMain));
+    gui.closeBox(GuiRun::kMain);
+    ASSERT_TRUE(gui.waitForNoWindow(GuiRun::kMain));
     ASSERT_TRUE(GuiRun::waitUntil([&tray] { return tray.icons() == 1; }));
     EXPECT_TRUE(runsToItsEnd(temp));
     EXPECT_TRUE(gui.isRunning());

@@ -6,14 +6,13 @@
 namespace tidvane::tests {
 namespace {
 
-constexpr const char* kMain = "^Tidvane$";
 constexpr const char* kOptions = "^Options";
 
 TEST(DrivePane, AClickOnItsEntryOpensTheOptions) {
     Desktop::get();
     GuiRun gui;
     gui.start();
-    gui.inWindow(kMain);
+    gui.inWindow(GuiRun::kMain);
     // The reader calls the pane by what has the focus in it: its first title, which stands open.
     const auto pane = gui.reader().placeOf("Cleaning [-]");
     // The fourth entry or the fifth, by the height of the letters: both open the options.
@@ -22,7 +21,7 @@ TEST(DrivePane, AClickOnItsEntryOpensTheOptions) {
     gui.inWindow(kOptions);
     gui.key({"Escape"});
     EXPECT_TRUE(gui.waitForNoWindow(kOptions));
-    gui.inWindow(kMain);
+    gui.inWindow(GuiRun::kMain);
     gui.key({"ctrl+q"});
     EXPECT_EQ(gui.waitForEnd(), 0);
 }

@@ -13,7 +13,6 @@
 namespace tidvane::tests {
 namespace {
 
-constexpr const char* kMain = "^Tidvane$";
 constexpr const char* kOnTop = "Always on top";
 
 class DriveWidget : public testing::Test {
@@ -28,7 +27,7 @@ protected:
 
     void start() {
         gui.startAgain();
-        if (!GuiRun::waitUntil([this] { return gui.windowsOf(kMain).size() == 2; })) {
+        if (!GuiRun::waitUntil([this] { return gui.windowsOf(GuiRun::kMain).size() == 2; })) {
             throw std::runtime_error("the widget does not come");
         }
     }
@@ -57,7 +56,7 @@ protected:
 
     // Both windows have the same title: the widget is the smaller one, and the first of these.
     [[nodiscard]] std::vector<std::string> bySize() const {
-        std::vector<std::string> windows = gui.windowsOf(kMain);
+        std::vector<std::string> windows = gui.windowsOf(GuiRun::kMain);
         std::sort(windows.begin(), windows.end(), [this](const std::string& one, const std::string& other) {
             return gui.placeOfWindow(one)[2] < gui.placeOfWindow(other)[2];
         });
