@@ -8,38 +8,23 @@
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
 
-#include "app/frmMain.h"
-#include "platform/memory/memory_platform.h"
-#include "support/app_fixture.h"
-#include "view/display_fixture.h"
+#include "view/program_on_screen.h"
 #include "view/text.h"
-#include "view/window_program.h"
 
 namespace tidvane::tests {
 namespace {
 
 using view::fromNative;
 
-class MainWindow : public testing::Test {
+class MainWindow : public testing::Test, protected ProgramOnScreen {
 protected:
     MainWindow() {
-        machine_.files.putFile(AppFixture::inFolder("English.lng"), englishLanguageFile());
-        machine_.files.putFile(AppFixture::inFolder("td_last.dat"), "#2009-11-02#\r\n#07:05:09#\r\n");
-        program_ = std::make_unique<view::WindowProgram>(machine_.platform());
-        whenIdle([this] {
-            if (program_ && !program_->view().busy()) program_->view().settle();
-        });
-        if (!program_->start()) throw std::runtime_error("the program does not start");
+        speak();
+        hasRunBefore();
+        start();
         letDraw(frame());
     }
-    ~MainWindow() override {
-        whenIdle({});
-        program_.reset();
-        letSettle();
-    }
 
-    app::frmMain& form() { return program_->program().get<app::frmMain>(); }
-    wxFrame* frame() { return dynamic_cast<wxFrame*>(program_->display().ifOpen("frmMain")->native()); }
     void act(const std::function<void()>& what) {
         program_->view().act(what);
         letDraw(frame());
@@ -83,9 +68,6 @@ protected:
         gdk_window_get_frame_extents(gtk_widget_get_window(frame()->GetHandle()), &extents);
         return {extents.width, extents.height};
     }
-
-    platform::MemoryPlatform machine_;
-    std::unique_ptr<view::WindowProgram> program_;
 };
 
 TEST_F(MainWindow, HasThePagesMenuInFrontOfTheCommunity) {

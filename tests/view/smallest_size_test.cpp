@@ -2,12 +2,8 @@
 #include <gtest/gtest.h>
 #include <wx/frame.h>
 
-#include "app/frmMain.h"
-#include "platform/memory/memory_platform.h"
-#include "support/app_fixture.h"
-#include "view/display_fixture.h"
+#include "view/program_on_screen.h"
 #include "view/text.h"
-#include "view/window_program.h"
 
 namespace tidvane::tests {
 namespace {
@@ -17,27 +13,14 @@ constexpr int kLeastWidth = 762;
 constexpr int kLeastHeight = 336;
 
 // The file of the program's language.
-class SmallestSize : public testing::TestWithParam<const char*> {
+class SmallestSize : public testing::TestWithParam<const char*>, protected ProgramOnScreen {
 protected:
     SmallestSize() {
-        const std::string delivered = GetParam();
-        machine_.files.putFile(AppFixture::inFolder(delivered.substr(delivered.rfind('/') + 1)),
-                               deliveredFile(delivered));
-        machine_.files.putFile(AppFixture::inFolder("td_last.dat"), "#2009-11-02#\r\n#07:05:09#\r\n");
-        program_ = std::make_unique<view::WindowProgram>(machine_.platform());
-        whenIdle([this] {
-            if (program_ && !program_->view().busy()) program_->view().settle();
-        });
-        if (!program_->start()) throw std::runtime_error("the program does not start");
+        speak(GetParam());
+        hasRunBefore();
+        start();
         letDraw(frame());
     }
-    ~SmallestSize() override {
-        whenIdle({});
-        program_.reset();
-        letSettle();
-    }
-    app::frmMain& form() { return program_->program().get<app::frmMain>(); }
-    wxFrame* frame() { return dynamic_cast<wxFrame*>(program_->display().ifOpen("frmMain")->native()); }
 
     static std::string withoutRoom(const wxWindow* from) {
         std::string names;
@@ -49,9 +32,6 @@ protected:
         }
         return names;
     }
-
-    platform::MemoryPlatform machine_;
-    std::unique_ptr<view::WindowProgram> program_;
 };
 
 TEST_P(SmallestSize, LeavesRoomForEverythingWithTheLogOpenAndClosed) {

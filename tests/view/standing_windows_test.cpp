@@ -9,54 +9,24 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <memory>
-#include <stdexcept>
 
-#include "app/frmMain.h"
 #include "forms/simple_controls.h"
-#include "platform/memory/memory_platform.h"
 #include "settings/frmOptions.h"
-#include "support/app_fixture.h"
 #include "tools/frmSearchMasks.h"
 #include "view/binding/cursor_row.h"
-#include "view/display_fixture.h"
 #include "view/modal_dialog.h"
-#include "view/window_program.h"
+#include "view/program_on_screen.h"
 
 namespace tidvane::tests {
 namespace {
 
-class StandingWindows : public testing::Test {
+class StandingWindows : public testing::Test, protected ProgramOnScreen {
 protected:
-    StandingWindows() { machine.files.putFile(AppFixture::inFolder("English.lng"), englishLanguageFile()); }
-    ~StandingWindows() override {
-        whenIdle({});
-        program_.reset();
-        letSettle();
-    }
-    void hasRunBefore() {
-        machine.files.putFile(AppFixture::inFolder("td_last.dat"), "#2009-11-02#\r\n#07:05:09#\r\n");
-    }
-    void start() {
-        program_ = std::make_unique<view::WindowProgram>(machine.platform());
-        whenIdle([this] {
-            if (program_ && !program_->view().busy()) program_->view().settle();
-        });
-        if (!program_->start()) throw std::runtime_error("the program does not start");
-        letSettle();
-    }
-    view::FormWindow& window(const std::string& name) {
-        view::FormWindow* found = program_->display().ifOpen(name);
-        if (found == nullptr) throw std::runtime_error(name + " is not open");
-        return *found;
-    }
+    StandingWindows() { speak(); }
     void act(const std::function<void()>& what) {
         program_->view().act(what);
         letSettle();
     }
-
-    platform::MemoryPlatform machine;
-    std::unique_ptr<view::WindowProgram> program_;
 };
 
 TEST_F(StandingWindows, TheStartPageOfAFirstStartBelongsToTheMainWindowThatComesBehindIt) {
@@ -67,7 +37,7 @@ TEST_F(StandingWindows, TheStartPageOfAFirstStartBelongsToTheMainWindowThatComes
 
 TEST_F(StandingWindows, AStartThatIsToBeMinimisedStaysSoWhereThereIsNoTray) {
     hasRunBefore();
-    machine.files.putFile(AppFixture::inFolder("td_config.ini"), "[frmOptions]\r\nchkStartMinimized=1\r\n");
+    machine_.files.putFile(AppFixture::inFolder("td_config.ini"), "[frmOptions]\r\nchkStartMinimized=1\r\n");
     start();
     auto& main = program_->program().get<app::frmMain>();
     ASSERT_EQ(main.State.get(), forms::WindowState::Minimized);
@@ -95,13 +65,13 @@ protected:
     MasksOnTheScreen() {
         hasRunBefore();
         start();
-        form = &program_->program().get<tools::frmSearchMasks>();
-        program_->display().Show(*form, nullptr, false);
-        list = dynamic_cast<wxListBox*>(window(form->Name).widgetOf(form->lstSearchMasks));
+        masks = &program_->program().get<tools::frmSearchMasks>();
+        program_->display().Show(*masks, nullptr, false);
+        list = dynamic_cast<wxListBox*>(window(masks->Name).widgetOf(masks->lstSearchMasks));
     }
     void SetUp() override {
-        bringToFront(window(form->Name).native());
-        ASSERT_TRUE(letRunUntil([this] { return isActive(window(form->Name).native()); }));
+        bringToFront(window(masks->Name).native());
+        ASSERT_TRUE(letRunUntil([this] { return isActive(window(masks->Name).native()); }));
         goTo(list);
     }
     static void goTo(wxWindow* widget) {
@@ -109,42 +79,42 @@ protected:
         ASSERT_TRUE(letRunUntil([widget] { return widget->HasFocus(); }));
     }
 
-    tools::frmSearchMasks* form = nullptr;
+    tools::frmSearchMasks* masks = nullptr;
     wxListBox* list = nullptr;
 };
 
 TEST_F(MasksOnTheScreen, TheOneThatIsFoundIsTheOneTheKeyboardMarks) {
-    act([this] { form->txtSearchMasks.setText("*.tm"); });
-    const int found = form->lstSearchMasks.ListIndex();
+    act([this] { masks->txtSearchMasks.setText("*.tm"); });
+    const int found = masks->lstSearchMasks.ListIndex();
     ASSERT_GT(found, 0);
     EXPECT_EQ(view::cursorRow(*list), found);
     EXPECT_FALSE(list->IsSelected(found)) << "only looked for";
     typeKey(WXK_SPACE);
-    EXPECT_TRUE(letRunUntil([&] { return form->lstSearchMasks.Selected(found); }));
-    EXPECT_FALSE(form->lstSearchMasks.Selected(0));
+    EXPECT_TRUE(letRunUntil([&] { return masks->lstSearchMasks.Selected(found); }));
+    EXPECT_FALSE(masks->lstSearchMasks.Selected(0));
 }
 
 TEST_F(MasksOnTheScreen, TheCurrentOneOfSeveralMarkedIsThatOfTheKeyboard) {
-    act([this] { form->lstSearchMasks.setListIndex(4); });
+    act([this] { masks->lstSearchMasks.setListIndex(4); });
     typeKey(WXK_SPACE);
     typeKey(WXK_UP, wxMOD_SHIFT);
     typeKey(WXK_UP, wxMOD_SHIFT);
-    EXPECT_TRUE(letRunUntil([this] { return form->lstSearchMasks.ListIndex() == 2; }))
-        << form->lstSearchMasks.ListIndex();
-    for (const int row : {2, 3, 4}) EXPECT_TRUE(form->lstSearchMasks.Selected(row)) << row;
+    EXPECT_TRUE(letRunUntil([this] { return masks->lstSearchMasks.ListIndex() == 2; }))
+        << masks->lstSearchMasks.ListIndex();
+    for (const int row : {2, 3, 4}) EXPECT_TRUE(masks->lstSearchMasks.Selected(row)) << row;
     typeKey(WXK_DOWN, wxMOD_CONTROL);
-    EXPECT_TRUE(letRunUntil([this] { return form->lstSearchMasks.ListIndex() == 3; }))
-        << form->lstSearchMasks.ListIndex();
+    EXPECT_TRUE(letRunUntil([this] { return masks->lstSearchMasks.ListIndex() == 3; }))
+        << masks->lstSearchMasks.ListIndex();
 }
 
 TEST_F(MasksOnTheScreen, EnterGoesFromTheSearchToTheListAndAddsWhatIsMarkedThere) {
-    auto* search = window(form->Name).widgetOf(form->txtSearchMasks);
+    auto* search = window(masks->Name).widgetOf(masks->txtSearchMasks);
     goTo(search);
     typeKey(WXK_RETURN);
     ASSERT_TRUE(letRunUntil([this] { return list->HasFocus(); })) << "nothing is marked yet";
-    act([this] { form->lstSearchMasks.setListIndex(4); });
+    act([this] { masks->lstSearchMasks.setListIndex(4); });
     typeKey(WXK_SPACE);
-    const std::string mask = form->lstSearchMasks.List(4);
+    const std::string mask = masks->lstSearchMasks.List(4);
     typeKey(WXK_RETURN);
     EXPECT_TRUE(letRunUntil([this] { return program_->display().ifOpen("frmSearchMasks") == nullptr; }));
     const auto& own = program_->program().get<settings::frmOptions>().lstSearchMasks;
