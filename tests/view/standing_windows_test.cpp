@@ -69,14 +69,16 @@ protected:
         program_->display().Show(*masks, nullptr, false);
         list = dynamic_cast<wxListBox*>(window(masks->Name).widgetOf(masks->lstSearchMasks));
     }
-    void SetUp() override {
-        bringToFront(window(masks->Name).native());
-        ASSERT_TRUE(letRunUntil([this] { return isActive(window(masks->Name).native()); }));
-        goTo(list);
-    }
-    static void goTo(wxWindow* widget) {
-        widget->SetFocus();
-        ASSERT_TRUE(letRunUntil([widget] { return widget->HasFocus(); }));
+    void SetUp() override { goTo(list); }
+    // Until the keyboard is there and stays: the window manager may still give it to a window that came before.
+    void goTo(wxWindow* widget) {
+        wxTopLevelWindow* native = window(masks->Name).native();
+        ASSERT_TRUE(letRunUntil([&] {
+            if (!isActive(native)) bringToFront(native);
+            if (!widget->HasFocus()) widget->SetFocus();
+            letRun(100);
+            return isActive(native) && widget->HasFocus();
+        }));
     }
 
     tools::frmSearchMasks* masks = nullptr;
@@ -89,6 +91,7 @@ TEST_F(MasksOnTheScreen, TheOneThatIsFoundIsTheOneTheKeyboardMarks) {
     ASSERT_GT(found, 0);
     EXPECT_EQ(view::cursorRow(*list), found);
     EXPECT_FALSE(list->IsSelected(found)) << "only looked for";
+    goTo(list);
     typeKey(WXK_SPACE);
     EXPECT_TRUE(letRunUntil([&] { return masks->lstSearchMasks.Selected(found); }));
     EXPECT_FALSE(masks->lstSearchMasks.Selected(0));
@@ -96,6 +99,7 @@ TEST_F(MasksOnTheScreen, TheOneThatIsFoundIsTheOneTheKeyboardMarks) {
 
 TEST_F(MasksOnTheScreen, TheCurrentOneOfSeveralMarkedIsThatOfTheKeyboard) {
     act([this] { masks->lstSearchMasks.setListIndex(4); });
+    goTo(list);
     typeKey(WXK_SPACE);
     typeKey(WXK_UP, wxMOD_SHIFT);
     typeKey(WXK_UP, wxMOD_SHIFT);
@@ -113,6 +117,7 @@ TEST_F(MasksOnTheScreen, EnterGoesFromTheSearchToTheListAndAddsWhatIsMarkedThere
     typeKey(WXK_RETURN);
     ASSERT_TRUE(letRunUntil([this] { return list->HasFocus(); })) << "nothing is marked yet";
     act([this] { masks->lstSearchMasks.setListIndex(4); });
+    goTo(list);
     typeKey(WXK_SPACE);
     const std::string mask = masks->lstSearchMasks.List(4);
     typeKey(WXK_RETURN);
